@@ -1,0 +1,26 @@
+// Message boxes and input boxes. They run a nested event loop: count first, ask, then change.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavernook {
+
+enum class Buttons { ok, yes_no, yes_no_cancel };
+enum class Answer { ok, yes, no, cancel };
+
+class Boxes {
+  public:
+    virtual ~Boxes() = default;
+
+    // Closing a box without a choice counts as Cancel, or as No where there is no Cancel.
+    virtual Answer message(std::string_view text, Buttons buttons = Buttons::ok,
+                           std::string_view title = "Tavernook") = 0;
+
+    // Nothing on Cancel, which differs from an empty answer.
+    virtual std::optional<std::string> input(std::string_view prompt, std::string_view title,
+                                             std::string_view initial) = 0;
+};
+
+}  // namespace tavernook

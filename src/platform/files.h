@@ -1,0 +1,62 @@
+// The one way to files on disk. Paths are the file system's own bytes (UTF-8 on Linux), never
+// code page text. Every operation throws a Fault when it fails: 53 no such file, 57 device error,
+// 61 disk full, 70 permission denied, 75 any other refusal, 76 no such folder.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basics/date.h"
+#include "basics/values.h"
+
+namespace tavernook {
+
+enum class OpenMode {
+    read,       // Fault 53 when the file does not exist
+    read_write  // made when it does not exist, kept when it does
+};
+
+// An open file; the destructor closes it. Offsets count from 0.
+class File {
+  public:
+    virtual ~File() = default;
+
+    // Fills `buffer` from `offset` as far as the file goes and returns the bytes read.
+    virtual std::size_t read(i64 offset, char* buffer, std::size_t count) = 0;
+
+    // Writes all bytes; a gap behind the old end reads as zeros.
+    virtual void write(i64 offset, std::string_view bytes) = 0;
+
+    virtual i64 length() = 0;
+
+    // Returns when the bytes are on the disk.
+    virtual void flush() = 0;
+};
+
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    virtual bool exists(const std::string& path) = 0;
+    virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;
+    virtual void remove(const std::string& path) = 0;
+
+    // Replaces `to` in one step when it exists.
+    virtual void rename(const std::string& from, const std::string& to) = 0;
+    virtual void copy(const std::string& from, const std::string& to) = 0;
+    virtual Date modified(const std::string& path) = 0;
+
+    // Returns when renames and removals in the folder are on the disk.
+    virtual void flush_folder(const std::string& folder) = 0;
+
+    // Names (not paths) of the files that end in `suffix`, sorted; none when the folder is missing.
+    virtual std::vector<std::string> list(const std::string& folder, std::string_view suffix) = 0;
+
+    // Makes the folder and those above it; that it exists is no error.
+    virtual void make_folder(const std::string& folder) = 0;
+};
+
+}  // namespace tavernook

@@ -1,0 +1,43 @@
+#include "platform/platform.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tavernook {
+
+namespace {
+
+Platform handed_over;
+
+template <typename Service>
+Service& required(Service* service, const char* name) {
+    if (service == nullptr) {
+        std::fprintf(stderr, "The platform has no %s.\n", name);
+        std::abort();
+    }
+    return *service;
+}
+
+}  // namespace
+
+void set_platform(const Platform& platform) { handed_over = platform; }
+void clear_platform() { handed_over = Platform{}; }
+
+Clock& platform_clock() { return required(handed_over.clock, "clock"); }
+Boxes& boxes() { return required(handed_over.boxes, "boxes"); }
+FileDialogs& file_dialogs() { return required(handed_over.file_dialogs, "file dialogs"); }
+Files& files() { return required(handed_over.files, "files"); }
+SettingsStore& settings_store() { return required(handed_over.settings_store, "settings store"); }
+FileAssociations& file_associations() {
+    return required(handed_over.file_associations, "file associations");
+}
+ProjectLock& project_lock() { return required(handed_over.project_lock, "project lock"); }
+SystemInfo& system_info() { return required(handed_over.system_info, "system info"); }
+HelpViewer& help_viewer() { return required(handed_over.help_viewer, "help viewer"); }
+ports::SaveProgress& save_progress() {
+    return required(handed_over.save_progress, "progress window");
+}
+ports::Main& main_window() { return required(handed_over.main, "main window"); }
+ports::Screens& screens() { return required(handed_over.screens, "screens"); }
+
+}  // namespace tavernook

@@ -1,0 +1,51 @@
+// Everything that the logic asks of the outside, in one place. The program hands over a full set
+// at its start; tests hand over fakes. An entry that was never handed over is a programming error.
+#pragma once
+
+#include "platform/boxes.h"
+#include "platform/clock.h"
+#include "platform/file_associations.h"
+#include "platform/file_dialogs.h"
+#include "platform/files.h"
+#include "platform/help_viewer.h"
+#include "platform/main_window.h"
+#include "platform/project_lock.h"
+#include "platform/save_progress.h"
+#include "platform/settings_store.h"
+#include "platform/system_info.h"
+
+namespace tavernook {
+
+struct Platform {
+    Clock* clock = nullptr;
+    Boxes* boxes = nullptr;
+    FileDialogs* file_dialogs = nullptr;
+    Files* files = nullptr;
+    SettingsStore* settings_store = nullptr;
+    FileAssociations* file_associations = nullptr;
+    ProjectLock* project_lock = nullptr;
+    SystemInfo* system_info = nullptr;
+    HelpViewer* help_viewer = nullptr;
+    ports::SaveProgress* save_progress = nullptr;
+    ports::Main* main = nullptr;
+    ports::Screens* screens = nullptr;
+};
+
+// Handed over once at the start (and by each test); nothing in it is owned.
+void set_platform(const Platform& platform);
+void clear_platform();
+
+Clock& platform_clock();
+Boxes& boxes();
+FileDialogs& file_dialogs();
+Files& files();
+SettingsStore& settings_store();
+FileAssociations& file_associations();
+ProjectLock& project_lock();
+SystemInfo& system_info();
+HelpViewer& help_viewer();
+ports::SaveProgress& save_progress();
+ports::Main& main_window();
+ports::Screens& screens();
+
+}  // namespace tavernook
