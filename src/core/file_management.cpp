@@ -1,0 +1,236 @@
+#include "core/file_management.h"
+
+#include <memory>
+
+#include "basics/code_page.h"
+#include "core/daily_audit.h"
+#include "core/previous_version.h"
+#include "core/program_folders.h"
+#include "core/program_state.h"
+#include "core/project_claim.h"
+#include "core/project_data.h"
+#include "core/project_file_reader.h"
+#include "core/project_file_writer.h"
+#include "core/recent_files.h"
+#include "core/trap.h"
+#include "inventory/lots.h"
+#include "inventory/usage_files.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+using project_file::BlockPositions;
+
+// A save starts from no file at all; that there was none to delete is no error.
+void delete_project_file() {
+    set_previous_version_aside(project_path);
+    try {
+        files().remove(project_path);
+    } catch (const Fault& fault) {
+        if (fault.number != fault_number::file_not_found) throw;
+    }
+}
+
+void write_sections_and_setup(File& file) {
+    project_file::write_front_words(file);
+    save_progress().set_label("Saving Items to File");
+    i32 position = project_file::write_item_section(file, project_file::items_position);
+    save_progress().workbar(25);
+    save_progress().set_label("Saving Catagories to file.");
+    position = project_file::write_catagory_section(file, position);
+    save_progress().workbar(50);
+    save_progress().set_label("Saving Meals to file.");
+    position = project_file::write_meal_section(file, position);
+    save_progress().workbar(60);
+    save_progress().set_label("Saving Units to file.");
+    position = project_file::write_unit_section(file, position);
+    save_progress().workbar(70);
+    save_progress().set_label("Saving Stores to file.");
+    position = project_file::write_store_section(file, position);
+    save_progress().workbar(80);
+    save_progress().set_label("Saving day plans to file.");
+    position = project_file::write_day_section(file, position);
+    save_progress().set_label("Saving project setup to file.");
+    position = project_file::write_setup_block(file, position);
+    save_progress().workbar(95);
+    save_progress().set_label("Saving Project Information to File.");
+    project_file::write_header(file);
+    save_progress().set_label("Saving project Recipes to file.");
+    project_file::write_documents(file, position);
+    save_progress().workbar(97);
+    // Again, now with the position of the documents.
+    save_progress().set_label("Saving Project Information to File.");
+    project_file::write_header(file);
+    save_progress().workbar(100);
+}
+
+void write_blocks() {
+    for (void (*write_block)(File&) :
+         {project_file::write_wam_block, project_file::write_lot_block,
+          project_file::write_item_detail_block, project_file::write_string_block,
+          project_file::write_day_quantity_block, project_file::write_meal_serving_block}) {
+        write_block(*files().open(project_path, OpenMode::read_write));
+    }
+}
+
+void flush_project_file() {
+    files().open(project_path, OpenMode::read_write)->flush();
+    files().flush_folder(folder_of(project_path));
+    project_file_is_whole(project_path);
+    drop_previous_version(project_path);
+}
+
+void write_project() {
+    main_window().set_status(activity_panel, "Saving Project...");
+    delete_project_file();
+    write_sections_and_setup(*files().open(project_path, OpenMode::read_write));
+    save_progress().hide();
+    write_blocks();
+    flush_project_file();
+    commit_usage_files();
+    discard_usage_files();
+}
+
+void read_sections_and_setup(File& file, BlockPositions& positions) {
+    using Step = void (*)(File&);
+    struct Section {
+        Step read;
+        int percent;
+    };
+    constexpr Section sections[] = {
+        {project_file::read_front, 10},         {project_file::read_item_section, 20},
+        {project_file::read_catagory_section, 30}, {project_file::read_meal_section, 40},
+        {project_file::read_unit_section, 50},  {project_file::read_store_section, 60},
+        {project_file::read_day_section, 70},
+    };
+    for (const Section& section : sections) {
+        section.read(file);
+        save_progress().workbar(section.percent);
+    }
+    older_file_format = truth(file_version != project_file::current_file_version);
+    project_file::read_setup_block(file, positions);
+    save_progress().workbar(80);
+    project_file::read_documents(file);
+}
+
+std::unique_ptr<File> open_to_read() { return files().open(project_path, OpenMode::read); }
+
+// A file without a creation date is so old that its weights and measures are found at another
+// place, which overlaps the lot position: such a file has no lots.
+void read_front_blocks() {
+    const bool predates_creation_date = project_created == 0;
+    if (predates_creation_date) {
+        project_created = platform_clock().now();
+        scanner_type = 0;
+    }
+    const i32 slot =
+        predates_creation_date ? project_file::older_wams_slot : project_file::wams_slot;
+    const i32 wam_position = project_file::read_position(*open_to_read(), slot);
+    project_file::read_wam_block(*open_to_read(), wam_position);
+    if (predates_creation_date) return;
+    const i32 lot_position =
+        project_file::read_position(*open_to_read(), project_file::lots_slot);
+    project_file::read_lot_block(*open_to_read(), lot_position);
+}
+
+void read_project() {
+    BlockPositions positions;
+    {
+        const std::unique_ptr<File> file = open_to_read();
+        save_progress().show();
+        save_progress().workbar(0);
+        read_sections_and_setup(*file, positions);
+    }
+    read_front_blocks();
+    project_file::read_item_detail_block(*open_to_read(), positions.item_details);
+    project_file::read_string_block(*open_to_read(), positions.strings);
+    project_file::read_day_quantity_block(*open_to_read(), positions.day_quantities);
+    project_file::read_meal_serving_block(*open_to_read(), positions.meal_servings);
+    save_progress().workbar(100);
+    project_file_is_whole(project_path);
+}
+
+// From here on the project is open; what the window shows follows.
+void bring_screens_up() {
+    if (audit_on_startup != 0) run_audit();
+    main_window().set_toolbar_state(2);
+    project_open = i16_true;
+    show_audit_time();
+    save_progress().unload();
+    main_window().set_toolbar_captions(show_toolbar_text != 0);
+    if (recipes_folder.find_first_not_of(' ') == std::string::npos) {
+        recipes_folder = in_program_folder("recipes/");
+    }
+    main_window().set_title("Tavernook - " + text_from_utf8(project_name));
+    main_window().enable_project_menus(true);
+    screens().show_meal_plan();
+    main_window().enable_timer(true);
+    first_lots_of_all_items();
+    save_recent_project(project_path);
+    main_window().set_toolbar_state(2);
+}
+
+void tell_why_not_opened(const Fault& fault) {
+    switch (fault.number) {
+        case fault_number::file_not_found:
+            return;
+        case fault_number::bad_record_number:
+            return show_fault(
+                "FileManagement.Project_Open - File Load Error.  Bad Record Number");
+        case fault_number::subscript_out_of_range:
+            return show_fault("FileManagement.Project_Open - File Corrupted.");
+        default:
+            return show_fault(module_message(fault));
+    }
+}
+
+void give_up_opening() {
+    project_load_failed = i16_true;
+    save_progress().hide();
+    save_progress().unload();
+}
+
+void open_project() {
+    screens().unload_all();
+    save_progress().load("Opening Project", "Opening Project...Please Wait");
+    main_window().set_status(activity_panel, "Opening Project...");
+    const std::string path = project_of_previous_version(project_path);
+    if (path != project_path) set_project_path(path);
+    if (!claim_project(project_path)) return give_up_opening();
+    offer_previous_version(project_path);
+    if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
+    read_project();
+    bring_screens_up();
+    keep_only_claim(project_path);
+}
+
+}  // namespace
+
+bool Project_Save(const i16& silent) {
+    const auto work = [&] {
+        save_progress().load("Saving Project", "Saving Project....");
+        if (silent == 0) save_progress().show();
+        save_progress().workbar(0);
+        recipe_text_changed = i16_false;
+        write_project();
+    };
+    const bool saved = trap(work, [](const Fault& fault) {
+        save_progress().hide();
+        show_fault("There has been a file access error.  The error number is ERROR #: " +
+                   std::to_string(fault.number));
+    });
+    save_progress().unload();
+    return saved;
+}
+
+void Project_Open() {
+    project_load_failed = i16_false;
+    trap(open_project, [](const Fault& fault) {
+        give_up_opening();
+        tell_why_not_opened(fault);
+    });
+}
+
+}  // namespace tavernook

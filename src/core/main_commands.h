@@ -1,0 +1,56 @@
+// What the main window's commands and its start and end do. Each traps its own errors: a cancelled
+// file dialog is passed over in silence, anything else shows one box. The window only dispatches
+// here and shows what comes back through its port.
+#pragma once
+
+#include <string>
+
+#include "basics/values.h"
+
+namespace tavernook {
+
+// The main window's load, once, with the window not yet shown. `command_line` is the path of a
+// project or empty.
+void main_load(const std::string& command_line);
+
+// New Project: asks to save, asks for the file, writes the first file. Cancel changes nothing
+// but what saving the old project changed.
+void mnuFile_NewProject();
+
+void mnuFile_Open();
+
+// Open: asks to save, asks for the file, opens it. After a file that cannot be opened the program
+// is idle.
+void main_open();
+
+void open_recent_project(const std::string& path);
+
+void mnuFile_Save();
+
+// On failure the project keeps its old path.
+void mnuFile_SaveAs();
+
+// Asks to save, then closes the project; idle windows stay as they are.
+void mnuFile_Close();
+
+// Stores the geometry and asks the main window to go.
+void mnuFile_Exit();
+
+// Everything that must happen before the main window goes; false when the user declined.
+[[nodiscard]] bool main_unload();
+
+// Asks to save. `may_go_on` and the result are true when the caller may go on. When a wanted save
+// fails the result is false and the project stays modified.
+bool Project_Modified(bool& may_go_on);
+
+// Back to the idle window: tables reset, screens unloaded, menus off. Does not ask.
+void project_close();
+
+// Loads the item inventory screen.
+void init_forms();
+
+// Help contents and the help's search; a box when there is no help.
+void load_help();
+void load_search();
+
+}  // namespace tavernook

@@ -1,0 +1,30 @@
+#include "core/program_folders.h"
+
+#include "basics/text.h"
+#include "core/project_data.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+std::string in_program_folder(std::string_view name) {
+    return system_info().program_folder() + "/" + std::string(name);
+}
+
+std::string folder_of(std::string_view path) {
+    const std::string_view name = file_name_part(path);
+    if (name.size() == path.size()) return ".";
+    const std::string_view folder = path.substr(0, path.size() - name.size() - 1);
+    return folder.empty() ? "/" : std::string(folder);
+}
+
+std::string project_stem() {
+    const std::size_t kept = project_name.size() > 4 ? project_name.size() - 4 : 0;
+    return project_name.substr(0, kept);
+}
+
+void set_project_path(const std::string& path) {
+    project_path = path;
+    project_name = file_name_part(path);
+}
+
+}  // namespace tavernook

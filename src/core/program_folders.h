@@ -1,0 +1,22 @@
+// Where the program's own files live, and the parts of paths. Paths are the file system's bytes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tavernook {
+
+// The program's folder + separator + name; ends in a separator where the name does.
+std::string in_program_folder(std::string_view name);
+
+// The part in front of the last separator; "." where there is none.
+std::string folder_of(std::string_view path);
+
+// The project file's name less its last four characters: it prefixes the names of the project's
+// own files in the folders of the program.
+std::string project_stem();
+
+// Sets project_path and, from its last part, project_name.
+void set_project_path(const std::string& path);
+
+}  // namespace tavernook

@@ -1,0 +1,17 @@
+// One program at a time has a project. Claims are taken before a project is opened or written under
+// a new name and given back when it is closed.
+#pragma once
+
+#include <string>
+
+namespace tavernook {
+
+// False when another running program has the project; the user has been told then. The claim that
+// this program held before stays until `keep_only_claim` or `release_claims`.
+[[nodiscard]] bool claim_project(const std::string& path);
+
+// Gives back every claim but this one.
+void keep_only_claim(const std::string& path);
+void release_claims();
+
+}  // namespace tavernook

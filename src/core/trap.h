@@ -1,0 +1,50 @@
+// No Fault crosses a routine's edge: each public routine runs inside one of these and shows exactly
+// one box when its work fails. A cancelled file dialog (32755) is passed over in silence.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "basics/fault.h"
+
+namespace tavernook {
+
+// The texts of the boxes.
+std::string main_window_message(std::string_view procedure, const Fault& fault);
+std::string module_message(const Fault& fault);
+
+// The exception being handled, as a Fault. Call it inside a catch block only.
+Fault present_fault();
+
+void show_fault(const std::string& message);
+
+// True when `work` came to its end; otherwise `on_fault` was called with what stopped it.
+template <typename Work, typename OnFault>
+bool trap(Work&& work, OnFault&& on_fault) {
+    try {
+        std::forward<Work>(work)();
+        return true;
+    } catch (...) {
+        const Fault fault = present_fault();
+        if (fault.number != fault_number::cancel_was_selected) on_fault(fault);
+        return false;
+    }
+}
+
+// For the handlers of the main window: "Error in Module MAIN." and the procedure.
+template <typename Work>
+bool trap_in_main(std::string_view procedure, Work&& work) {
+    return trap(std::forward<Work>(work), [procedure](const Fault& fault) {
+        show_fault(main_window_message(procedure, fault));
+    });
+}
+
+// For the routines of modules: "Tavernook error: rt6:".
+template <typename Work>
+bool trap_in_module(Work&& work) {
+    return trap(std::forward<Work>(work),
+                [](const Fault& fault) { show_fault(module_message(fault)); });
+}
+
+}  // namespace tavernook
