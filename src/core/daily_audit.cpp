@@ -11,10 +11,11 @@
 
 namespace tavernook {
 
+i16 audit_done_flag = i16_false;
+
 namespace {
 
 std::function<void()> audit_job;
-i16 audit_done_flag = i16_false;  // the audit has run in the present minute
 
 bool is_audit_minute(const TimeOfDay& now) {
     const bool hour_fits = now.hour == audit_hour || now.hour == audit_hour - 12;

@@ -3,7 +3,11 @@
 
 #include <functional>
 
+#include "basics/values.h"
+
 namespace tavernook {
+
+extern i16 audit_done_flag;  // -1 = the audit has run in the present minute
 
 // What an audit does: takes the plan out of the stock, then rebuilds the shopping list.
 // The rooms above hand it over; a program without them audits nothing.

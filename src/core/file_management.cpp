@@ -135,6 +135,14 @@ void read_front_blocks() {
     project_file::read_lot_block(*open_to_read(), lot_position);
 }
 
+// Blocks that an interrupted save never came to would pass for those that old files lack. Beside a
+// previous version only a file that was written to its end counts.
+void refuse_unfinished_file(File& file, const BlockPositions& positions) {
+    if (!previous_version_exists(project_path)) return;
+    if (project_file::ends_with_meal_servings(file, positions.meal_servings)) return;
+    throw Fault(fault_number::bad_record_number);
+}
+
 void read_project() {
     BlockPositions positions;
     {
@@ -142,6 +150,7 @@ void read_project() {
         save_progress().show();
         save_progress().workbar(0);
         read_sections_and_setup(*file, positions);
+        refuse_unfinished_file(*file, positions);
     }
     read_front_blocks();
     project_file::read_item_detail_block(*open_to_read(), positions.item_details);

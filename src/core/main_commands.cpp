@@ -132,7 +132,7 @@ bool create_project() {
     bool may_go_on = false;
     if (!Project_Modified(may_go_on)) return false;
     const std::string path = file_dialogs().save_file(project_dialog("New Project"));
-    if (!claim_project(path)) return false;
+    if (!may_start_project_at(path) || !claim_project(path)) return false;
     write_new_project(path);
     return true;
 }
@@ -206,6 +206,8 @@ void mnuFile_Save() {
 void mnuFile_SaveAs() {
     trap_in_main("mnuFile_SaveAs_Click", [] {
         const std::string path = file_dialogs().save_file(project_dialog("Save As"));
+        // The open project's own name stays usable when only its last save failed.
+        if (path != project_path && !may_start_project_at(path)) return;
         if (claim_project(path)) save_under(path);
     });
 }

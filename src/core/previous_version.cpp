@@ -1,5 +1,6 @@
 #include "core/previous_version.h"
 
+#include <set>
 #include <string_view>
 
 #include "basics/code_page.h"
@@ -15,7 +16,8 @@ namespace {
 constexpr std::string_view extension = ".tvk";
 constexpr std::string_view previous_extension = ".previous.tvk";
 
-std::string whole_file;
+// Project files that this program has read or written to their end.
+std::set<std::string> whole_files;
 
 bool ends_with_extension(std::string_view path, std::string_view ending) {
     return path.size() > ending.size() &&
@@ -50,17 +52,38 @@ std::string previous_version_path(const std::string& project_path) {
 }
 
 void set_previous_version_aside(const std::string& project_path) {
-    if (!files().exists(project_path)) return;
-    const std::string previous = previous_version_path(project_path);
-    if (whole_file != project_path && files().exists(previous)) {
-        files().remove(project_path);
-    } else {
-        files().rename(project_path, previous);
+    if (files().exists(project_path)) {
+        const std::string previous = previous_version_path(project_path);
+        if (!whole_files.contains(project_path) && files().exists(previous)) {
+            files().remove(project_path);
+        } else {
+            files().rename(project_path, previous);
+        }
     }
-    whole_file.clear();
+    // Not earlier: a file that could not be moved is as whole as before.
+    whole_files.erase(project_path);
 }
 
-void project_file_is_whole(const std::string& project_path) { whole_file = project_path; }
+void project_file_is_whole(const std::string& project_path) { whole_files.insert(project_path); }
+
+bool previous_version_exists(const std::string& project_path) {
+    return files().exists(previous_version_path(project_path));
+}
+
+bool may_start_project_at(const std::string& path) {
+    const std::string name = text_from_utf8(file_name_part(path));
+    if (ends_with_extension(path, previous_extension)) {
+        boxes().message("The name " + name +
+                        " is kept for what an interrupted save leaves behind.  Please choose "
+                        "another name.");
+        return false;
+    }
+    if (files().exists(path) || !previous_version_exists(path)) return true;
+    const std::string previous = text_from_utf8(file_name_part(previous_version_path(path)));
+    boxes().message("The last save of " + name + " was interrupted and only " + previous +
+                    " is there.  Open that file to get the project back, or choose another name.");
+    return false;
+}
 
 void drop_previous_version(const std::string& project_path) {
     try {
@@ -76,6 +99,7 @@ std::string project_of_previous_version(const std::string& path) {
 }
 
 void offer_previous_version(const std::string& project_path) {
+    whole_files.erase(project_path);  // what it was when it was last seen says nothing now
     const std::string previous = previous_version_path(project_path);
     if (!files().exists(previous)) return;
     const Answer answer =

@@ -16,6 +16,13 @@ void set_previous_version_aside(const std::string& project_path);
 // The file at the path has been read whole, or written whole and flushed.
 void project_file_is_whole(const std::string& project_path);
 
+bool previous_version_exists(const std::string& project_path);
+
+// Before a new project or a copy is written at the path. False, and the user has been told, when
+// the name is one of a previous version, or when nothing but the previous version of that project
+// is left, which a save would delete.
+[[nodiscard]] bool may_start_project_at(const std::string& path);
+
 // Deletes the previous version after a complete save. That it cannot be deleted is no error: the
 // user is then asked at the next opening.
 void drop_previous_version(const std::string& project_path);

@@ -179,4 +179,9 @@ void read_meal_serving_block(File& file, i32 position) {
     }
 }
 
+bool ends_with_meal_servings(File& file, i32 position) {
+    constexpr i64 size = i64{meal_capacity + 1} * meal_serving_record_size;
+    return position > 0 && position - 1 + size == file.length();
+}
+
 }  // namespace tavernook::project_file

@@ -33,4 +33,8 @@ void read_string_block(File& file, i32 position);
 void read_day_quantity_block(File& file, i32 position);
 void read_meal_serving_block(File& file, i32 position);  // a short file reads as zeros here
 
+// Whether the file ends right behind the recipe servings, as it does after a complete save: their
+// position is the last thing that a save writes.
+[[nodiscard]] bool ends_with_meal_servings(File& file, i32 position);
+
 }  // namespace tavernook::project_file

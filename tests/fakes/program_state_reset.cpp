@@ -1,5 +1,7 @@
 #include "fakes/program_state_reset.h"
 
+#include "core/daily_audit.h"
+#include "core/previous_version.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 
@@ -61,6 +63,9 @@ void reset_status() {
     settings_file.clear();
     hide_welcome_dialog = i16_false;
     window_geometry = WindowGeometry{};
+    audit_done_flag = i16_false;
+    set_audit_job({});
+    project_file_is_whole({});
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "fakes/test_platform.h"
 
+#include "core/project_claim.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -36,6 +37,7 @@ TestPlatform::TestPlatform() {
 TestPlatform::~TestPlatform() {
     boxes.check_used_up();
     dialogs.check_used_up();
+    release_claims();
     clear_platform();
 }
 
