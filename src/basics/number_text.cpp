@@ -67,7 +67,7 @@ void round_to_places(Decimal& decimal, int places) {
         // What is cut here are nines that become zeros.
         digits.erase(digits.find_last_not_of('9') + 1);
         if (digits.empty()) {
-            digits = "1";
+            digits.push_back('1');
             ++decimal.point;
         } else {
             ++digits.back();
