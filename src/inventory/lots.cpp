@@ -1,31 +1,85 @@
 #include "inventory/lots.h"
 
-#include <string>
+#include <cmath>
+#include <numeric>
 
+#include "basics/text.h"
 #include "core/project_data.h"
+#include "inventory/usage_history.h"
+#include "platform/platform.h"
 
 namespace tavernook {
 
 namespace {
 
-std::string default_lot_name(int place) {
-    return std::string("Lot ") + static_cast<char>('A' + place);
+std::size_t index_of(i16 place) {
+    if (place < 0 || place >= lot_places) throw Fault(fault_number::subscript_out_of_range);
+    return static_cast<std::size_t>(place);
+}
+
+f64& quantity_at(LotRecord& record, i16 place) {
+    return record.lot_quantity[index_of(place)];
+}
+
+void stamp_dates(LotRecord& record, i16 place, i16 item) {
+    const Date now = platform_clock().now();
+    record.creation_date[index_of(place)] = now;
+    record.expiration_date[index_of(place)] = now + items[item].storage_time;
+}
+
+void clear_dates(LotRecord& record, i16 place) {
+    record.creation_date[index_of(place)] = 0;
+    record.expiration_date[index_of(place)] = 0;
+}
+
+void blank_places(LotRecord& record) {
+    for (i16 place = 0; place < lot_places; ++place) {
+        clear_dates(record, place);
+        record.lot_name[index_of(place)] = default_lot_name(place);
+        quantity_at(record, place) = 0;
+    }
+    record.current_lot = 0;
+}
+
+bool all_empty(const LotRecord& record) {
+    for (const f64 quantity : record.lot_quantity) {
+        if (quantity != 0) return false;
+    }
+    return true;
+}
+
+// One step of a removal at the current lot; what is left to take.
+f64 take_from_current_lot(LotRecord& record, i16 item, f64 quantity) {
+    f64& held = quantity_at(record, record.current_lot);
+    const f64 rest = quantity - held;
+    if (rest < 0) {
+        if (quantity != 0) record_item_usage(item, quantity, usage_removed, record.current_lot);
+        held = std::fabs(rest);
+        return 0;
+    }
+    if (held != 0) record_item_usage(item, held, usage_removed, record.current_lot);
+    held = 0;
+    clear_dates(record, record.current_lot);
+    record.current_lot = next_lot(record.current_lot);
+    return rest;
 }
 
 }  // namespace
 
+std::string default_lot_name(i16 place) {
+    return std::string("Lot ") + static_cast<char>('A' + place);
+}
+
 void init_lot_record(i16 item) {
     lots.grow(item);
-    LotRecord& record = lots[item];
-    for (int place = 0; place < lot_places; ++place) {
-        const auto index = static_cast<std::size_t>(place);
-        record.creation_date[index] = 0;
-        record.expiration_date[index] = 0;
-        record.lot_name[index] = default_lot_name(place);
-        record.lot_quantity[index] = 0;
-    }
-    record.active = i16_true;
-    record.current_lot = 0;
+    blank_places(lots[item]);
+    lots[item].active = i16_true;
+}
+
+void clear_lot_record(i16 item) {
+    lots.grow(item);
+    blank_places(lots[item]);
+    lots[item].active = i16_false;
 }
 
 void first_lot_from_item(i16 item) {
@@ -37,10 +91,117 @@ void first_lot_from_item(i16 item) {
     record.lot_quantity[0] = source.quantity;
 }
 
+void ensure_lot_record(i16 item) {
+    if (item > lot_table_top) first_lot_from_item(item);
+}
+
 void first_lots_of_all_items() {
     for (i16 item = 1; item <= item_capacity; ++item) {
-        if (items[item].in_use == 1 && item > lot_table_top) first_lot_from_item(item);
+        if (items[item].in_use == 1) ensure_lot_record(item);
     }
+}
+
+f64 lot_total(i16 item) {
+    const auto& quantities = lots[item].lot_quantity;
+    return std::accumulate(quantities.begin(), quantities.end(), 0.0);
+}
+
+i16 add_to_lots(i16 item, f64 quantity) {
+    LotRecord& record = lots[item];
+    const i16 start = record.current_lot;
+    bool placed = quantity == 0;
+    int steps = 0;
+    i16 found = start;
+    do {
+        if (quantity_at(record, record.current_lot) == 0) {
+            quantity_at(record, record.current_lot) = quantity;
+            stamp_dates(record, record.current_lot, item);
+            found = record.current_lot;
+            placed = true;
+        } else {
+            record.current_lot = next_lot(record.current_lot);
+        }
+        ++steps;
+    } while (!placed && steps <= lot_places);
+    if (steps > lot_places) return i16_false;
+    if (quantity > 0) record_item_usage(item, quantity, usage_added, found);
+    record.current_lot = start;
+    items[item].quantity = lot_total(item);
+    return i16_true;
+}
+
+i16 remove_from_lots(i16 item, f64 quantity) {
+    LotRecord& record = lots[item];
+    if (lot_total(item) < quantity) {
+        boxes().message(
+            "The quantity that you provided is more than is currently in the inventory for item " +
+            std::string(items[item].name.stored()) +
+            " .  Cannot update Inventory.  Please adjust the quantity to adjust.");
+        return i16_false;
+    }
+    round_to_i16(quantity_at(record, record.current_lot));
+    // Binary fractions can leave a rest that no lot can cover: empty lots end the walk as well.
+    do {
+        quantity = take_from_current_lot(record, item, quantity);
+    } while (quantity > 0 && !all_empty(record));
+    items[item].quantity = lot_total(item);
+    return i16_true;
+}
+
+i16 next_lot(i16 place) {
+    return place >= lot_places - 1 ? i16{0} : to_i16(place + 1);
+}
+
+i16 find_lot_by_name(i16 item, std::string_view name) {
+    LotRecord& record = lots[item];
+    const std::string wanted = lower_case(name);
+    for (i16 place = 0; place < lot_places; ++place) {
+        auto& lot_name = record.lot_name[index_of(place)];
+        lot_name = lot_name.trimmed();
+        if (lower_case(lot_name.right_trimmed()) == wanted) return place;
+    }
+    boxes().message("Did not find a Lot named: " + std::string(name) +
+                    ". Please try typing in the lot name again.");
+    return -1;
+}
+
+void set_lot_quantity(i16 item, f64 quantity, i16 place) {
+    LotRecord& record = lots[item];
+    f64& held = quantity_at(record, place);
+    if (held == quantity) return;
+    if (quantity < held) {
+        record_item_usage(item, held - quantity, usage_removed, place);
+    } else {
+        record_item_usage(item, quantity - held, usage_added, place);
+    }
+    held = quantity;
+    if (record.creation_date[index_of(place)] == 0) stamp_dates(record, place, item);
+}
+
+f64 expiring_quantity(i16 item) {
+    if (!(items[item].quantity > 0)) return 0;
+    const Date limit = platform_clock().now() - civil_from_date(expiration_warning_days).day;
+    const LotRecord& record = lots[item];
+    f64 total = 0;
+    for (std::size_t place = 0; place < lot_places; ++place) {
+        if (record.expiration_date[place] <= limit) total += record.lot_quantity[place];
+    }
+    return total;
+}
+
+void delete_lot(i16 item, i16 place) {
+    LotRecord& record = lots[item];
+    clear_dates(record, place);
+    record.lot_name[index_of(place)] = default_lot_name(place);
+    quantity_at(record, place) = 0;
+    items[item].quantity = lot_total(item);
+    if (record.current_lot == place) record.current_lot = next_lot(place);
+}
+
+void set_current_lot(i16 item, i16 place) {
+    LotRecord& record = lots[item];
+    if (quantity_at(record, place) == 0) stamp_dates(record, place, item);
+    record.current_lot = place;
 }
 
 }  // namespace tavernook

@@ -14,7 +14,9 @@ namespace {
 constexpr std::size_t digits = 6;
 constexpr std::size_t extension_size = 4;
 
-std::string reports_folder() { return in_program_folder("reports"); }
+std::string reports_folder() {
+    return in_program_folder("reports");
+}
 
 std::string in_reports(std::string_view name) {
     return reports_folder() + "/" + std::string(name);

@@ -8,6 +8,8 @@ namespace tavernook {
 namespace {
 
 Platform handed_over;
+ports::FoodInventory* loaded_food_inventory = nullptr;
+ports::Mealbuilder* loaded_mealbuilder = nullptr;
 
 template <typename Service>
 Service& required(Service* service, const char* name) {
@@ -39,5 +41,14 @@ ports::SaveProgress& save_progress() {
 }
 ports::Main& main_window() { return required(handed_over.main, "main window"); }
 ports::Screens& screens() { return required(handed_over.screens, "screens"); }
+
+ports::ReplaceItem& replace_item_screen() {
+    return required(handed_over.replace_item, "replacement screen");
+}
+
+ports::FoodInventory* food_inventory() { return loaded_food_inventory; }
+ports::Mealbuilder* mealbuilder() { return loaded_mealbuilder; }
+void set_food_inventory(ports::FoodInventory* screen) { loaded_food_inventory = screen; }
+void set_mealbuilder(ports::Mealbuilder* screen) { loaded_mealbuilder = screen; }
 
 }  // namespace tavernook

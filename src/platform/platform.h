@@ -11,6 +11,7 @@
 #include "platform/main_window.h"
 #include "platform/project_lock.h"
 #include "platform/save_progress.h"
+#include "platform/screen_ports.h"
 #include "platform/settings_store.h"
 #include "platform/system_info.h"
 
@@ -29,6 +30,7 @@ struct Platform {
     ports::SaveProgress* save_progress = nullptr;
     ports::Main* main = nullptr;
     ports::Screens* screens = nullptr;
+    ports::ReplaceItem* replace_item = nullptr;
 };
 
 // Handed over once at the start (and by each test); nothing in it is owned.
@@ -47,5 +49,15 @@ HelpViewer& help_viewer();
 ports::SaveProgress& save_progress();
 ports::Main& main_window();
 ports::Screens& screens();
+
+// The screens that are loaded at the moment; null while a screen is not.
+ports::FoodInventory* food_inventory();
+ports::Mealbuilder* mealbuilder();
+
+// A screen tells of itself while it is loaded.
+void set_food_inventory(ports::FoodInventory* screen);
+void set_mealbuilder(ports::Mealbuilder* screen);
+
+ports::ReplaceItem& replace_item_screen();
 
 }  // namespace tavernook

@@ -1,6 +1,8 @@
 #include "fakes/program_state_reset.h"
 
+#include "core/catagories.h"
 #include "core/daily_audit.h"
+#include "core/name_rows.h"
 #include "core/previous_version.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -64,6 +66,14 @@ void reset_status() {
     hide_welcome_dialog = i16_false;
     window_geometry = WindowGeometry{};
     audit_done_flag = i16_false;
+    current_catagory = 1;
+    category_edit_mode = 0;
+    store_list_map.fill(0);
+    unit_list_map.fill(0);
+    store_edit_mode = 0;
+    unit_edit_mode = 0;
+    store_list_row = 0;
+    unit_list_row = 0;
     set_audit_job({});
     project_file_is_whole({});
 }

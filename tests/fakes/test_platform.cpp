@@ -31,7 +31,8 @@ TestPlatform::TestPlatform() {
                   .help_viewer = &help,
                   .save_progress = &progress,
                   .main = &main,
-                  .screens = &screens});
+                  .screens = &screens,
+                  .replace_item = &replace_item});
 }
 
 TestPlatform::~TestPlatform() {

@@ -21,6 +21,7 @@
 #include "fakes/fake_main_window.h"
 #include "fakes/fake_progress.h"
 #include "fakes/fake_project_lock.h"
+#include "fakes/fake_screens.h"
 #include "fakes/fake_settings_store.h"
 #include "fakes/fake_system_info.h"
 #include "fakes/faulty_files.h"
@@ -51,6 +52,7 @@ struct TestPlatform {
     CallLog calls;  // calls to the main window and the screens
     FakeMain main{calls};
     FakeScreens screens{calls};
+    FakeReplaceItem replace_item{calls};
 
     FakeClock clock;
     FakeBoxes boxes;

@@ -1,0 +1,168 @@
+#include "core/name_rows.h"
+
+#include <string>
+
+#include "basics/text.h"
+#include "core/trap.h"
+#include "core/where_used.h"
+#include "inventory/replacement.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+std::array<i16, store_capacity + 1> store_list_map{};
+std::array<i16, unit_capacity + 1> unit_list_map{};
+i16 store_edit_mode = 0;
+i16 unit_edit_mode = 0;
+i16 store_list_row = 0;
+i16 unit_list_row = 0;
+
+namespace {
+
+// What tells the two kinds of rows apart.
+template <typename Record, int Capacity>
+struct Kind {
+    Table<Record, Capacity>& table;
+    std::array<i16, Capacity + 1>& list_map;
+    i16& edit_mode;
+    i16& list_row;
+    const char* plural;  // in the warning of the full table
+    const char* title;
+    const char* capitals;
+    std::string (*users)(i16);
+    ReplacementType replacement;
+};
+
+const Kind<StoreRecord, store_capacity> store_kind{
+    stores,  store_list_map, store_edit_mode,  store_list_row,        "stores",
+    "Store", "STORE",        item_store_users, ReplacementType::store};
+const Kind<UnitRecord, unit_capacity> unit_kind{
+    units,  unit_list_map, unit_edit_mode,  unit_list_row,        "Units",
+    "Unit", "UNIT",        item_unit_users, ReplacementType::unit};
+
+template <typename Rows>
+i16 find_free_row(const Rows& kind) {
+    constexpr int last = std::remove_reference_t<decltype(kind.table)>::capacity;
+    i16 slot = 1;
+    while (slot < last && kind.table[slot].in_use != 0) ++slot;
+    if (slot == last) {
+        const std::string plural = kind.plural;
+        boxes().message("You have reached the limitation of " + plural +
+                        " allowed in Tavernook.  It is recommended that you delete some " +
+                        lower_case(plural) + " to allow for some more room.");
+    }
+    return slot;
+}
+
+template <typename Rows>
+void refresh_list(const Rows& kind) {
+    constexpr int last = std::remove_reference_t<decltype(kind.table)>::capacity;
+    kind.list_map.fill(0);
+    std::size_t row = 1;
+    for (i16 slot = 1; slot <= last; ++slot) {
+        auto& record = kind.table[slot];
+        if (record.in_use != 1) continue;
+        if (record.name.blank()) {
+            record.in_use = 0;
+        } else {
+            kind.list_map[row++] = slot;
+        }
+    }
+    kind.edit_mode = 0;
+}
+
+template <typename Rows>
+void accept_row(const Rows& kind, std::string_view name) {
+    const i16 slot = kind.edit_mode != 0
+                         ? kind.list_map[static_cast<std::size_t>(kind.list_row) + 1]
+                         : find_free_row(kind);
+    kind.table[slot].name = name;
+    kind.table[slot].in_use = 1;
+    refresh_list(kind);
+}
+
+template <typename Rows>
+Answer ask_for_replacement(const Rows& kind, const std::string& uses) {
+    return boxes().message("This " + std::string(kind.title) + " is used by " + uses +
+                               ".  Press YES to select a replacement " + kind.capitals +
+                               " or press NO to cancel the delete",
+                           Buttons::yes_no);
+}
+
+template <typename Rows>
+void delete_rows(const Rows& kind, const std::vector<int>& rows) {
+    // The map is rebuilt while rows are replaced: the slots are taken first.
+    std::vector<i16> slots;
+    for (const int row : rows) slots.push_back(kind.list_map.at(static_cast<std::size_t>(row) + 1));
+    for (const i16 slot : slots) {
+        const std::string uses = kind.users(slot);
+        if (uses.empty()) {
+            kind.table[slot] = {};
+        } else if (ask_for_replacement(kind, uses) == Answer::yes) {
+            replace_item_screen().ask_replacement(slot, static_cast<i16>(kind.replacement));
+        } else {
+            return;
+        }
+    }
+    kind.edit_mode = 0;
+    refresh_list(kind);
+}
+
+template <typename Rows>
+i16 find_name(const Rows& kind, std::string_view name, const char* routine) {
+    constexpr int last = std::remove_reference_t<decltype(kind.table)>::capacity;
+    i16 found = 0;
+    const auto search = [&] {
+        for (i16 slot = 1; slot <= last && found == 0; ++slot) {
+            if (kind.table[slot].name.right_trimmed() == trim_right(name)) found = slot;
+        }
+    };
+    trap(search, [routine](const Fault& fault) {
+        show_fault(std::string(routine) + " Function Error = " + std::to_string(fault.number));
+    });
+    return found;
+}
+
+}  // namespace
+
+i16 find_free_store() {
+    return find_free_row(store_kind);
+}
+i16 find_free_unit() {
+    return find_free_row(unit_kind);
+}
+void accept_store(std::string_view name) {
+    accept_row(store_kind, name);
+}
+void accept_unit(std::string_view name) {
+    accept_row(unit_kind, name);
+}
+void refresh_store_list() {
+    refresh_list(store_kind);
+}
+void refresh_unit_list() {
+    refresh_list(unit_kind);
+}
+
+void delete_selected_stores(const std::vector<int>& rows) {
+    delete_rows(store_kind, rows);
+}
+void delete_selected_units(const std::vector<int>& rows) {
+    delete_rows(unit_kind, rows);
+}
+
+void refresh_store_combo() {
+    if (ports::FoodInventory* screen = food_inventory()) screen->refresh_stores();
+}
+void refresh_unit_combos() {
+    if (ports::FoodInventory* screen = food_inventory()) screen->refresh_units();
+}
+
+i16 CheckStores(std::string_view name) {
+    return find_name(store_kind, name, "CheckStores");
+}
+i16 CheckUnits(std::string_view name) {
+    return find_name(unit_kind, name, "CheckUnits");
+}
+
+}  // namespace tavernook

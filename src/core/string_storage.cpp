@@ -1,0 +1,96 @@
+#include "core/string_storage.h"
+
+#include <string>
+
+#include "basics/text.h"
+#include "core/project_data.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr const char* support_address = "support@tavernook.example";
+
+bool row_holds(i64 row, std::string_view trimmed_text) {
+    return trim(pooled_strings[row]) == trimmed_text;
+}
+
+int references(i64 item, std::string_view trimmed_text) {
+    const ItemDetailRecord& detail = item_details[item];
+    int count = 0;
+    for (const i16 row : {items[item].locations, detail.brand, detail.manufacturer,
+                          detail.description, detail.notes}) {
+        if (row_holds(row, trimmed_text)) ++count;
+    }
+    return count;
+}
+
+}  // namespace
+
+i16 find_free_string() {
+    i16 row = 1;
+    while (row < pooled_string_capacity && !pooled_strings[row].empty()) ++row;
+    if (row == pooled_string_capacity) {
+        boxes().message(
+            std::string("String Over Storage Error.  Please Contact Brenwyk Support at ") +
+            support_address);
+    }
+    return row;
+}
+
+i16 find_string(std::string_view text) {
+    const std::string_view wanted = trim(text);
+    if (wanted.empty()) return 0;
+    for (i16 row = 1; row <= pooled_string_capacity; ++row) {
+        if (row_holds(row, wanted)) return row;
+    }
+    return 0;
+}
+
+i16 add_string(std::string_view text) {
+    const std::string_view wanted = trim(text);
+    if (wanted.empty()) return 0;
+    const i16 present = find_string(wanted);
+    if (present != 0) return present;
+    const i16 row = find_free_string();
+    pooled_strings[row] = wanted;
+    return row;
+}
+
+bool is_string_shared(std::string_view text) {
+    const std::string_view wanted = trim(text);
+    int count = 0;
+    for (i16 item = 1; item <= item_capacity; ++item) count += references(item, wanted);
+    return count >= 2;
+}
+
+bool release_string(std::string_view text) {
+    if (is_string_shared(text)) return false;
+    pooled_strings[find_string(text)].clear();
+    return true;
+}
+
+i16 change_string(std::string_view old_text, std::string_view new_text) {
+    const std::string_view from = trim(old_text);
+    const std::string to(trim(new_text));
+    if (from == to) return find_string(from);
+    if (from.empty()) return add_string(to);
+    if (to.empty()) {
+        release_string(from);
+        return 0;
+    }
+    if (is_string_shared(from)) return add_string(to);
+    const i16 row = find_string(from);
+    if (row == 0) return add_string(to);
+    pooled_strings[row] = to;
+    return row;
+}
+
+void show_string_count() {
+    int count = 0;
+    for (const std::string& text : pooled_strings) count += text.empty() ? 0 : 1;
+    boxes().message("There are currently " + std::to_string(count) + " Strings names");
+}
+
+}  // namespace tavernook

@@ -1,0 +1,36 @@
+// The pool of long texts: manufacturer, brand, description, notes and locations of the items. A
+// text stands once in pooled_strings and items hold its row; row 0 means no text, an empty row is
+// free. There is no count of references: whether a row is shared is found by scanning the items.
+// All comparisons trim blanks on both sides and tell upper from lower case.
+#pragma once
+
+#include <string_view>
+
+#include "basics/values.h"
+
+namespace tavernook {
+
+// The first free row. When the search reaches the last row a box says so, and the last row is
+// the result whether it is free or not.
+i16 find_free_string();
+
+// 0 when the text is not in the pool or blank.
+i16 find_string(std::string_view text);
+
+// The row that holds the text, a new one where needed; 0 for blank text.
+i16 add_string(std::string_view text);
+
+// True when at least two fields of items hold the text; items that are not live count as well.
+bool is_string_shared(std::string_view text);
+
+// True when the row was freed, false when it is shared.
+bool release_string(std::string_view text);
+
+// The row that a field takes when its text changes. A text that only this field held is
+// overwritten in place, also when the new text stands in another row already.
+i16 change_string(std::string_view old_text, std::string_view new_text);
+
+// For the support desk: a box with the number of texts in the pool.
+void show_string_count();
+
+}  // namespace tavernook

@@ -1,0 +1,21 @@
+// Finishing the deletion of a row that is in use: another row takes its place everywhere, then it
+// is deleted.
+#pragma once
+
+#include <vector>
+
+#include "basics/values.h"
+
+namespace tavernook {
+
+enum class ReplacementType : i16 { item = 1, store = 2, unit = 3 };
+
+// The live rows that can take the place of `row`, ascending; never the row itself.
+std::vector<i16> replacement_rows(i16 row, ReplacementType type);
+
+// Moves every reference and deletes the old row. Amounts stay as they are, whatever the serving
+// size of the new item. A unit that an item holds in either field always goes into its qty_units:
+// kept, households have arranged themselves with it.
+void replace_row(i16 row, i16 replacement, ReplacementType type);
+
+}  // namespace tavernook

@@ -1,0 +1,116 @@
+#include "inventory/usage_history.h"
+
+#include <cmath>
+
+#include "basics/byte_codec.h"
+#include "basics/number_text.h"
+#include "core/program_folders.h"
+#include "core/project_data.h"
+#include "core/trap.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+std::string usage_path(i16 item, const char* extension) {
+    return in_program_folder("reports/" + project_stem() + format_number(item, "000000") +
+                             extension);
+}
+
+void write_move(i16 item, const UsageEntry& entry) {
+    const std::string saved = usage_path(item, ".dat");
+    const std::string working = usage_path(item, ".tmp");
+    const bool has_saved = files().exists(saved);
+    if (has_saved && !files().exists(working)) files().copy(saved, working);
+    const i64 saved_length = has_saved ? files().open(saved, OpenMode::read)->length() : 0;
+    // One byte is left out in front of the record; together they are the entry.
+    files().open(working, OpenMode::read_write)->write(saved_length, encode_usage(entry));
+}
+
+constexpr std::size_t bytes_at_once = usage_entry_size * 3000;
+
+std::string change_text(i16 item, const UsageEntry& entry) {
+    std::string text = format_number(entry.amount, "#0.00") + " ";
+    text.append(units[items[item].qty_units].name.stored());
+    text += entry.kind == usage_removed ? "Removed from " : "Added to ";
+    if (item > lot_table_top || entry.lot_place < 0 || entry.lot_place >= lot_places) return text;
+    const auto place = static_cast<std::size_t>(entry.lot_place);
+    return text.append(lots[item].lot_name[place].stored());
+}
+
+std::string total_text(f64 total) {
+    std::string text(1, static_cast<char>(currency_symbol));
+    text += format_number(std::fabs(total), "###.00");
+    text.resize(15, ' ');
+    return text;
+}
+
+constexpr const char* table_head =
+    "<font = \"Arial\" size = \"1\" ><table border=\"0\" width=\"100%\" cellspacing=\"0\" "
+    "cellpadding=\"0\"><tr><td><b>Date</b></td><td><b>Change</b></td>";
+
+void append_entries(std::string& page, i16 item, File& file) {
+    f64 added_cost = 0;
+    std::string bytes(bytes_at_once, '\0');
+    for (i64 offset = 0;; offset += static_cast<i64>(bytes_at_once)) {
+        const std::size_t got = file.read(offset, bytes.data(), bytes.size());
+        for (const UsageEntry& entry : decode_usage(std::string_view(bytes).substr(0, got))) {
+            page += "<tr><td>" + date_text(entry.moved) + "</td><td>" + change_text(item, entry) +
+                    "</td>";
+            if (entry.kind != usage_removed) added_cost += entry.amount * items[item].cost;
+        }
+        if (got < bytes.size()) break;
+    }
+    page += total_text(added_cost) + "</table>";
+}
+
+}  // namespace
+
+std::vector<UsageEntry> decode_usage(std::string_view bytes) {
+    std::vector<UsageEntry> entries(bytes.size() / usage_entry_size);
+    ByteReader reader(bytes);
+    for (UsageEntry& entry : entries) {
+        reader.skip(1);
+        entry.amount = reader.read_f64();
+        entry.moved = reader.read_f64();
+        entry.kind = reader.read_i16();
+        entry.lot_place = reader.read_i16();
+    }
+    return entries;
+}
+
+std::string encode_usage(const UsageEntry& entry) {
+    ByteWriter bytes;
+    bytes.write_zeros(1);
+    bytes.write_f64(entry.amount);
+    bytes.write_f64(entry.moved);
+    bytes.write_i16(entry.kind);
+    bytes.write_i16(entry.lot_place);
+    return std::string(bytes.bytes());
+}
+
+void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place) {
+    try {
+        write_move(item, {amount, platform_clock().now(), kind, lot_place});
+    } catch (const Fault&) {
+        // Best effort, as the header says.
+    }
+}
+
+std::string Get_Item_Usage(i16 item) {
+    std::string page;
+    try {
+        const auto file = files().open(usage_path(item, ".dat"), OpenMode::read);
+        if (file->length() < static_cast<i64>(usage_entry_size)) return {};
+        page = table_head;
+        append_entries(page, item, *file);
+    } catch (...) {
+        const Fault fault = present_fault();
+        if (fault.number == fault_number::file_not_found) return "*";
+        boxes().message("Get_Item_Usage ERROR: " + fault.description);
+    }
+    return page;
+}
+
+}  // namespace tavernook
