@@ -1,0 +1,32 @@
+// Builds the platform, hands it over and opens the first window.
+#include "screens/Main.h"
+
+#include <QApplication>
+
+#include "app/program_start.h"
+#include "platform/platform.h"
+#include "platform_qt/qt_platform.h"
+#include "screens/SaveProgress.h"
+#include "screens/Splash.h"
+#include "screens/start_up.h"
+
+int main(int argc, char** argv) {
+    using namespace tavernook;
+    QApplication application(argc, argv);
+    introduce_program(application);
+    QtPlatform outside;
+    Main main_window;
+    set_platform(outside.platform(&main_window.progress(), &main_window, &main_window.registry()));
+    // The program ends with its main window and with nothing else.
+    application.setQuitOnLastWindowClosed(false);
+    QObject::connect(&main_window, &Main::unloaded, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+
+    const bool placed = place_program_files();
+    Splash splash;
+    start_program(main_window, splash, project_argument(QCoreApplication::arguments().mid(1)));
+    if (!placed) {
+        main_window.set_status(1, "Some files that come with Tavernook could not be put in place.");
+    }
+    return QApplication::exec();
+}

@@ -1,0 +1,148 @@
+#include "platform_qt/qt_boxes.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "platform_qt/dialog_parent.h"
+#include "platform_qt/qt_text.h"
+
+namespace tavernook {
+
+namespace {
+
+// Any line end, CR LF, CR or LF, breaks the line once.
+QString shown_text(std::string_view text) {
+    QString shown = text_to_qstring(text);
+    shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return shown;
+}
+
+QMessageBox::StandardButtons standard_buttons(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::yes_no:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::yes_no_cancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton button_of_escape(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::yes_no:
+            return QMessageBox::No;
+        case Buttons::yes_no_cancel:
+            return QMessageBox::Cancel;
+        case Buttons::ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answer_of(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::yes;
+        case QMessageBox::No:
+            return Answer::no;
+        case QMessageBox::Cancel:
+            return Answer::cancel;
+        default:
+            return Answer::ok;
+    }
+}
+
+void name_buttons(const QMessageBox& box) {
+    const std::pair<QMessageBox::StandardButton, const char*> names[] = {
+        {QMessageBox::Ok, "button_ok"},
+        {QMessageBox::Yes, "button_yes"},
+        {QMessageBox::No, "button_no"},
+        {QMessageBox::Cancel, "button_cancel"}};
+    for (const auto& [button, name] : names) {
+        if (QAbstractButton* found = box.button(button)) {
+            found->setObjectName(QLatin1String(name));
+        }
+    }
+}
+
+// The label has no buddy, so that an "&" in the prompt stays an "&".
+QLabel* prompt_label(const QString& prompt, QWidget* parent) {
+    auto* label = new QLabel(prompt, parent);
+    label->setObjectName(QStringLiteral("input_prompt"));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QLineEdit* input_field(const QString& prompt, const QString& initial, QWidget* parent) {
+    auto* field = new QLineEdit(initial, parent);
+    field->setObjectName(QStringLiteral("input_field"));
+    field->setAccessibleName(prompt);
+    constexpr int comfortable_letters = 45;
+    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * comfortable_letters);
+    field->selectAll();
+    return field;
+}
+
+QDialogButtonBox* ok_and_cancel(QDialog* dialog) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dialog);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("button_ok"));
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("button_cancel"));
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    return buttons;
+}
+
+}  // namespace
+
+// Both boxes live on the heap: the window under them may go, and take them along, while they ask.
+
+Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view title) {
+    const auto icon = buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
+    const QPointer<QMessageBox> box = new QMessageBox(icon, text_to_qstring(title), QString(),
+                                                      standard_buttons(buttons), dialog_parent());
+    box->setObjectName(QStringLiteral("message_box"));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(shown_text(text));
+    box->setAccessibleName(box->windowTitle());
+    box->setAccessibleDescription(box->text());
+    box->setEscapeButton(button_of_escape(buttons));
+    name_buttons(*box);
+    const int pressed = box->exec();
+    if (box.isNull()) return answer_of(button_of_escape(buttons));
+    delete box;
+    return answer_of(pressed);
+}
+
+std::optional<std::string> QtBoxes::input(std::string_view prompt, std::string_view title,
+                                          std::string_view initial) {
+    const QPointer<QDialog> box = new QDialog(dialog_parent());
+    box->setObjectName(QStringLiteral("input_box"));
+    box->setWindowTitle(text_to_qstring(title));
+    const QString shown_prompt = shown_text(prompt);
+    box->setAccessibleName(box->windowTitle());
+    box->setAccessibleDescription(shown_prompt);
+    auto* field = input_field(shown_prompt, text_to_qstring(initial), box);
+    auto* layout = new QVBoxLayout(box);
+    layout->addWidget(prompt_label(shown_prompt, box));
+    layout->addWidget(field);
+    layout->addWidget(ok_and_cancel(box));
+    field->setFocus();
+    const bool accepted = box->exec() == QDialog::Accepted;
+    if (box.isNull()) return std::nullopt;
+    std::optional<std::string> answer;
+    if (accepted) answer = qstring_to_text(field->text());
+    delete box;
+    return answer;
+}
+
+}  // namespace tavernook

@@ -1,0 +1,18 @@
+// Boxes over the active window. Texts are shown as they are, never read as markup.
+#pragma once
+
+#include "platform/boxes.h"
+
+namespace tavernook {
+
+// For tests and assistive technology the boxes bear the object names "message_box" and
+// "input_box", their buttons "button_ok", "button_yes", "button_no" and "button_cancel", and the
+// field of the input box "input_field".
+class QtBoxes : public Boxes {
+  public:
+    Answer message(std::string_view text, Buttons buttons, std::string_view title) override;
+    std::optional<std::string> input(std::string_view prompt, std::string_view title,
+                                     std::string_view initial) override;
+};
+
+}  // namespace tavernook

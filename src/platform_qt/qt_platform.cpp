@@ -1,0 +1,30 @@
+#include "platform_qt/qt_platform.h"
+
+#include <QCoreApplication>
+
+#include "platform_qt/user_folders.h"
+
+namespace tavernook {
+
+QtPlatform::QtPlatform()
+    : help_viewer(system_info.program_folder() + "/help"),
+      file_associations(portable_home().isEmpty() ? data_home() : QString(),
+                        QCoreApplication::applicationFilePath()) {}
+
+Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* main,
+                              ports::Screens* screens) {
+    return {.clock = &clock,
+            .boxes = &boxes,
+            .file_dialogs = &file_dialogs,
+            .files = &files,
+            .settings_store = &settings_store,
+            .file_associations = &file_associations,
+            .project_lock = &project_lock,
+            .system_info = &system_info,
+            .help_viewer = &help_viewer,
+            .save_progress = save_progress,
+            .main = main,
+            .screens = screens};
+}
+
+}  // namespace tavernook

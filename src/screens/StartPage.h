@@ -1,0 +1,48 @@
+// What the main window shows while no screen is open in it: what to do first, with the two
+// commands for that and the recent projects; with a project open, what this is.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tavernook {
+
+namespace Ui {
+class StartPage;
+}
+
+class StartPage : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit StartPage(QWidget* parent);
+    ~StartPage() override;
+
+    void show_idle();
+    void show_project(const QString& name, const QString& line);
+    void set_recent_files(const std::vector<std::string>& paths);
+
+    // The keyboard's way in.
+    void focus_first();
+
+  Q_SIGNALS:
+    void new_wanted();
+    void open_wanted();
+    void recent_wanted(int index);  // from 0
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void show_parts(bool idle);
+    void follow_palette_and_font();
+    void add_link(int index, const std::string& path);
+
+    std::unique_ptr<Ui::StartPage> ui_;
+    bool idle_ = true;
+    bool following_ = false;
+};
+
+}  // namespace tavernook

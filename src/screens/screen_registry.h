@@ -1,0 +1,45 @@
+// The child screens by name: how each is made, and which of them are loaded. A screen is loaded by
+// showing it and unloaded by closing it; loading one that is loaded gives the same one again.
+#pragma once
+
+#include <QMdiArea>
+#include <QPointer>
+#include <QString>
+#include <functional>
+#include <map>
+
+#include "platform/main_window.h"
+
+namespace tavernook {
+
+class ScreenRegistry : public ports::Screens {
+  public:
+    // Makes a screen; it becomes the content of a child window and goes with it.
+    using Factory = std::function<QWidget*()>;
+
+    // The area outlives the registry's use.
+    explicit ScreenRegistry(QMdiArea& area) : area_(area) {}
+
+    void add(const QString& name, Factory factory);
+    bool knows(const QString& name) const { return factories_.count(name) > 0; }
+
+    // Nothing while the screen is not loaded.
+    QWidget* loaded(const QString& name) const;
+
+    // These return false for a screen that is not known. `show` brings a loaded screen to the
+    // front; the first child window comes up maximised, further ones follow what the user has.
+    bool load(const QString& name);
+    bool show(const QString& name);
+
+    void unload_all() override;
+    void hide_all() override;
+    void show_meal_plan() override { show(QStringLiteral("MealPlan")); }
+    void load_food_inventory() override { load(QStringLiteral("FoodInventory")); }
+
+  private:
+    QMdiArea& area_;
+    std::map<QString, Factory> factories_;
+    std::map<QString, QPointer<QWidget>> loaded_;
+};
+
+}  // namespace tavernook
