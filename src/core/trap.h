@@ -47,4 +47,11 @@ bool trap_in_module(Work&& work) {
                 [](const Fault& fault) { show_fault(module_message(fault)); });
 }
 
+// For the commands of the child screens: "there has been an error".
+template <typename Work>
+bool trap_in_screen(Work&& work) {
+    return trap(std::forward<Work>(work),
+                [](const Fault&) { show_fault("there has been an error"); });
+}
+
 }  // namespace tavernook
