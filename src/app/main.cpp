@@ -6,8 +6,10 @@
 #include "app/program_start.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
+#include "screens/ReplaceItem.h"
 #include "screens/SaveProgress.h"
 #include "screens/Splash.h"
+#include "screens/register_screens.h"
 #include "screens/start_up.h"
 
 int main(int argc, char** argv) {
@@ -16,7 +18,12 @@ int main(int argc, char** argv) {
     introduce_program(application);
     QtPlatform outside;
     Main main_window;
-    set_platform(outside.platform(&main_window.progress(), &main_window, &main_window.registry()));
+    ReplacementScreen replacement;
+    Platform parts =
+        outside.platform(&main_window.progress(), &main_window, &main_window.registry());
+    parts.replace_item = &replacement;
+    set_platform(parts);
+    register_screens(main_window);
     // The program ends with its main window and with nothing else.
     application.setQuitOnLastWindowClosed(false);
     QObject::connect(&main_window, &Main::unloaded, &application, &QCoreApplication::quit,

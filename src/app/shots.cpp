@@ -15,6 +15,8 @@
 #include <functional>
 
 #include "app/program_start.h"
+#include "app/shots_inventory.h"
+#include "app/shots_lookups.h"
 #include "core/main_commands.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -23,8 +25,10 @@
 #include "platform_qt/qt_platform.h"
 #include "screens/About.h"
 #include "screens/Main.h"
+#include "screens/ReplaceItem.h"
 #include "screens/SaveProgress.h"
 #include "screens/Splash.h"
+#include "screens/register_screens.h"
 
 namespace tavernook {
 
@@ -146,8 +150,16 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     take_menu(photographer, QStringLiteral("menu_project"), window, "mnuProject");
     window.set_toolbar_captions(false);
     photographer.take(QStringLiteral("main_no_captions"), window);
+    const QSize size = window.size();
     window.resize(window.minimumSizeHint());
     photographer.take(QStringLiteral("main_smallest"), window);
+    window.resize(size);
+    window.set_toolbar_captions(true);
+    const TakePicture take = [&photographer](const QString& name, QWidget& shown) {
+        photographer.take(name, shown);
+    };
+    take_lookup_screens(window, take);
+    take_inventory_screens(window, take);
 }
 
 int take_pictures(int argc, char** argv) {
@@ -162,11 +174,16 @@ int take_pictures(int argc, char** argv) {
 
     QtPlatform outside;
     Main window;
-    set_platform(outside.platform(&window.progress(), &window, &window.registry()));
+    ReplacementScreen replacement;
+    Platform parts = outside.platform(&window.progress(), &window, &window.registry());
+    parts.replace_item = &replacement;
+    set_platform(parts);
+    register_screens(window);
     Photographer photographer(arguments.value(1),
                               arguments.value(3) + QLatin1Char('-') + arguments.value(2));
     take_screens(photographer, window, home.path());
     project_modified = i16_false;
+    window.registry().unload_all();
     clear_platform();
     return photographer.failed() ? 1 : 0;
 }

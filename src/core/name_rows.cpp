@@ -22,11 +22,13 @@ namespace {
 // What tells the two kinds of rows apart.
 template <typename Record, int Capacity>
 struct Kind {
+    static constexpr int last = Capacity;
+
     Table<Record, Capacity>& table;
     std::array<i16, Capacity + 1>& list_map;
     i16& edit_mode;
     i16& list_row;
-    const char* plural;  // in the warning of the full table
+    const char* plural;  // in the warning of the full table, where its second mention is small
     const char* title;
     const char* capitals;
     std::string (*users)(i16);
@@ -42,10 +44,9 @@ const Kind<UnitRecord, unit_capacity> unit_kind{
 
 template <typename Rows>
 i16 find_free_row(const Rows& kind) {
-    constexpr int last = std::remove_reference_t<decltype(kind.table)>::capacity;
     i16 slot = 1;
-    while (slot < last && kind.table[slot].in_use != 0) ++slot;
-    if (slot == last) {
+    while (slot < kind.last && kind.table[slot].in_use != 0) ++slot;
+    if (slot == kind.last) {
         const std::string plural = kind.plural;
         boxes().message("You have reached the limitation of " + plural +
                         " allowed in Tavernook.  It is recommended that you delete some " +
@@ -56,10 +57,9 @@ i16 find_free_row(const Rows& kind) {
 
 template <typename Rows>
 void refresh_list(const Rows& kind) {
-    constexpr int last = std::remove_reference_t<decltype(kind.table)>::capacity;
     kind.list_map.fill(0);
     std::size_t row = 1;
-    for (i16 slot = 1; slot <= last; ++slot) {
+    for (i16 slot = 1; slot <= kind.last; ++slot) {
         auto& record = kind.table[slot];
         if (record.in_use != 1) continue;
         if (record.name.blank()) {
@@ -71,11 +71,16 @@ void refresh_list(const Rows& kind) {
     kind.edit_mode = 0;
 }
 
+// The slot behind a row of the list, counted from 0; 0 where the list has no such row.
+template <typename Rows>
+i16 slot_of_row(const Rows& kind, int row) {
+    return row >= 0 && row < kind.last ? kind.list_map[static_cast<std::size_t>(row) + 1] : i16{0};
+}
+
 template <typename Rows>
 void accept_row(const Rows& kind, std::string_view name) {
-    const i16 slot = kind.edit_mode != 0
-                         ? kind.list_map[static_cast<std::size_t>(kind.list_row) + 1]
-                         : find_free_row(kind);
+    const i16 edited = kind.edit_mode != 0 ? slot_of_row(kind, kind.list_row) : i16{0};
+    const i16 slot = edited != 0 ? edited : find_free_row(kind);
     kind.table[slot].name = name;
     kind.table[slot].in_use = 1;
     refresh_list(kind);
@@ -93,8 +98,9 @@ template <typename Rows>
 void delete_rows(const Rows& kind, const std::vector<int>& rows) {
     // The map is rebuilt while rows are replaced: the slots are taken first.
     std::vector<i16> slots;
-    for (const int row : rows) slots.push_back(kind.list_map.at(static_cast<std::size_t>(row) + 1));
+    for (const int row : rows) slots.push_back(slot_of_row(kind, row));
     for (const i16 slot : slots) {
+        if (slot == 0) continue;
         const std::string uses = kind.users(slot);
         if (uses.empty()) {
             kind.table[slot] = {};
@@ -109,17 +115,20 @@ void delete_rows(const Rows& kind, const std::vector<int>& rows) {
 }
 
 template <typename Rows>
+i16 first_slot_named(const Rows& kind, std::string_view name) {
+    for (i16 slot = 1; slot <= kind.last; ++slot) {
+        if (kind.table[slot].name.right_trimmed() == trim_right(name)) return slot;
+    }
+    return 0;
+}
+
+template <typename Rows>
 i16 find_name(const Rows& kind, std::string_view name, const char* routine) {
-    constexpr int last = std::remove_reference_t<decltype(kind.table)>::capacity;
     i16 found = 0;
-    const auto search = [&] {
-        for (i16 slot = 1; slot <= last && found == 0; ++slot) {
-            if (kind.table[slot].name.right_trimmed() == trim_right(name)) found = slot;
-        }
-    };
-    trap(search, [routine](const Fault& fault) {
-        show_fault(std::string(routine) + " Function Error = " + std::to_string(fault.number));
-    });
+    trap([&] { found = first_slot_named(kind, name); },
+         [routine](const Fault& fault) {
+             show_fault(std::string(routine) + " Function Error = " + std::to_string(fault.number));
+         });
     return found;
 }
 

@@ -12,8 +12,15 @@ namespace {
 
 constexpr const char* support_address = "support@tavernook.example";
 
-bool row_holds(i64 row, std::string_view trimmed_text) {
-    return trim(pooled_strings[row]) == trimmed_text;
+// What the project file can hold of one text.
+constexpr std::size_t longest_text = 65535;
+
+bool row_holds(i16 row, std::string_view trimmed_text) {
+    return trim(pooled_text(row)) == trimmed_text;
+}
+
+std::string_view storable(std::string_view text) {
+    return trim_right(trim(text).substr(0, longest_text));
 }
 
 int references(i64 item, std::string_view trimmed_text) {
@@ -27,6 +34,11 @@ int references(i64 item, std::string_view trimmed_text) {
 }
 
 }  // namespace
+
+std::string_view pooled_text(i16 row) {
+    if (row < 0 || row > pooled_string_capacity) return {};
+    return pooled_strings[row];
+}
 
 i16 find_free_string() {
     i16 row = 1;
@@ -49,7 +61,7 @@ i16 find_string(std::string_view text) {
 }
 
 i16 add_string(std::string_view text) {
-    const std::string_view wanted = trim(text);
+    const std::string_view wanted = storable(text);
     if (wanted.empty()) return 0;
     const i16 present = find_string(wanted);
     if (present != 0) return present;
@@ -73,7 +85,7 @@ bool release_string(std::string_view text) {
 
 i16 change_string(std::string_view old_text, std::string_view new_text) {
     const std::string_view from = trim(old_text);
-    const std::string to(trim(new_text));
+    const std::string to(storable(new_text));
     if (from == to) return find_string(from);
     if (from.empty()) return add_string(to);
     if (to.empty()) {

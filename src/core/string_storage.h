@@ -10,6 +10,9 @@
 
 namespace tavernook {
 
+// The text of a row. A reference that is no row at all, as a damaged file can hold, is no text.
+std::string_view pooled_text(i16 row);
+
 // The first free row. When the search reaches the last row a box says so, and the last row is
 // the result whether it is free or not.
 i16 find_free_string();
@@ -17,7 +20,8 @@ i16 find_free_string();
 // 0 when the text is not in the pool or blank.
 i16 find_string(std::string_view text);
 
-// The row that holds the text, a new one where needed; 0 for blank text.
+// The row that holds the text, a new one where needed; 0 for blank text. A row holds 65,535
+// characters; what is longer is cut.
 i16 add_string(std::string_view text);
 
 // True when at least two fields of items hold the text; items that are not live count as well.

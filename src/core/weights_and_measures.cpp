@@ -1,5 +1,7 @@
 #include "core/weights_and_measures.h"
 
+#include <algorithm>
+
 #include "basics/text.h"
 #include "core/project_data.h"
 #include "core/trap.h"

@@ -125,7 +125,7 @@ void add_texts(i16 slot, const ItemValues& values) {
 }
 
 void change_text(i16& row, const std::string& text) {
-    row = change_string(pooled_strings[row], text);
+    row = change_string(pooled_text(row), text);
 }
 
 void change_texts(i16 slot, const ItemValues& values) {
@@ -240,9 +240,8 @@ i16 find_item_by_name(std::string_view name) {
 }
 
 i16 find_item_exact(std::string_view name) {
-    const std::string_view wanted = trim_right(name);
     for (i16 slot = 1; slot < item_capacity; ++slot) {
-        if (items[slot].name.right_trimmed() == wanted) return slot;
+        if (items[slot].name.right_trimmed() == name) return slot;
     }
     return 0;
 }

@@ -72,7 +72,7 @@ void clear_item_record(i16 item);
 // By trimmed lower-case name, live or not; 0 when there is none.
 i16 find_item_by_name(std::string_view name);
 
-// By right-trimmed name as it stands; slot 10000 is never found.
+// By right-trimmed name, capitals and blanks of the argument counting; slot 10000 is never found.
 i16 find_item_exact(std::string_view name);
 
 }  // namespace tavernook

@@ -1,6 +1,7 @@
 #include "inventory/lots.h"
 
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 #include "basics/text.h"
@@ -109,22 +110,20 @@ f64 lot_total(i16 item) {
 i16 add_to_lots(i16 item, f64 quantity) {
     LotRecord& record = lots[item];
     const i16 start = record.current_lot;
+    // Nothing to place looks at the current lot only.
+    const int steps = quantity == 0 ? 1 : lot_places + 1;
     bool placed = quantity == 0;
-    int steps = 0;
-    i16 found = start;
-    do {
+    for (int step = 0; step < steps; ++step) {
         if (quantity_at(record, record.current_lot) == 0) {
             quantity_at(record, record.current_lot) = quantity;
             stamp_dates(record, record.current_lot, item);
-            found = record.current_lot;
             placed = true;
-        } else {
-            record.current_lot = next_lot(record.current_lot);
+            break;
         }
-        ++steps;
-    } while (!placed && steps <= lot_places);
-    if (steps > lot_places) return i16_false;
-    if (quantity > 0) record_item_usage(item, quantity, usage_added, found);
+        record.current_lot = next_lot(record.current_lot);
+    }
+    if (!placed) return i16_false;
+    if (quantity > 0) record_item_usage(item, quantity, usage_added, record.current_lot);
     record.current_lot = start;
     items[item].quantity = lot_total(item);
     return i16_true;
@@ -132,7 +131,8 @@ i16 add_to_lots(i16 item, f64 quantity) {
 
 i16 remove_from_lots(i16 item, f64 quantity) {
     LotRecord& record = lots[item];
-    if (lot_total(item) < quantity) {
+    const f64 total = lot_total(item);
+    if (total < quantity) {
         boxes().message(
             "The quantity that you provided is more than is currently in the inventory for item " +
             std::string(items[item].name.stored()) +
@@ -140,7 +140,9 @@ i16 remove_from_lots(i16 item, f64 quantity) {
         return i16_false;
     }
     round_to_i16(quantity_at(record, record.current_lot));
-    // Binary fractions can leave a rest that no lot can cover: empty lots end the walk as well.
+    // The sum is rounded in another order than the walk. Taking all of it leaves no crumb in the
+    // last lot, and a rest that no lot can cover does not keep the walk going.
+    if (quantity > 0 && quantity == total) quantity = std::numeric_limits<f64>::infinity();
     do {
         quantity = take_from_current_lot(record, item, quantity);
     } while (quantity > 0 && !all_empty(record));

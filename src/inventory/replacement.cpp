@@ -34,7 +34,6 @@ void replace_item(i16 row, i16 replacement) {
         if (days[day].in_use == 1) replace_in(days[day].planned_item, row, replacement);
     }
     items[row].in_use = 0;
-    items[row].on_shopping_list = 0;
     clear_item_record(row);
     clear_lot_record(row);
 }
@@ -79,6 +78,7 @@ std::vector<i16> replacement_rows(i16 row, ReplacementType type) {
 }
 
 void replace_row(i16 row, i16 replacement, ReplacementType type) {
+    if (row < 1) return;  // 0 stands for "none" in every place that is free
     switch (type) {
         case ReplacementType::item:
             replace_item(row, replacement);

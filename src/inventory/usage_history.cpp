@@ -34,7 +34,10 @@ std::string change_text(i16 item, const UsageEntry& entry) {
     std::string text = format_number(entry.amount, "#0.00") + " ";
     text.append(units[items[item].qty_units].name.stored());
     text += entry.kind == usage_removed ? "Removed from " : "Added to ";
-    if (item > lot_table_top || entry.lot_place < 0 || entry.lot_place >= lot_places) return text;
+    if (entry.lot_place < 0 || entry.lot_place >= lot_places) {
+        throw Fault(fault_number::subscript_out_of_range);
+    }
+    if (item > lot_table_top) return text;
     const auto place = static_cast<std::size_t>(entry.lot_place);
     return text.append(lots[item].lot_name[place].stored());
 }
@@ -58,7 +61,7 @@ void append_entries(std::string& page, i16 item, File& file) {
         for (const UsageEntry& entry : decode_usage(std::string_view(bytes).substr(0, got))) {
             page += "<tr><td>" + date_text(entry.moved) + "</td><td>" + change_text(item, entry) +
                     "</td>";
-            if (entry.kind != usage_removed) added_cost += entry.amount * items[item].cost;
+            if (entry.kind == usage_added) added_cost += entry.amount * items[item].cost;
         }
         if (got < bytes.size()) break;
     }

@@ -10,6 +10,10 @@ namespace {
 Platform handed_over;
 ports::FoodInventory* loaded_food_inventory = nullptr;
 ports::Mealbuilder* loaded_mealbuilder = nullptr;
+ports::MealPlan* loaded_meal_plan = nullptr;
+ports::ShoppingList* loaded_shopping_list = nullptr;
+ports::Reports* loaded_reports = nullptr;
+ports::CS1504GETUPC* loaded_scan_list = nullptr;
 
 template <typename Service>
 Service& required(Service* service, const char* name) {
@@ -48,7 +52,15 @@ ports::ReplaceItem& replace_item_screen() {
 
 ports::FoodInventory* food_inventory() { return loaded_food_inventory; }
 ports::Mealbuilder* mealbuilder() { return loaded_mealbuilder; }
+ports::MealPlan* meal_plan() { return loaded_meal_plan; }
+ports::ShoppingList* shopping_list() { return loaded_shopping_list; }
+ports::Reports* reports() { return loaded_reports; }
+ports::CS1504GETUPC* scan_list() { return loaded_scan_list; }
 void set_food_inventory(ports::FoodInventory* screen) { loaded_food_inventory = screen; }
 void set_mealbuilder(ports::Mealbuilder* screen) { loaded_mealbuilder = screen; }
+void set_meal_plan(ports::MealPlan* screen) { loaded_meal_plan = screen; }
+void set_shopping_list(ports::ShoppingList* screen) { loaded_shopping_list = screen; }
+void set_reports(ports::Reports* screen) { loaded_reports = screen; }
+void set_scan_list(ports::CS1504GETUPC* screen) { loaded_scan_list = screen; }
 
 }  // namespace tavernook

@@ -53,10 +53,18 @@ ports::Screens& screens();
 // The screens that are loaded at the moment; null while a screen is not.
 ports::FoodInventory* food_inventory();
 ports::Mealbuilder* mealbuilder();
+ports::MealPlan* meal_plan();
+ports::ShoppingList* shopping_list();
+ports::Reports* reports();
+ports::CS1504GETUPC* scan_list();
 
 // A screen tells of itself while it is loaded.
 void set_food_inventory(ports::FoodInventory* screen);
 void set_mealbuilder(ports::Mealbuilder* screen);
+void set_meal_plan(ports::MealPlan* screen);
+void set_shopping_list(ports::ShoppingList* screen);
+void set_reports(ports::Reports* screen);
+void set_scan_list(ports::CS1504GETUPC* screen);
 
 ports::ReplaceItem& replace_item_screen();
 

@@ -13,8 +13,21 @@ class FoodInventory {
     virtual ~FoodInventory() = default;
 
     virtual i16 getindex() = 0;  // the item shown, 0 when none
+
+    // A nonzero `select` marks the item in the tree, which is rebuilt.
     virtual void view_item(i16 item, i16 select) = 0;
+
+    // What "Add Item to ..." does: 0 nothing, 1 into the recipe, 2 into the day, 3 sets its
+    // quantity in the recipe, 4 onto the shopping list.
+    virtual void set_return(i16 mode) = 0;
+    virtual void set_view(i16 view) = 0;  // 0 the tree of categories, anything else one list
+    virtual void new_item() = 0;
+    virtual void add_barcode(std::string_view barcode) = 0;  // a new item that bears the code
+    virtual void accept_item(bool is_new) = 0;
+    virtual void delete_food_item() = 0;  // what is marked in the tree, an item or a category
+    virtual void initialize_inv() = 0;    // shows no item
     virtual void populate_tree() = 0;
+    virtual void populate_Alpha() = 0;
     virtual void refresh_quantity() = 0;  // the quantity box takes the stored quantity
     virtual void refresh_stores() = 0;
     virtual void refresh_units() = 0;
@@ -24,7 +37,41 @@ class Mealbuilder {
   public:
     virtual ~Mealbuilder() = default;
 
+    virtual i16 get_mealid() = 0;  // the recipe shown, 0 when none
+    virtual void add_ingredient(i16 item, f64 quantity, i16 recipe) = 0;
+    virtual void set_ingredient_qty(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void populate_tree() = 0;
+    virtual void populate_tree_list(i16 recipe) = 0;
+};
+
+class MealPlan {
+  public:
+    virtual ~MealPlan() = default;
+
+    virtual void Add_Item(i16 item, f64 servings) = 0;
+};
+
+class ShoppingList {
+  public:
+    virtual ~ShoppingList() = default;
+
+    virtual void populate_list() = 0;
+};
+
+class Reports {
+  public:
+    virtual ~Reports() = default;
+
+    virtual void search_engine() = 0;
+    virtual void populate_list() = 0;
+};
+
+// The scan list.
+class CS1504GETUPC {
+  public:
+    virtual ~CS1504GETUPC() = default;
+
+    virtual void refresh_item(std::string_view barcode, std::string_view name, i16 item) = 0;
 };
 
 // Modal, over the screen in front.

@@ -70,6 +70,7 @@ Main::~Main() {
     timers_.stop();
     disconnect(ui_->mdi_area, nullptr, this, nullptr);
     ui_->mdi_area->viewport()->removeEventFilter(this);
+    hide();  // the child windows still hear of it, as long as their registry is there
 }
 
 void Main::load(const std::string& command_line) {
@@ -143,7 +144,7 @@ void Main::closeEvent(QCloseEvent* event) {
     if (busy_ > 0 && !unloading_) return;
     {
         const Busy busy(*this);
-        if (!main_unload()) return;
+        if (!registry_->settle_edits() || !main_unload()) return;
         remember_window();
     }
     event->accept();
@@ -186,6 +187,7 @@ void Main::open_recent(int index) {
 // By value, as opening changes the list that the path may come from.
 void Main::open_path(const std::string& path) {
     run([this, wanted = path] {
+        if (!registry_->settle_edits()) return;
         project_load_failed = i16_false;
         open_recent_project(wanted);
         tell_when_not_opened(wanted);

@@ -7,20 +7,20 @@ namespace tavernook {
 
 namespace {
 
-void new_project(Main&) {
-    mnuFile_NewProject();
+void new_project(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_NewProject();
 }
-void open(Main&) {
-    mnuFile_Open();
+void open(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_Open();
 }
-void save(Main&) {
-    mnuFile_Save();
+void save(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_Save();
 }
-void save_as(Main&) {
-    mnuFile_SaveAs();
+void save_as(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_SaveAs();
 }
-void close_project(Main&) {
-    mnuFile_Close();
+void close_project(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_Close();
 }
 void leave(Main&) {
     mnuFile_Exit();

@@ -132,6 +132,9 @@ void Main::set_up_start_page() {
     connect(start_page_, &StartPage::recent_wanted, this, &Main::open_recent);
     ui_->mdi_area->setMinimumSize(start_page_->minimumSizeHint());
     connect(ui_->mdi_area, &QMdiArea::subWindowActivated, this, [this] { refresh(); });
+    registry_->when_hidden([this] {
+        if (!gone_) QMetaObject::invokeMethod(this, &Main::refresh, Qt::QueuedConnection);
+    });
 }
 
 // Long work does not return to the event loop, so the bar is laid out and painted here.

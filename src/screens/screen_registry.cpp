@@ -5,14 +5,19 @@
 #include <functional>
 #include <utility>
 
+#include "screens/screen_memory.h"
+#include "screens/unsaved_edits.h"
+
 namespace tavernook {
 
 namespace {
 
-// The child window around a screen; tells when the user has closed it.
+// The child window around a screen; tells when the user has closed it, and remembers what he has
+// arranged whenever it goes from sight.
 class ChildWindow : public QMdiSubWindow {
   public:
-    explicit ChildWindow(std::function<void()> closed) : closed_(std::move(closed)) {
+    ChildWindow(std::function<void()> closed, std::function<void()> hidden)
+        : closed_(std::move(closed)), hidden_(std::move(hidden)) {
         setAttribute(Qt::WA_DeleteOnClose);
     }
 
@@ -22,8 +27,15 @@ class ChildWindow : public QMdiSubWindow {
         if (event->isAccepted()) closed_();
     }
 
+    void hideEvent(QHideEvent* event) override {
+        QMdiSubWindow::hideEvent(event);
+        if (widget() != nullptr) remember_screen(*widget());
+        if (!event->spontaneous()) hidden_();
+    }
+
   private:
     std::function<void()> closed_;
+    std::function<void()> hidden_;
 };
 
 QMdiSubWindow* child_window(QWidget* screen) {
@@ -47,11 +59,15 @@ bool ScreenRegistry::load(const QString& name) {
     if (factory == factories_.end()) return false;
     QWidget* screen = factory->second();
     screen->setObjectName(name);
-    auto* child = new ChildWindow([this, name] { loaded_.erase(name); });
+    auto* child = new ChildWindow([this, name] { loaded_.erase(name); },
+                                  [this] {
+                                      if (hidden_) hidden_();
+                                  });
     child->setWidget(screen);
     child->setWindowTitle(screen->windowTitle());
     child->setWindowIcon(screen->windowIcon());
     area_.addSubWindow(child);
+    restore_screen(*screen);
     loaded_[name] = screen;
     return true;
 }
@@ -60,7 +76,8 @@ bool ScreenRegistry::show(const QString& name) {
     if (!load(name)) return false;
     QMdiSubWindow* child = child_window(loaded(name));
     const QMdiSubWindow* present = area_.activeSubWindow();
-    const bool maximised = present == nullptr || present->isMaximized();
+    const bool maximised =
+        present == nullptr ? !was_arranged(*loaded(name)) : present->isMaximized();
     if (!child->isVisible() && maximised) {
         child->showMaximized();
     } else {
@@ -68,6 +85,15 @@ bool ScreenRegistry::show(const QString& name) {
     }
     area_.setActiveSubWindow(child);
     loaded(name)->setFocus();
+    return true;
+}
+
+bool ScreenRegistry::settle_edits() {
+    const auto loaded_now = loaded_;  // a screen may load another one meanwhile
+    for (const auto& [name, screen] : loaded_now) {
+        auto* edits = dynamic_cast<UnsavedEdits*>(screen.data());
+        if (edits != nullptr && !edits->settle_edits()) return false;
+    }
     return true;
 }
 

@@ -21,15 +21,23 @@ class ScreenRegistry : public ports::Screens {
     explicit ScreenRegistry(QMdiArea& area) : area_(area) {}
 
     void add(const QString& name, Factory factory);
+
+    // `changed` is called when a child window has gone from sight without being closed.
+    void when_hidden(std::function<void()> changed) { hidden_ = std::move(changed); }
     bool knows(const QString& name) const { return factories_.count(name) > 0; }
 
     // Nothing while the screen is not loaded.
     QWidget* loaded(const QString& name) const;
 
     // These return false for a screen that is not known. `show` brings a loaded screen to the
-    // front; the first child window comes up maximised, further ones follow what the user has.
+    // front; the first child window comes up as it was last left, at first maximised, and further
+    // ones follow what the user has.
     bool load(const QString& name);
     bool show(const QString& name);
+
+    // Lets every loaded screen ask about edits that were not accepted yet; false as soon as the
+    // user wants to stay with some.
+    [[nodiscard]] bool settle_edits();
 
     void unload_all() override;
     void hide_all() override;
@@ -40,6 +48,7 @@ class ScreenRegistry : public ports::Screens {
     QMdiArea& area_;
     std::map<QString, Factory> factories_;
     std::map<QString, QPointer<QWidget>> loaded_;
+    std::function<void()> hidden_;
 };
 
 }  // namespace tavernook

@@ -17,6 +17,11 @@ inline QString shown_text(std::string_view text) {
     return shown_path(utf8_from_text(text));
 }
 
+// What the user typed, as the logic stores it; characters outside the code page become "?".
+inline std::string typed_text(const QString& typed) {
+    return text_from_utf8(typed.toStdString());
+}
+
 // An "&" that is to be seen, in a place where it would mark a mnemonic.
 inline QString without_mnemonics(QString text) {
     return text.replace(QLatin1Char('&'), QLatin1String("&&"));

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "basics/number_text.h"
 #include "fakes/call_log.h"
 #include "platform/platform.h"
 
@@ -22,7 +23,23 @@ class FakeFoodInventory : public ports::FoodInventory {
         calls_.add("FoodInventory view_item " + std::to_string(item) + " " +
                    std::to_string(select));
     }
+    void set_return(i16 mode) override {
+        calls_.add("FoodInventory set_return " + std::to_string(mode));
+    }
+    void set_view(i16 view) override {
+        calls_.add("FoodInventory set_view " + std::to_string(view));
+    }
+    void new_item() override { calls_.add("FoodInventory new_item"); }
+    void add_barcode(std::string_view barcode) override {
+        calls_.add("FoodInventory add_barcode " + std::string(barcode));
+    }
+    void accept_item(bool is_new) override {
+        calls_.add(is_new ? "FoodInventory accept_item new" : "FoodInventory accept_item");
+    }
+    void delete_food_item() override { calls_.add("FoodInventory delete_food_item"); }
+    void initialize_inv() override { calls_.add("FoodInventory initialize_inv"); }
     void populate_tree() override { calls_.add("FoodInventory populate_tree"); }
+    void populate_Alpha() override { calls_.add("FoodInventory populate_Alpha"); }
     void refresh_quantity() override { calls_.add("FoodInventory refresh_quantity"); }
     void refresh_stores() override { calls_.add("FoodInventory refresh_stores"); }
     void refresh_units() override { calls_.add("FoodInventory refresh_units"); }
@@ -36,7 +53,73 @@ class FakeMealbuilder : public ports::Mealbuilder {
     explicit FakeMealbuilder(CallLog& calls) : calls_(calls) { set_mealbuilder(this); }
     ~FakeMealbuilder() override { set_mealbuilder(nullptr); }
 
+    i16 recipe = 0;
+
+    i16 get_mealid() override { return recipe; }
+    void add_ingredient(i16 item, f64 quantity, i16 into) override {
+        calls_.add("Mealbuilder add_ingredient " + amount_in(item, quantity, into));
+    }
+    void set_ingredient_qty(i16 item, f64 quantity, i16 into) override {
+        calls_.add("Mealbuilder set_ingredient_qty " + amount_in(item, quantity, into));
+    }
     void populate_tree() override { calls_.add("Mealbuilder populate_tree"); }
+    void populate_tree_list(i16 shown) override {
+        calls_.add("Mealbuilder populate_tree_list " + std::to_string(shown));
+    }
+
+  private:
+    static std::string amount_in(i16 item, f64 quantity, i16 into) {
+        return std::to_string(item) + " " + number_text(quantity) + " in " + std::to_string(into);
+    }
+
+    CallLog& calls_;
+};
+
+class FakeMealPlan : public ports::MealPlan {
+  public:
+    explicit FakeMealPlan(CallLog& calls) : calls_(calls) { set_meal_plan(this); }
+    ~FakeMealPlan() override { set_meal_plan(nullptr); }
+
+    void Add_Item(i16 item, f64 servings) override {
+        calls_.add("MealPlan Add_Item " + std::to_string(item) + " " + number_text(servings));
+    }
+
+  private:
+    CallLog& calls_;
+};
+
+class FakeShoppingList : public ports::ShoppingList {
+  public:
+    explicit FakeShoppingList(CallLog& calls) : calls_(calls) { set_shopping_list(this); }
+    ~FakeShoppingList() override { set_shopping_list(nullptr); }
+
+    void populate_list() override { calls_.add("ShoppingList populate_list"); }
+
+  private:
+    CallLog& calls_;
+};
+
+class FakeReports : public ports::Reports {
+  public:
+    explicit FakeReports(CallLog& calls) : calls_(calls) { set_reports(this); }
+    ~FakeReports() override { set_reports(nullptr); }
+
+    void search_engine() override { calls_.add("Reports search_engine"); }
+    void populate_list() override { calls_.add("Reports populate_list"); }
+
+  private:
+    CallLog& calls_;
+};
+
+class FakeScanList : public ports::CS1504GETUPC {
+  public:
+    explicit FakeScanList(CallLog& calls) : calls_(calls) { set_scan_list(this); }
+    ~FakeScanList() override { set_scan_list(nullptr); }
+
+    void refresh_item(std::string_view barcode, std::string_view name, i16 item) override {
+        calls_.add("CS1504GETUPC refresh_item " + std::string(barcode) + " " + std::string(name) +
+                   " " + std::to_string(item));
+    }
 
   private:
     CallLog& calls_;

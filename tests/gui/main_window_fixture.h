@@ -18,6 +18,7 @@
 #include "gui/logged_warnings.h"
 #include "platform/platform.h"
 #include "screens/Main.h"
+#include "screens/ReplaceItem.h"
 #include "screens/SaveProgress.h"
 
 namespace tavernook {
@@ -37,7 +38,8 @@ class MainWindowTest : public testing::Test {
                       .help_viewer = &platform.help,
                       .save_progress = &window.progress(),
                       .main = &window,
-                      .screens = &window.registry()});
+                      .screens = &window.registry(),
+                      .replace_item = &replacement});
         QObject::connect(&window, &Main::unloaded, &window, [this] { ++ends; });
     }
 
@@ -115,6 +117,7 @@ class MainWindowTest : public testing::Test {
 
     LoggedWarnings warnings;
     TestPlatform platform;
+    ReplacementScreen replacement;
     Main window;
     int ends = 0;
 };

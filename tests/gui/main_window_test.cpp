@@ -8,6 +8,7 @@
 
 #include "gui/main_window_fixture.h"
 #include "screens/About.h"
+#include "screens/register_screens.h"
 
 namespace tavernook {
 namespace {
@@ -16,7 +17,10 @@ using Texts = std::vector<std::string>;
 
 class MainWindow : public MainWindowTest {
   protected:
-    void SetUp() override { start(); }
+    void SetUp() override {
+        register_screens(window);
+        start();
+    }
 
     QMenu& menu(const char* name) { return *window.findChild<QMenu*>(QLatin1String(name)); }
     QToolBar& bar(const char* name) { return *window.findChild<QToolBar*>(QLatin1String(name)); }
@@ -142,16 +146,18 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
     EXPECT_EQ(enabled,
               (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Save",
                                      "mnuFile_SaveAs", "mnuFile_Close", "mnuFile_Exit",
+                                     "mnuProject_FoodInventory", "toolbar_1_7", "mnu_wam",
                                      "mnu_tvkhelp", "mnuhelp_search", "mnu_about", "toolbar_1_1",
-                                     "toolbar_1_2", "toolbar_1_3", "toolbar_1_11"}));
+                                     "toolbar_1_2", "toolbar_1_3", "toolbar_1_11",
+                                     "toolbar_2_5"}));
 }
 
 TEST_F(MainWindow, ADisabledCommandSaysWhy) {
     EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project. Open a project first.");
     EXPECT_EQ(action("mnu_tile").statusTip(),
               "Arrange the open screens side by side. No screen is open.");
-    EXPECT_EQ(action("mnu_wam").statusTip(),
-              "See and change weights and measures. Not available in this version.");
+    EXPECT_EQ(action("mnu_barcode").statusTip(),
+              "Make a sheet of barcode labels. Not available in this version.");
     EXPECT_EQ(action("Project_ScanList").statusTip(),
               "Use the \"Scan List\" button of the toolbar.");
     EXPECT_EQ(action("Project_Calculator").statusTip(),
@@ -209,8 +215,8 @@ TEST_F(MainWindow, NoTwoCommandsShareAShortcut) {
 
 TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
     bring_project();
-    const std::vector<std::pair<const char*, const char*>> menus = {{"Alt+F", "mnuFile"},
-                                                                    {"Alt+H", "mnuHelp"}};
+    const std::vector<std::pair<const char*, const char*>> menus = {
+        {"Alt+F", "mnuFile"}, {"Alt+P", "mnuProject"}, {"Alt+H", "mnuHelp"}};
     int reached = 0;
     for (const auto& [keys, name] : menus) {
         for (const QAction* entry : menu(name).actions()) {
@@ -221,7 +227,8 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    EXPECT_EQ(reached, 7 + 3);  // six commands and the submenu of File; Help without the lessons
+    // Six commands and the submenu of File; the measures; Help without the lessons.
+    EXPECT_EQ(reached, 7 + 2 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {

@@ -1,0 +1,210 @@
+#include "core/catagories.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "core/project_data.h"
+#include "fakes/test_platform.h"
+
+namespace tavernook {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const std::string general_stays = "Can't Delete General Catagory.";
+const std::string meals_are_planned =
+    "Cannot delete Category because meals within this category are planned.";
+const std::string has_items = "This category has items in it.  Cannot Delete.";
+
+class CatagoriesTest : public testing::Test {
+  protected:
+    static void fill_rows(i16 last) {
+        for (i16 slot = 1; slot <= last; ++slot) {
+            catagories[slot].name = "Category " + std::to_string(slot);
+            catagories[slot].in_use = 1;
+        }
+    }
+
+    static void add_live_item(i16 item, i16 category) {
+        items[item].in_use = 1;
+        items[item].category = category;
+    }
+
+    static void add_meal(i16 meal, i16 category) {
+        meals[meal].in_use = 1;
+        meals[meal].category = category;
+    }
+
+    static void plan_meal(i16 meal, i16 day, std::size_t place) {
+        days[day].in_use = 1;
+        days[day].planned_meal[place] = meal;
+    }
+
+    TestPlatform platform;
+};
+
+TEST_F(CatagoriesTest, TheLowestFreeSlotIsTaken) {
+    EXPECT_EQ(find_free_catagory(), 2) << "General is row 1 of a new project";
+    fill_rows(10);
+    EXPECT_EQ(find_free_catagory(), 11);
+    catagories[4].in_use = 0;
+    EXPECT_EQ(find_free_catagory(), 4);
+}
+
+TEST_F(CatagoriesTest, TheLastFreeSlotIsTakenSilently) {
+    fill_rows(98);
+    EXPECT_EQ(find_free_catagory(), 99);
+    fill_rows(99);
+    EXPECT_EQ(find_free_catagory(), 100);
+}
+
+TEST_F(CatagoriesTest, AFullTableReusesTheHundredthSlotSilently) {
+    fill_rows(100);
+    EXPECT_EQ(new_catagory("First too many", 0, 5), 100);
+    EXPECT_EQ(new_catagory("Second too many", 32, 6), 100);
+    EXPECT_EQ(catagories[100].name, "Second too many");
+    EXPECT_EQ(catagories[100].type, 32);
+    EXPECT_EQ(catagories[100].parent, 6);
+    EXPECT_EQ(catagories[99].name, "Category 99");
+}
+
+TEST_F(CatagoriesTest, ANewCategoryTakesAllItsFields) {
+    catagories[2].type = 32;
+    catagories[2].parent = 9;
+    EXPECT_EQ(new_catagory("Dairy", 0, 1), 2);
+    EXPECT_EQ(catagories[2].name, "Dairy");
+    EXPECT_EQ(catagories[2].in_use, 1);
+    EXPECT_EQ(catagories[2].type, 0);
+    EXPECT_EQ(catagories[2].parent, 1);
+}
+
+TEST_F(CatagoriesTest, ALongNameIsCutAt32Characters) {
+    new_catagory("0123456789012345678901234567890123456789", 0, 0);
+    EXPECT_EQ(catagories[2].name, "01234567890123456789012345678901");
+}
+
+TEST_F(CatagoriesTest, ARecipeCategoryShowsInTheRecipeTree) {
+    FakeFoodInventory food(platform.calls);
+    FakeMealbuilder recipes(platform.calls);
+    new_catagory("Soups", 32, 0);
+    EXPECT_EQ(platform.calls.entries, Texts{"Mealbuilder populate_tree"});
+}
+
+TEST_F(CatagoriesTest, AnyOtherTypeShowsInTheItemTree) {
+    FakeFoodInventory food(platform.calls);
+    FakeMealbuilder recipes(platform.calls);
+    new_catagory("Dairy", 0, 0);
+    new_catagory("Odd", 31, 0);
+    EXPECT_EQ(platform.calls.entries,
+              (Texts{"FoodInventory populate_tree", "FoodInventory populate_tree"}));
+}
+
+TEST_F(CatagoriesTest, AScreenThatIsNotLoadedIsNotAsked) {
+    FakeMealbuilder recipes(platform.calls);
+    EXPECT_EQ(new_catagory("Dairy", 0, 0), 2);
+    EXPECT_EQ(platform.calls.entries, Texts{});
+}
+
+TEST_F(CatagoriesTest, GeneralIsNeverDeleted) {
+    category_edit_mode = 1;
+    platform.boxes.expect_message(general_stays).buttons(Buttons::ok);
+    EXPECT_EQ(delete_catagory(1), 0);
+    catagories[1].name = "Everything";
+    platform.boxes.expect_message(general_stays);
+    EXPECT_EQ(delete_catagory(1), 0);
+    EXPECT_EQ(catagories[1].in_use, 1);
+    EXPECT_EQ(catagories[1].name, "Everything");
+    EXPECT_EQ(category_edit_mode, 1);
+}
+
+TEST_F(CatagoriesTest, GeneralIsRefusedBeforeItsContentsAreLookedAt) {
+    add_live_item(1, 1);
+    platform.boxes.expect_message(general_stays);
+    EXPECT_EQ(delete_catagory(1), 0);
+}
+
+TEST_F(CatagoriesTest, ADeletedCategoryKeepsItsNameAndItsChildren) {
+    const i16 parent = new_catagory("Dairy", 0, 0);
+    const i16 child = new_catagory("Cheese", 0, parent);
+    category_edit_mode = 1;
+    EXPECT_EQ(delete_catagory(parent), -1);
+    EXPECT_EQ(catagories[parent].in_use, 0);
+    EXPECT_EQ(catagories[parent].name, "Dairy");
+    EXPECT_EQ(category_edit_mode, 0);
+    EXPECT_EQ(catagories[child].in_use, 1);
+    EXPECT_EQ(catagories[child].parent, parent);
+}
+
+TEST_F(CatagoriesTest, ACategoryWithALiveItemStays) {
+    const i16 slot = new_catagory("Dairy", 0, 0);
+    add_live_item(10000, slot);
+    category_edit_mode = 1;
+    platform.boxes.expect_message(has_items).buttons(Buttons::ok);
+    EXPECT_EQ(delete_catagory(slot), 0);
+    EXPECT_EQ(catagories[slot].in_use, 1);
+    EXPECT_EQ(category_edit_mode, 1);
+}
+
+TEST_F(CatagoriesTest, AFreedItemDoesNotHoldItsCategory) {
+    const i16 slot = new_catagory("Dairy", 0, 0);
+    items[3].category = slot;
+    EXPECT_EQ(delete_catagory(slot), -1);
+}
+
+TEST_F(CatagoriesTest, ARecipeCategoryWithAPlannedRecipeStays) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(1, slot);
+    add_meal(1000, slot);
+    plan_meal(1000, 1095, 30);
+    category_edit_mode = 1;
+    platform.boxes.expect_message(meals_are_planned).buttons(Buttons::ok);
+    EXPECT_EQ(delete_catagory(slot), 0);
+    EXPECT_EQ(catagories[slot].in_use, 1);
+    EXPECT_EQ(category_edit_mode, 1);
+}
+
+TEST_F(CatagoriesTest, AnyTypeButZeroLooksForPlannedRecipes) {
+    const i16 slot = new_catagory("Odd", 1, 0);
+    add_meal(5, slot);
+    plan_meal(5, 1, 1);
+    platform.boxes.expect_message(meals_are_planned);
+    EXPECT_EQ(delete_catagory(slot), 0);
+}
+
+TEST_F(CatagoriesTest, TypeZeroDoesNotLookForPlannedRecipes) {
+    const i16 slot = new_catagory("Dairy", 0, 0);
+    add_meal(5, slot);
+    plan_meal(5, 1, 1);
+    EXPECT_EQ(delete_catagory(slot), -1);
+}
+
+TEST_F(CatagoriesTest, PlannedRecipesOfOtherCategoriesDoNotHinder) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
+    add_meal(6, new_catagory("Salads", 32, 0));
+    plan_meal(6, 1, 1);
+    days[2].planned_meal[1] = 5;  // in a free day
+    days[3].in_use = 1;
+    days[3].planned_meal[0] = 5;  // in the place that is never used
+    EXPECT_EQ(delete_catagory(slot), -1);
+}
+
+TEST_F(CatagoriesTest, PlannedRecipesAreToldBeforeItems) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
+    plan_meal(5, 1, 1);
+    add_live_item(1, slot);
+    platform.boxes.expect_message(meals_are_planned);
+    EXPECT_EQ(delete_catagory(slot), 0);
+}
+
+TEST_F(CatagoriesTest, ARecipeCategoryWithItemsStaysAsWell) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_live_item(1, slot);
+    platform.boxes.expect_message(has_items);
+    EXPECT_EQ(delete_catagory(slot), 0);
+}
+
+}  // namespace
+}  // namespace tavernook
