@@ -236,6 +236,7 @@ bool Project_Save(const i16& silent) {
 
 void Project_Open() {
     project_load_failed = i16_false;
+    project_open = i16_false;  // the tables no longer hold the project that was
     trap(open_project, [](const Fault& fault) {
         give_up_opening();
         tell_why_not_opened(fault);

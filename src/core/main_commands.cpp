@@ -116,6 +116,7 @@ void write_new_project(const std::string& path) {
     set_project_path(path);
     screens().unload_all();
     reset_project_tables();
+    project_open = i16_false;
     if (!Project_Save(silent)) return project_close();
     // Only now: the first file carries the version that memory had, and its item spacing.
     file_version = project_file::current_file_version;
@@ -196,6 +197,7 @@ void open_recent_project(const std::string& path) {
 }
 
 void mnuFile_Save() {
+    if (project_open == 0) return;  // the path may still be that of the last one
     trap_in_main("mnuFile_Save_Click", [] {
         const i16 modified_before = project_modified;
         project_modified = i16_false;
@@ -204,6 +206,7 @@ void mnuFile_Save() {
 }
 
 void mnuFile_SaveAs() {
+    if (project_open == 0) return;
     trap_in_main("mnuFile_SaveAs_Click", [] {
         const std::string path = file_dialogs().save_file(project_dialog("Save As"));
         // The open project's own name stays usable when only its last save failed.
