@@ -46,6 +46,14 @@ class FieldReader {
     void operator()(std::array<Field, N>& fields) {
         for (Field& field : fields) (*this)(field);
     }
+    // Most of a big project: one check serves for all the numbers.
+    template <std::size_t N>
+    void operator()(std::array<f64, N>& numbers) {
+        const char* bytes = bytes_.take(N * sizeof(f64)).data();
+        for (std::size_t place = 0; place < N; ++place) {
+            numbers[place] = load_little_endian<f64>(bytes + place * sizeof(f64));
+        }
+    }
     void unused(std::size_t count) { bytes_.skip(count); }
 
   private:
