@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "basics/code_page.h"
+#include "basics/text.h"
 #include "core/daily_audit.h"
 #include "core/previous_version.h"
 #include "core/program_folders.h"
@@ -122,7 +123,7 @@ std::unique_ptr<File> open_to_read() { return files().open(project_path, OpenMod
 void read_front_blocks() {
     const bool predates_creation_date = project_created == 0;
     if (predates_creation_date) {
-        project_created = platform_clock().now();
+        project_created = date_alone(platform_clock().now());
         scanner_type = 0;
     }
     const i32 slot =

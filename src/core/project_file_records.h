@@ -25,6 +25,10 @@ class FieldWriter {
     void operator()(const std::array<Field, N>& fields) {
         for (const Field& field : fields) (*this)(field);
     }
+    template <std::size_t N>
+    void operator()(const std::array<f64, N>& numbers) {
+        bytes_.write_f64s(numbers);
+    }
     void unused(std::size_t count) { bytes_.write_zeros(count); }
 
   private:
@@ -46,13 +50,9 @@ class FieldReader {
     void operator()(std::array<Field, N>& fields) {
         for (Field& field : fields) (*this)(field);
     }
-    // Most of a big project: one check serves for all the numbers.
     template <std::size_t N>
     void operator()(std::array<f64, N>& numbers) {
-        const char* bytes = bytes_.take(N * sizeof(f64)).data();
-        for (std::size_t place = 0; place < N; ++place) {
-            numbers[place] = load_little_endian<f64>(bytes + place * sizeof(f64));
-        }
+        bytes_.read_f64s(numbers);
     }
     void unused(std::size_t count) { bytes_.skip(count); }
 

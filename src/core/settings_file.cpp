@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/program_folders.h"
+#include "basics/text.h"
 #include "core/program_state.h"
 #include "core/trap.h"
 #include "platform/platform.h"

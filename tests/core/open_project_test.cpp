@@ -233,10 +233,10 @@ TEST_F(OpenProject, AnAuditCannotRunWhileTheDamageIsTold) {
     EXPECT_EQ(audits, 0);
 }
 
-TEST_F(OpenProject, AFileThatIsGoneEndsInTheIdleWindowWithoutAMessage) {
+TEST_F(OpenProject, ARecentFileThatIsGoneLeavesTheOpenProjectAloneWithoutAMessage) {
     user_opens(home);
     open_recent_project(platform.path("gone.tvk"));
-    expect_idle();
+    expect_open(home, "home.tvk");
     EXPECT_EQ(project_load_failed, i16_true);
     EXPECT_EQ(recent(1), home);
 }

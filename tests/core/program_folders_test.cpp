@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "basics/text.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
 

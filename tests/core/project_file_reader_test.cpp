@@ -87,7 +87,7 @@ TEST_F(ProjectFileReader, AFileWithoutCreationDateKeepsItsMeasuresPositionAt52) 
     open(older.bytes);
     expect_opened();
     EXPECT_EQ(wams[2].text, "1 cup = 8 oz");
-    EXPECT_EQ(project_created, 45427.5);  // the present moment
+    EXPECT_EQ(project_created, 45427);  // the present date
     EXPECT_EQ(scanner_type, 0);
     EXPECT_EQ(lots[3].lot_quantity[0], 12.5);
     EXPECT_EQ(lots[3].lot_quantity[1], 0);

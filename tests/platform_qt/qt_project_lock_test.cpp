@@ -126,6 +126,10 @@ TEST_F(ProjectLockTest, EveryWayToTheFileIsTheSameProject) {
         EXPECT_EQ(answer_to_other(folder.path(way)), "refused") << way;
         EXPECT_TRUE(lock.acquire(folder.path(way))) << way;
     }
+    for (const char* way : {"./sub/../home.tvk", "home.tvk", "sub/up/home.tvk", "./home.tvk"}) {
+        lock.release(folder.path(way));
+        EXPECT_EQ(answer_to_other(project), "refused") << way;
+    }
     lock.release(folder.path("link.tvk"));
     EXPECT_EQ(answer_to_other(project), "held");
 }
