@@ -45,6 +45,16 @@ class ByteReader {
         text = take(N);
     }
 
+    // One check serves for all the numbers.
+    template <std::size_t N>
+    void read_f64s(std::array<f64, N>& values) {
+        const char* place = take(N * sizeof(f64)).data();
+        for (f64& value : values) {
+            value = load_little_endian<f64>(place);
+            place += sizeof(f64);
+        }
+    }
+
     // `count` bytes as they stand, valid as long as the bytes themselves.
     std::string_view take(std::size_t count) {
         if (count > bytes_.size() - offset_) throw Fault(fault_number::input_past_end);
@@ -81,6 +91,17 @@ class ByteWriter {
     }
     void write_bytes(std::string_view bytes) { bytes_.append(bytes); }
     void write_zeros(std::size_t count) { bytes_.append(count, '\0'); }
+
+    template <std::size_t N>
+    void write_f64s(const std::array<f64, N>& values) {
+        const std::size_t start = bytes_.size();
+        bytes_.resize(start + N * sizeof(f64));
+        char* place = bytes_.data() + start;
+        for (const f64 value : values) {
+            store_little_endian(place, value);
+            place += sizeof(f64);
+        }
+    }
 
     void reserve(std::size_t count) { bytes_.reserve(count); }
     void clear() { bytes_.clear(); }

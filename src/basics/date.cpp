@@ -253,6 +253,10 @@ TimeOfDay time_from_date(Date date) {
     return time_from_second(rounded(date).second);
 }
 
+Date date_alone(Date date) {
+    return std::trunc(date);
+}
+
 int weekday(Date date) {
     return weekday_of_day(rounded(date).day);
 }

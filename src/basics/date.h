@@ -42,6 +42,9 @@ Moment moment_from_date(Date date);
 CivilDate civil_from_date(Date date);
 TimeOfDay time_from_date(Date date);
 
+// Midnight of the same day.
+Date date_alone(Date date);
+
 // 1 = Sunday .. 7 = Saturday.
 int weekday(Date date);
 

@@ -18,4 +18,8 @@ char lower_case(char letter);
 // The part behind the last "/" or "\"; the whole text where there is none.
 std::string_view file_name_part(std::string_view path);
 
+// The folder of one of the file system's own paths, where only "/" separates: "/" for a name right
+// under it, "." for a bare name.
+std::string folder_of(std::string_view path);
+
 }  // namespace tavernook

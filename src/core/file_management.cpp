@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "basics/code_page.h"
+#include "basics/text.h"
 #include "core/daily_audit.h"
 #include "core/previous_version.h"
 #include "core/program_folders.h"
@@ -122,7 +123,7 @@ std::unique_ptr<File> open_to_read() { return files().open(project_path, OpenMod
 void read_front_blocks() {
     const bool predates_creation_date = project_created == 0;
     if (predates_creation_date) {
-        project_created = platform_clock().now();
+        project_created = date_alone(platform_clock().now());
         scanner_type = 0;
     }
     const i32 slot =
@@ -236,6 +237,7 @@ bool Project_Save(const i16& silent) {
 
 void Project_Open() {
     project_load_failed = i16_false;
+    project_open = i16_false;  // the tables no longer hold the project that was
     trap(open_project, [](const Fault& fault) {
         give_up_opening();
         tell_why_not_opened(fault);

@@ -1,8 +1,11 @@
-// The lots of all items: entries 0 to lot_table_top + 1, growing on demand. Storage for every item
-// is set aside from the start, so that growing moves nothing.
+// The lots of all items: entries 0 to lot_table_top + 1, growing on demand. Room for every item is set
+// aside from the start, so that growing moves nothing; memory that no record has used stays
+// untouched, which keeps the program's start quick.
 #pragma once
 
-#include "basics/table.h"
+#include <vector>
+
+#include "basics/fault.h"
 #include "core/records.h"
 
 namespace tavernook {
@@ -13,11 +16,13 @@ class LotTable {
   public:
     static constexpr int highest_item = 10000;
 
+    LotTable();
+
     // Fault 9 outside 0..lot_table_top + 1.
     LotRecord& operator[](i64 item) { return records_[checked(item)]; }
     const LotRecord& operator[](i64 item) const { return records_[checked(item)]; }
 
-    int entries() const { return lot_table_top + 2; }
+    int entries() const { return static_cast<int>(records_.size()); }
 
     // Raises lot_table_top, the contents kept and new entries blank. Fault 9 outside 0..10000; a
     // number below the present top changes nothing.
@@ -27,12 +32,12 @@ class LotTable {
     void clear();
 
   private:
-    static i64 checked(i64 item) {
-        if (item < 0 || item > lot_table_top + 1) throw Fault(fault_number::subscript_out_of_range);
-        return item;
+    std::size_t checked(i64 item) const {
+        if (item < 0 || item >= entries()) throw Fault(fault_number::subscript_out_of_range);
+        return static_cast<std::size_t>(item);
     }
 
-    Table<LotRecord, highest_item + 1> records_;
+    std::vector<LotRecord> records_;
 };
 
 }  // namespace tavernook

@@ -47,17 +47,31 @@ void set_program_defaults() {
     sales_tax = 0;
 }
 
+// A project that could not be opened or made is not the last one that was open, either.
+void give_up_project() {
+    project_close();
+    set_project_path({});
+}
+
 // The path is claimed already, and the project that was open before has been saved or let go.
 void open_project_at(const std::string& path) {
     set_project_path(path);
     Project_Open();
-    if (project_load_failed != 0) return project_close();
+    if (project_load_failed != 0) return give_up_project();
     load_recent_menu();
+}
+
+// A file that is gone leaves the open project alone; there is no box for it.
+bool is_there_to_open(const std::string& path) {
+    if (files().exists(path) || previous_version_exists(path)) return true;
+    project_load_failed = i16_true;
+    return false;
 }
 
 // True when the open project has given way, whether or not the new one could be opened.
 bool replace_open_project(const std::string& path) {
-    if (!claim_project(project_of_previous_version(path))) return false;
+    const std::string project = project_of_previous_version(path);
+    if (!is_there_to_open(project) || !claim_project(project)) return false;
     reset_project_tables();
     open_project_at(path);
     return true;
@@ -89,9 +103,8 @@ bool modified_was_dropped() {
 
 bool ask_to_save() {
     if (project_modified == 0) return true;
-    switch (boxes().message(
-        "Project has been modified.  Would you like to save before closing?",
-        Buttons::yes_no_cancel, "Project Modified")) {
+    switch (boxes().message("Project has been modified.  Would you like to save before closing?",
+                            Buttons::yes_no_cancel, "Project Modified")) {
         case Answer::yes:
             return modified_was_saved();
         case Answer::no:
@@ -116,9 +129,11 @@ void write_new_project(const std::string& path) {
     set_project_path(path);
     screens().unload_all();
     reset_project_tables();
-    if (!Project_Save(silent)) return project_close();
+    project_open = i16_false;
+    if (!Project_Save(silent)) return give_up_project();
     // Only now: the first file carries the version that memory had, and its item spacing.
     file_version = project_file::current_file_version;
+    older_file_format = i16_false;
     main_window().set_toolbar_state(2);
     main_window().enable_project_menus(true);
     project_open = i16_true;
@@ -128,7 +143,7 @@ void write_new_project(const std::string& path) {
 }
 
 bool create_project() {
-    project_created = platform_clock().now();
+    project_created = date_alone(platform_clock().now());
     bool may_go_on = false;
     if (!Project_Modified(may_go_on)) return false;
     const std::string path = file_dialogs().save_file(project_dialog("New Project"));
@@ -180,7 +195,9 @@ void mnuFile_NewProject() {
     }
 }
 
-void mnuFile_Open() { main_open(); }
+void mnuFile_Open() {
+    main_open();
+}
 
 void main_open() {
     replacing_project("Main_Open", [] {
@@ -190,12 +207,12 @@ void main_open() {
 }
 
 void open_recent_project(const std::string& path) {
-    replacing_project("mnuRecentFile_Click", [&] {
-        return let_go_of_open_project() && replace_open_project(path);
-    });
+    replacing_project("mnuRecentFile_Click",
+                      [&] { return let_go_of_open_project() && replace_open_project(path); });
 }
 
 void mnuFile_Save() {
+    if (project_open == 0) return;  // the path may still be that of the last one
     trap_in_main("mnuFile_Save_Click", [] {
         const i16 modified_before = project_modified;
         project_modified = i16_false;
@@ -204,6 +221,7 @@ void mnuFile_Save() {
 }
 
 void mnuFile_SaveAs() {
+    if (project_open == 0) return;
     trap_in_main("mnuFile_SaveAs_Click", [] {
         const std::string path = file_dialogs().save_file(project_dialog("Save As"));
         // The open project's own name stays usable when only its last save failed.

@@ -25,6 +25,7 @@ void main_open();
 
 void open_recent_project(const std::string& path);
 
+// Save and Save As do nothing without a project.
 void mnuFile_Save();
 
 // On failure the project keeps its old path.

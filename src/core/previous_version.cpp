@@ -33,8 +33,14 @@ std::string stem_of(std::string_view path) {
                                                 : std::string(path);
 }
 
-std::string interrupted_version_path(std::string_view path) {
-    return stem_of(path) + ".interrupted.tvk";
+// A name that no file bears yet: what an earlier question put aside stays as well.
+std::string free_interrupted_path(std::string_view path) {
+    const std::string start = stem_of(path) + ".interrupted";
+    std::string free = start + ".tvk";
+    for (int number = 2; files().exists(free); ++number) {
+        free = start + " " + std::to_string(number) + ".tvk";
+    }
+    return free;
 }
 
 std::string question(const std::string& path, const std::string& previous) {
@@ -64,7 +70,9 @@ void set_previous_version_aside(const std::string& project_path) {
     whole_files.erase(project_path);
 }
 
-void project_file_is_whole(const std::string& project_path) { whole_files.insert(project_path); }
+void project_file_is_whole(const std::string& project_path) {
+    whole_files.insert(project_path);
+}
 
 bool previous_version_exists(const std::string& project_path) {
     return files().exists(previous_version_path(project_path));
@@ -106,7 +114,7 @@ void offer_previous_version(const std::string& project_path) {
         boxes().message(question(project_path, previous), Buttons::yes_no, "Previous Version");
     if (answer != Answer::yes) return;
     if (files().exists(project_path)) {
-        files().rename(project_path, interrupted_version_path(project_path));
+        files().rename(project_path, free_interrupted_path(project_path));
     }
     files().rename(previous, project_path);
 }

@@ -28,7 +28,8 @@ bool previous_version_exists(const std::string& project_path);
 void drop_previous_version(const std::string& project_path);
 
 // Asks when a previous version lies beside the project. Yes puts it in the project file's place and
-// the file that lay there beside it as NAME.interrupted.tvk; No leaves both as they are.
+// the file that lay there beside it as NAME.interrupted.tvk (or "NAME.interrupted 2.tvk" ...); No
+// leaves both as they are.
 void offer_previous_version(const std::string& project_path);
 
 // The project that a previous version belongs to; any other path as it is.

@@ -10,13 +10,6 @@ std::string in_program_folder(std::string_view name) {
     return system_info().program_folder() + "/" + std::string(name);
 }
 
-std::string folder_of(std::string_view path) {
-    const std::string_view name = file_name_part(path);
-    if (name.size() == path.size()) return ".";
-    const std::string_view folder = path.substr(0, path.size() - name.size() - 1);
-    return folder.empty() ? "/" : std::string(folder);
-}
-
 std::string project_stem() {
     const std::size_t kept = project_name.size() > 4 ? project_name.size() - 4 : 0;
     return project_name.substr(0, kept);

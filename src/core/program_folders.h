@@ -9,9 +9,6 @@ namespace tavernook {
 // The program's folder + separator + name; ends in a separator where the name does.
 std::string in_program_folder(std::string_view name);
 
-// The part in front of the last separator; "." where there is none.
-std::string folder_of(std::string_view path);
-
 // The project file's name less its last four characters: it prefixes the names of the project's
 // own files in the folders of the program.
 std::string project_stem();

@@ -104,6 +104,7 @@ void reset_project_tables() {
     reset_meals();
     for (WamRecord& line : wams) line = WamRecord{};
     for (std::string& text : pooled_strings) text = {};
+    for (i16& item : expiring_items) item = 0;
     scanner_type = 0;
 }
 

@@ -25,6 +25,10 @@ class FieldWriter {
     void operator()(const std::array<Field, N>& fields) {
         for (const Field& field : fields) (*this)(field);
     }
+    template <std::size_t N>
+    void operator()(const std::array<f64, N>& numbers) {
+        bytes_.write_f64s(numbers);
+    }
     void unused(std::size_t count) { bytes_.write_zeros(count); }
 
   private:
@@ -45,6 +49,10 @@ class FieldReader {
     template <typename Field, std::size_t N>
     void operator()(std::array<Field, N>& fields) {
         for (Field& field : fields) (*this)(field);
+    }
+    template <std::size_t N>
+    void operator()(std::array<f64, N>& numbers) {
+        bytes_.read_f64s(numbers);
     }
     void unused(std::size_t count) { bytes_.skip(count); }
 

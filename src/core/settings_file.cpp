@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/program_folders.h"
+#include "basics/text.h"
 #include "core/program_state.h"
 #include "core/trap.h"
 #include "platform/platform.h"
@@ -11,28 +11,34 @@ namespace tavernook {
 
 namespace {
 
+// Bytes behind the last field are kept up to this size.
+constexpr std::size_t most_settings_bytes = 65536;
+
 std::string read_settings_bytes() {
     if (!files().exists(settings_file)) return {};
     const auto file = files().open(settings_file, OpenMode::read);
-    std::string bytes(settings_file_size, '\0');
+    std::string bytes(most_settings_bytes, '\0');
     bytes.resize(file->read(0, bytes.data(), bytes.size()));
     return bytes;
+}
+
+void write_flushed(const std::string& path, std::string_view bytes) {
+    const auto file = files().open(path, OpenMode::read_write);
+    file->write(0, bytes);
+    file->flush();
 }
 
 void replace_settings_file(std::string_view bytes) {
     files().make_folder(folder_of(settings_file));
     const std::string fresh = settings_file + ".new";
     if (files().exists(fresh)) files().remove(fresh);
-    {
-        const auto file = files().open(fresh, OpenMode::read_write);
-        file->write(0, bytes);
-        file->flush();
-    }
+    write_flushed(fresh, bytes);
     files().rename(fresh, settings_file);
 }
 
 template <typename Change>
 void change_settings(Change&& change) {
+    if (settings_file.empty()) return;  // the main window has not been loaded
     const std::string bytes = read_settings_bytes();
     SettingsRecord record = decode_settings(bytes);
     if (change(record)) replace_settings_file(encode_settings(record, bytes));

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "basics/fault.h"
+#include "basics/text.h"
 
 namespace tavernook {
 
@@ -40,12 +41,6 @@ int fault_number_from_errno(int error, bool folder_exists) {
 void throw_disk_fault(int error, const std::string& path) {
     const bool folder_exists = error != ENOENT || is_folder(folder_of(path));
     throw Fault(fault_number_from_errno(error, folder_exists));
-}
-
-std::string folder_of(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 }  // namespace tavernook

@@ -11,7 +11,4 @@ int fault_number_from_errno(int error, bool folder_exists);
 
 [[noreturn]] void throw_disk_fault(int error, const std::string& path);
 
-// The part in front of the last "/": "/" for the root's own entries, "." where there is no "/".
-std::string folder_of(const std::string& path);
-
 }  // namespace tavernook

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "platform_qt/qt_text.h"
 
@@ -64,9 +65,13 @@ bool QtProjectLock::acquire(const std::string& project_path) {
 
 void QtProjectLock::release(const std::string& project_path) {
     const auto as_given = known_.find(project_path);
-    const QString project = as_given == known_.end() ? project_of(project_path) : as_given->second;
-    held_.erase(project);
-    std::erase_if(known_, [&](const auto& entry) { return entry.second == project; });
+    if (as_given == known_.end()) return;
+    const QString project = as_given->second;
+    known_.erase(as_given);
+    // The same project may be held under another spelling of its path.
+    const bool still_held = std::any_of(known_.begin(), known_.end(),
+                                        [&](const auto& entry) { return entry.second == project; });
+    if (!still_held) held_.erase(project);
 }
 
 }  // namespace tavernook

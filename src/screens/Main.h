@@ -102,6 +102,7 @@ class Main : public QMainWindow, public ports::Main {
     SaveProgress* progress_;
     StartPage* start_page_;
     std::array<QLabel*, 3> panels_{};
+    std::vector<QAction*> command_actions_;  // in the order of main_commands()
     std::vector<QAction*> recent_actions_;
     std::vector<std::string> recent_paths_;
     TimerPair timers_;

@@ -70,6 +70,7 @@ QToolButton* first_enabled_button(const QToolBar* bar) {
 void Main::set_up_commands() {
     for (const MainCommand& command : main_commands()) {
         auto* action = findChild<QAction*>(QLatin1String(command.name));
+        command_actions_.push_back(action);
         if (command.icon != nullptr) action->setIcon(icon(QLatin1String(command.icon)));
         connect(action, &QAction::triggered, this, [this, &command] { run_command(command); });
     }
@@ -186,16 +187,16 @@ void Main::set_recent_files(const std::vector<std::string>& paths) {
 
 void Main::refresh_commands() {
     const bool child = child_window_is_open();
-    for (const MainCommand& command : main_commands()) {
+    for (std::size_t i = 0; i < command_actions_.size(); ++i) {
+        const MainCommand& command = main_commands()[i];
         const bool available = is_available(command, *registry_);
         const bool needs_met = command.needs == Needs::nothing ||
                                (command.needs == Needs::project && project_menus_) ||
                                (command.needs == Needs::project_button && project_buttons_) ||
                                (command.needs == Needs::child_window && child);
-        auto* action = findChild<QAction*>(QLatin1String(command.name));
-        action->setEnabled(available && needs_met);
+        command_actions_[i]->setEnabled(available && needs_met);
         const QString why_not = obstacle(command, available, needs_met);
-        set_tips(*action, (QLatin1String(command.tip) + QLatin1Char(' ') + why_not).trimmed());
+        set_tips(*command_actions_[i], (QLatin1String(command.tip) + QLatin1Char(' ') + why_not).trimmed());
     }
     // A child window closes by the same keys.
     const QKeySequence close_keys = child ? QKeySequence() : QKeySequence(Qt::CTRL | Qt::Key_W);

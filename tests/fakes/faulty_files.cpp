@@ -15,7 +15,7 @@ std::string name_of(std::string_view path) {
 }
 
 std::string place(i64 offset, std::size_t count) {
-    return " " + std::to_string(offset) + " " + std::to_string(count);
+    return std::string(" ").append(std::to_string(offset)) + " " + std::to_string(count);
 }
 
 }  // namespace

@@ -272,9 +272,9 @@ TEST_F(FileCommands, AProjectDroppedOnTheWindowOpens) {
 
 TEST_F(FileCommands, NothingElseCanBeDropped) {
     const QList<QList<QUrl>> refused = {
-        {QUrl::fromLocalFile("/tmp/notes.txt")},
+        {QUrl::fromLocalFile("/home/ann/notes.txt")},
         {QUrl("https://example.org/home.tvk")},
-        {QUrl::fromLocalFile("/tmp/a.tvk"), QUrl::fromLocalFile("/tmp/b.tvk")},
+        {QUrl::fromLocalFile("/home/ann/a.tvk"), QUrl::fromLocalFile("/home/ann/b.tvk")},
         {}};
     for (const QList<QUrl>& urls : refused) {
         QMimeData data;

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "basics/text.h"
 #include "disk_files_fixture.h"
 #include "fakes/child_process.h"
 #include "platform_disk/disk_fault.h"

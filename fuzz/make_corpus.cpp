@@ -1,0 +1,112 @@
+// Writes the seeds of fuzz/corpus: make_corpus FOLDER. Run it again when the formats change.
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "core/settings_file_format.h"
+#include "memory_files.h"
+#include "whole_file.h"
+
+namespace tavernook {
+
+namespace {
+
+void write_seed(const std::filesystem::path& path, const std::string& bytes) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+void put_position(std::string& bytes, i32 slot, i32 position) {
+    store_little_endian(bytes.data() + slot - 1, position);
+}
+
+// The project's front up to the item details, which are zeros as most of what follows.
+std::string project_seed() {
+    MemoryFile file;
+    write_whole(file);
+    if (project_created == 0) {
+        const i32 wams_position = project_file::read_position(file, project_file::wams_slot);
+        put_position(file.bytes, project_file::lots_slot, 0);
+        put_position(file.bytes, project_file::older_wams_slot, wams_position);
+    }
+    const i64 details = project_file::read_position(
+        file, project_header.setup_position + project_file::setup_item_details_slot);
+    std::string seed(4, '\0');
+    store_little_endian(seed.data(), static_cast<i32>(file.length()));
+    return seed + file.bytes.substr(0, static_cast<std::size_t>(details));
+}
+
+// A file that ends with its documents, as if from before there were blocks: quick to read, so that
+// the fuzzer gets far with it.
+std::string seed_without_blocks() {
+    std::string seed = project_seed();
+    std::string file = seed.substr(4);
+    const i32 setup = project_header.setup_position;
+    for (const i32 slot :
+         {project_file::wams_slot, project_file::lots_slot,
+          setup + project_file::setup_item_details_slot, setup + project_file::setup_strings_slot,
+          setup + project_file::setup_day_quantities_slot,
+          setup + project_file::setup_meal_servings_slot}) {
+        put_position(file, slot, 0);
+    }
+    return seed.substr(0, 4) + file;
+}
+
+void fill_each_section() {
+    items[3].in_use = 1;
+    items[3].store_order = 4;
+    items[3].on_shopping_list = 1;
+    items[3].shopping_quantity = 2.5;
+    items[10000].in_use = 1;
+    catagories[100].in_use = 1;
+    meals[9].in_use = 1;
+    stores[4].in_use = 1;
+    days[8].in_use = 1;
+    meal_documents[9] = "soup.rtf";
+    wams[2].in_use = -1;
+    wams[2].text = "1 cup = 8 oz";
+    lots.grow(3);
+    lots[3].lot_quantity[1] = 12.5;
+}
+
+void write_project_seeds(const std::filesystem::path& folder) {
+    reset_project_tables();
+    write_seed(folder / "undated", project_seed());
+    project_created = 45427;
+    write_seed(folder / "empty_older_form", project_seed());
+    file_version = project_file::current_file_version;
+    write_seed(folder / "empty", project_seed());
+    fill_each_section();
+    write_seed(folder / "one_of_each", project_seed());
+    write_seed(folder / "without_blocks", seed_without_blocks());
+    file_version = 0;
+    write_seed(folder / "one_of_each_older_form", project_seed());
+}
+
+void write_settings_seeds(const std::filesystem::path& folder) {
+    SettingsRecord record;
+    write_seed(folder / "blank", encode_settings(record, ""));
+    record.recent_projects = {"/home/me/home.tvk", "/home/me/cabin.tvk"};
+    record.recent_count = 2;
+    record.hide_welcome_dialog = -1;
+    record.geometry = {768, 1024, 40, -8};
+    write_seed(folder / "two_projects", encode_settings(record, ""));
+    write_seed(folder / "longer", encode_settings(record, std::string(4000, 'x')));
+    write_seed(folder / "cut", encode_settings(record, "").substr(0, 300));
+}
+
+}  // namespace
+
+}  // namespace tavernook
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("usage: make_corpus FOLDER\n", stderr);
+        return 2;
+    }
+    const std::filesystem::path folder = argv[1];
+    tavernook::write_project_seeds(folder / "project_file");
+    tavernook::write_settings_seeds(folder / "settings_file");
+    return 0;
+}

@@ -1,0 +1,181 @@
+#include "platform_qt/qt_boxes.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "gui_support/modal_driver.h"
+
+namespace tavernook {
+namespace {
+
+using Optional = std::optional<std::string>;
+
+Answer answer_to_click(Buttons buttons, const char* button) {
+    when_modal<QMessageBox>([=](QMessageBox& box) { child<QPushButton>(box, button).click(); });
+    return QtBoxes().message("Save?", buttons, "Tavernook");
+}
+
+Answer answer_to_key(Buttons buttons, int key, const char* text = "") {
+    when_modal<QMessageBox>(
+        [=](QMessageBox& box) { press_key(box, key, QString::fromLatin1(text)); });
+    return QtBoxes().message("Save?", buttons, "Tavernook");
+}
+
+Answer answer_to_closing(Buttons buttons) {
+    when_modal<QMessageBox>([](QMessageBox& box) { box.close(); });
+    return QtBoxes().message("Save?", buttons, "Tavernook");
+}
+
+TEST(MessageBox, ButtonsGiveTheirAnswers) {
+    EXPECT_EQ(answer_to_click(Buttons::ok, "button_ok"), Answer::ok);
+    EXPECT_EQ(answer_to_click(Buttons::yes_no, "button_yes"), Answer::yes);
+    EXPECT_EQ(answer_to_click(Buttons::yes_no, "button_no"), Answer::no);
+    EXPECT_EQ(answer_to_click(Buttons::yes_no_cancel, "button_yes"), Answer::yes);
+    EXPECT_EQ(answer_to_click(Buttons::yes_no_cancel, "button_no"), Answer::no);
+    EXPECT_EQ(answer_to_click(Buttons::yes_no_cancel, "button_cancel"), Answer::cancel);
+}
+
+TEST(MessageBox, EscapeIsCancelOrNo) {
+    EXPECT_EQ(answer_to_key(Buttons::ok, Qt::Key_Escape), Answer::ok);
+    EXPECT_EQ(answer_to_key(Buttons::yes_no, Qt::Key_Escape), Answer::no);
+    EXPECT_EQ(answer_to_key(Buttons::yes_no_cancel, Qt::Key_Escape), Answer::cancel);
+}
+
+TEST(MessageBox, ClosingTheWindowIsCancelOrNo) {
+    EXPECT_EQ(answer_to_closing(Buttons::ok), Answer::ok);
+    EXPECT_EQ(answer_to_closing(Buttons::yes_no), Answer::no);
+    EXPECT_EQ(answer_to_closing(Buttons::yes_no_cancel), Answer::cancel);
+}
+
+TEST(MessageBox, LettersAndEnterPressTheButtons) {
+    EXPECT_EQ(answer_to_key(Buttons::yes_no_cancel, Qt::Key_Y, "y"), Answer::yes);
+    EXPECT_EQ(answer_to_key(Buttons::yes_no_cancel, Qt::Key_N, "n"), Answer::no);
+    EXPECT_EQ(answer_to_key(Buttons::yes_no_cancel, Qt::Key_Return), Answer::yes);
+}
+
+TEST(MessageBox, HasNoOtherButtonsThanAskedFor) {
+    for (const auto& [buttons, count] :
+         {std::pair{Buttons::ok, 1}, {Buttons::yes_no, 2}, {Buttons::yes_no_cancel, 3}}) {
+        when_modal<QMessageBox>([expected = count](QMessageBox& box) {
+            EXPECT_EQ(box.buttons().size(), expected);
+            box.close();
+        });
+        QtBoxes().message("Save?", buttons, "Tavernook");
+    }
+}
+
+TEST(MessageBox, ShowsItsTextAsItIs) {
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        const QString text = QString::fromUtf16(u"<b>Sugar & Cr\u00E8me</b>\nnext\nlast &amp;");
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), QString::fromUtf16(u"Caf\u00E9"));
+        EXPECT_EQ(box.objectName(), QStringLiteral("message_box"));
+        EXPECT_EQ(box.accessibleDescription(), text);
+        EXPECT_EQ(box.accessibleName(), box.windowTitle());
+        box.close();
+    });
+    QtBoxes().message("<b>Sugar & Cr\xE8me</b>\r\nnext\rlast &amp;", Buttons::ok, "Caf\xE9");
+}
+
+TEST(MessageBox, StandsOverTheActiveWindow) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    when_modal<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_TRUE(box.isModal());
+        box.close();
+    });
+    QtBoxes().message("Save?", Buttons::ok, "Tavernook");
+}
+
+TEST(MessageBox, ABoxOverABoxBelongsToIt) {
+    when_modal<QMessageBox>([](QMessageBox& lower) {
+        when_modal<QMessageBox>([&](QMessageBox& upper) {
+            EXPECT_EQ(upper.parentWidget(), &lower);
+            upper.close();
+        });
+        QtBoxes().message("upper", Buttons::ok, "Tavernook");
+        lower.close();
+    });
+    QtBoxes().message("lower", Buttons::ok, "Tavernook");
+}
+
+TEST(MessageBox, SurvivesTheEndOfTheWindowUnderIt) {
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    window->activateWindow();
+    QApplication::processEvents();
+    when_modal<QMessageBox>([&](QMessageBox&) { window.reset(); });
+    EXPECT_EQ(QtBoxes().message("Save?", Buttons::yes_no_cancel, "Tavernook"), Answer::cancel);
+}
+
+Optional answer_to_typing(const QString& typed, const char* button) {
+    when_modal<QDialog>([=](QDialog& box) {
+        child<QLineEdit>(box, "input_field").setText(typed);
+        child<QPushButton>(box, button).click();
+    });
+    return QtBoxes().input("Name:", "Tavernook", "old");
+}
+
+TEST(InputBox, GivesWhatWasTypedAsTextOfTheCodePage) {
+    EXPECT_EQ(answer_to_typing(QString::fromUtf16(u"Cr\u00E8me \u20AC"), "button_ok"),
+              Optional("Cr\xE8me \x80"));
+}
+
+TEST(InputBox, AnEmptyAnswerDiffersFromCancel) {
+    EXPECT_EQ(answer_to_typing(QString(), "button_ok"), Optional(""));
+    EXPECT_EQ(answer_to_typing(QStringLiteral("new"), "button_cancel"), std::nullopt);
+}
+
+TEST(InputBox, EnterAcceptsAndEscapeCancels) {
+    when_modal<QDialog>([](QDialog& box) { press_key(box, Qt::Key_Return); });
+    EXPECT_EQ(QtBoxes().input("Name:", "Tavernook", "old"), Optional("old"));
+    when_modal<QDialog>([](QDialog& box) { press_key(box, Qt::Key_Escape); });
+    EXPECT_EQ(QtBoxes().input("Name:", "Tavernook", "old"), std::nullopt);
+}
+
+TEST(InputBox, TypingReplacesTheSelectedText) {
+    when_modal<QDialog>([](QDialog& box) {
+        auto& field = child<QLineEdit>(box, "input_field");
+        EXPECT_EQ(box.focusWidget(), &field);
+        EXPECT_EQ(field.selectedText(), QString::fromUtf16(u"old \u00E9"));
+        press_key(field, Qt::Key_X, QStringLiteral("x"));
+        press_key(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtBoxes().input("Name:", "Tavernook", "old \xE9"), Optional("x"));
+}
+
+TEST(InputBox, ShowsItsPromptAsItIs) {
+    when_modal<QDialog>([](QDialog& box) {
+        const QString prompt = QStringLiteral("Salt & <i>pepper</i>\nhow much?");
+        EXPECT_EQ(box.objectName(), QStringLiteral("input_box"));
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Amount"));
+        const auto& label = child<QLabel>(box, "input_prompt");
+        EXPECT_EQ(label.text(), prompt);
+        EXPECT_EQ(label.textFormat(), Qt::PlainText);
+        EXPECT_EQ(label.buddy(), nullptr);
+        EXPECT_EQ(child<QLineEdit>(box, "input_field").accessibleName(), prompt);
+        box.close();
+    });
+    EXPECT_EQ(QtBoxes().input("Salt & <i>pepper</i>\r\nhow much?", "Amount", ""), std::nullopt);
+}
+
+TEST(InputBox, SurvivesTheEndOfTheWindowUnderIt) {
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    window->activateWindow();
+    QApplication::processEvents();
+    when_modal<QDialog>([&](QDialog&) { window.reset(); });
+    EXPECT_EQ(QtBoxes().input("Name:", "Tavernook", "old"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tavernook
