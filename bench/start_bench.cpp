@@ -1,14 +1,13 @@
 // How long the first window takes, beside the first paint of an empty main window. Both programs
 // are started in turn, whole, and the medians compared.
-#include <spawn.h>
-#include <sys/wait.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <spawn.h>
 #include <string>
+#include <sys/wait.h>
 #include <vector>
 
 extern char** environ;

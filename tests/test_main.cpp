@@ -1,6 +1,5 @@
 // The start of every test program: a run without a test is a failure.
 #include <cstdio>
-
 #include <gtest/gtest.h>
 
 #ifdef TAVERNOOK_QT_TESTS

@@ -33,21 +33,25 @@ void check_clock() {
 }
 
 void end_after(const Fault& fault) {
-    show_fault("There has been an error in the Tavernook software.  Please report the error number " +
-               std::to_string(fault.number) +
-               " to Brenwyk Software.  Tavernook will now close.");
+    show_fault(
+        "There has been an error in the Tavernook software.  Please report the error number " +
+        std::to_string(fault.number) + " to Brenwyk Software.  Tavernook will now close.");
     main_window().end_program();
 }
 
 }  // namespace
 
-void set_audit_job(std::function<void()> job) { audit_job = std::move(job); }
+void set_audit_job(std::function<void()> job) {
+    audit_job = std::move(job);
+}
 
 void run_audit() {
     if (audit_job) audit_job();
 }
 
-void daily_audit_check() { trap(check_clock, end_after); }
+void daily_audit_check() {
+    trap(check_clock, end_after);
+}
 
 void show_audit_time() {
     std::string time = "-:-";

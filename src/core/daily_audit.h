@@ -14,8 +14,9 @@ extern i16 audit_done_flag;  // -1 = the audit has run in the present minute
 void set_audit_job(std::function<void()> job);
 void run_audit();
 
-// At each tick of the main window's timer: runs the audit at the chosen minute, once in that minute.
-// A time set in the afternoon fires twelve hours earlier as well; kept, households rely on it.
+// At each tick of the main window's timer: runs the audit at the chosen minute, once in that
+// minute. A time set in the afternoon fires twelve hours earlier as well; kept, households rely on
+// it.
 void daily_audit_check();
 
 // "Audit Time: 11:59 PM" in the status bar; "-:-" for hour 0.

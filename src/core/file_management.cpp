@@ -101,9 +101,12 @@ void read_sections_and_setup(File& file, BlockPositions& positions) {
         int percent;
     };
     constexpr Section sections[] = {
-        {project_file::read_front, 10},         {project_file::read_item_section, 20},
-        {project_file::read_catagory_section, 30}, {project_file::read_meal_section, 40},
-        {project_file::read_unit_section, 50},  {project_file::read_store_section, 60},
+        {project_file::read_front, 10},
+        {project_file::read_item_section, 20},
+        {project_file::read_catagory_section, 30},
+        {project_file::read_meal_section, 40},
+        {project_file::read_unit_section, 50},
+        {project_file::read_store_section, 60},
         {project_file::read_day_section, 70},
     };
     for (const Section& section : sections) {
@@ -116,7 +119,9 @@ void read_sections_and_setup(File& file, BlockPositions& positions) {
     project_file::read_documents(file);
 }
 
-std::unique_ptr<File> open_to_read() { return files().open(project_path, OpenMode::read); }
+std::unique_ptr<File> open_to_read() {
+    return files().open(project_path, OpenMode::read);
+}
 
 // A file without a creation date is so old that its weights and measures are found at another
 // place, which overlaps the lot position: such a file has no lots.
@@ -131,8 +136,7 @@ void read_front_blocks() {
     const i32 wam_position = project_file::read_position(*open_to_read(), slot);
     project_file::read_wam_block(*open_to_read(), wam_position);
     if (predates_creation_date) return;
-    const i32 lot_position =
-        project_file::read_position(*open_to_read(), project_file::lots_slot);
+    const i32 lot_position = project_file::read_position(*open_to_read(), project_file::lots_slot);
     project_file::read_lot_block(*open_to_read(), lot_position);
 }
 
@@ -187,8 +191,7 @@ void tell_why_not_opened(const Fault& fault) {
         case fault_number::file_not_found:
             return;
         case fault_number::bad_record_number:
-            return show_fault(
-                "FileManagement.Project_Open - File Load Error.  Bad Record Number");
+            return show_fault("FileManagement.Project_Open - File Load Error.  Bad Record Number");
         case fault_number::subscript_out_of_range:
             return show_fault("FileManagement.Project_Open - File Corrupted.");
         default:

@@ -1,5 +1,5 @@
-// The lots of all items: entries 0 to lot_table_top + 1, growing on demand. Room for every item is set
-// aside from the start, so that growing moves nothing; memory that no record has used stays
+// The lots of all items: entries 0 to lot_table_top + 1, growing on demand. Room for every item is
+// set aside from the start, so that growing moves nothing; memory that no record has used stays
 // untouched, which keeps the program's start quick.
 #pragma once
 

@@ -34,6 +34,8 @@ void keep_only_claim(const std::string& path) {
     if (held) claimed.insert(path);
 }
 
-void release_claims() { keep_only_claim({}); }
+void release_claims() {
+    keep_only_claim({});
+}
 
 }  // namespace tavernook

@@ -47,9 +47,9 @@ std::string project_name;
 
 namespace {
 
-constexpr const char* seeded_units[] = {"each",      "Cup(s)", "tsp(s)", "tbsp(s)", "oz(s)",
-                                        "liter(s)",  "gallon(s)", "ft",  "in",      "kg(s)",
-                                        "gram(s)",   "bottle(s)", "na"};
+constexpr const char* seeded_units[] = {"each",     "Cup(s)",    "tsp(s)", "tbsp(s)", "oz(s)",
+                                        "liter(s)", "gallon(s)", "ft",     "in",      "kg(s)",
+                                        "gram(s)",  "bottle(s)", "na"};
 
 // Slots 1 upward; entry 0 is never live and stays as it is.
 template <typename Record, int Capacity>

@@ -51,7 +51,7 @@ struct ProjectHeader {
     bool operator==(const ProjectHeader&) const = default;
 };
 extern ProjectHeader project_header;
-extern i16& file_version;  // project_header.file_version
+extern i16& file_version;                           // project_header.file_version
 extern std::array<i16, 11> project_reserved_words;  // read and written back, never interpreted
 
 // Project settings.

@@ -7,7 +7,9 @@ namespace tavernook::project_file {
 
 namespace {
 
-[[noreturn]] void fail_as_damaged() { throw Fault(fault_number::bad_record_number); }
+[[noreturn]] void fail_as_damaged() {
+    throw Fault(fault_number::bad_record_number);
+}
 
 void check_section(const ProjectHeader::Section& section, int capacity, i64 length) {
     if (section.count < 0 || section.count > capacity) fail_as_damaged();
@@ -21,8 +23,7 @@ void check_header(i64 length) {
     check_section(project_header.units, unit_capacity, length);
     check_section(project_header.stores, store_capacity, length);
     check_section(project_header.days, day_capacity, length);
-    for (const i32 position :
-         {project_header.setup_position, project_header.documents_position}) {
+    for (const i32 position : {project_header.setup_position, project_header.documents_position}) {
         if (position < 1 || position > length) fail_as_damaged();
     }
 }
@@ -63,7 +64,9 @@ void read_texts(File& file, i32 position, Texts& texts) {
 }
 
 // Written so that NaN counts as out of range.
-bool is_shopping_quantity(f64 quantity) { return quantity >= 0.001 && quantity <= 10000; }
+bool is_shopping_quantity(f64 quantity) {
+    return quantity >= 0.001 && quantity <= 10000;
+}
 
 void put_item_right(ItemRecord& item) {
     if (item.store_order > 20 || item.store_order < 1) item.store_order = 0;
@@ -164,7 +167,9 @@ void read_item_detail_block(File& file, i32 position) {
     read_records(file, position, item_detail_size, item_details);
 }
 
-void read_string_block(File& file, i32 position) { read_texts(file, position, pooled_strings); }
+void read_string_block(File& file, i32 position) {
+    read_texts(file, position, pooled_strings);
+}
 
 void read_day_quantity_block(File& file, i32 position) {
     read_records(file, position, day_quantity_size, day_quantities);
@@ -174,8 +179,8 @@ void read_meal_serving_block(File& file, i32 position) {
     if (position <= 0) return;
     SequentialReader reader(file, position);
     for (f64& serving_size : meal_serving_size) {
-        serving_size = load_little_endian<f64>(
-            reader.take_or_zeros(meal_serving_record_size).data());
+        serving_size =
+            load_little_endian<f64>(reader.take_or_zeros(meal_serving_record_size).data());
     }
 }
 

@@ -135,7 +135,7 @@ void fields(Coder& code, Catagory& catagory) {
 }
 
 template <typename Coder, typename Row>
-    requires IsRecord<Row, UnitRecord> || IsRecord<Row, StoreRecord>
+requires IsRecord<Row, UnitRecord> || IsRecord<Row, StoreRecord>
 void fields(Coder& code, Row& row) {
     code(row.name);
     code(row.in_use);

@@ -49,7 +49,9 @@ i32 write_section(File& file, const Table<Record, Capacity>& table, int record_s
     return to_position(i64{position} + i64{section.count} * stride + section_gap);
 }
 
-i32 next_block_position(File& file) { return to_position(file.length() + block_gap); }
+i32 next_block_position(File& file) {
+    return to_position(file.length() + block_gap);
+}
 
 template <typename Records>
 void write_records(File& file, i64 position, const Records& records) {
@@ -69,7 +71,9 @@ void write_texts(File& file, i64 position, const Texts& texts) {
     writer.finish();
 }
 
-i64 setup_slot(int offset) { return i64{project_header.setup_position} + offset; }
+i64 setup_slot(int offset) {
+    return i64{project_header.setup_position} + offset;
+}
 
 }  // namespace
 
@@ -83,8 +87,7 @@ void write_front_words(File& file) {
 }
 
 i32 write_item_section(File& file, i32 position) {
-    return write_section(file, items, item_size, stride_of_items(), position,
-                         project_header.items);
+    return write_section(file, items, item_size, stride_of_items(), position, project_header.items);
 }
 
 i32 write_catagory_section(File& file, i32 position) {

@@ -12,7 +12,9 @@ namespace {
 constexpr const char* section = "Recent Files";
 constexpr const char* keys[] = {"RecentFile1", "RecentFile2", "RecentFile3"};
 
-std::string stored_path(const char* key) { return settings_store().get(section, key); }
+std::string stored_path(const char* key) {
+    return settings_store().get(section, key);
+}
 
 void copy_key(const char* from, const char* to) {
     const std::string path = stored_path(from);

@@ -25,8 +25,7 @@ void SequentialReader::fill(std::size_t count) {
     filled_ -= used_;
     std::memmove(buffer_.get(), buffer_.get() + used_, filled_);
     used_ = 0;
-    const std::size_t got =
-        file_.read(next_offset_, buffer_.get() + filled_, block_size - filled_);
+    const std::size_t got = file_.read(next_offset_, buffer_.get() + filled_, block_size - filled_);
     filled_ += got;
     next_offset_ += static_cast<i64>(got);
 }

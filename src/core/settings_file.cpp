@@ -45,8 +45,8 @@ void change_settings(Change&& change) {
 }
 
 bool belongs_in_the_list(const std::string& path) {
-    return !path.empty() && path.find("restored") == std::string::npos &&
-           path.ends_with("tvk") && path.size() <= recent_path_size;
+    return !path.empty() && path.find("restored") == std::string::npos && path.ends_with("tvk") &&
+           path.size() <= recent_path_size;
 }
 
 bool put_on_top(SettingsRecord& record, const std::string& path) {
@@ -61,7 +61,9 @@ bool put_on_top(SettingsRecord& record, const std::string& path) {
 
 }  // namespace
 
-SettingsRecord read_settings_file() { return decode_settings(read_settings_bytes()); }
+SettingsRecord read_settings_file() {
+    return decode_settings(read_settings_bytes());
+}
 
 void save_window_state() {
     trap_in_main("save_window_state", [] {

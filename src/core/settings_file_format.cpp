@@ -58,8 +58,8 @@ SettingsRecord decode_settings(std::string_view bytes) {
 std::string encode_settings(const SettingsRecord& record, std::string_view bytes) {
     std::string whole = padded(bytes);
     for (std::size_t place = 0; place < recent_project_places; ++place) {
-        std::memcpy(whole.data() + path_positions[place] - 1,
-                    record.recent_projects[place].data(), recent_path_size);
+        std::memcpy(whole.data() + path_positions[place] - 1, record.recent_projects[place].data(),
+                    recent_path_size);
     }
     put_word(whole, count_position, record.recent_count);
     put_word(whole, hide_welcome_position, record.hide_welcome_dialog);

@@ -29,6 +29,8 @@ Fault present_fault() {
     }
 }
 
-void show_fault(const std::string& message) { boxes().message(message); }
+void show_fault(const std::string& message) {
+    boxes().message(message);
+}
 
 }  // namespace tavernook

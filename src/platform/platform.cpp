@@ -26,41 +26,89 @@ Service& required(Service* service, const char* name) {
 
 }  // namespace
 
-void set_platform(const Platform& platform) { handed_over = platform; }
-void clear_platform() { handed_over = Platform{}; }
+void set_platform(const Platform& platform) {
+    handed_over = platform;
+}
+void clear_platform() {
+    handed_over = Platform{};
+}
 
-Clock& platform_clock() { return required(handed_over.clock, "clock"); }
-Boxes& boxes() { return required(handed_over.boxes, "boxes"); }
-FileDialogs& file_dialogs() { return required(handed_over.file_dialogs, "file dialogs"); }
-Files& files() { return required(handed_over.files, "files"); }
-SettingsStore& settings_store() { return required(handed_over.settings_store, "settings store"); }
+Clock& platform_clock() {
+    return required(handed_over.clock, "clock");
+}
+Boxes& boxes() {
+    return required(handed_over.boxes, "boxes");
+}
+FileDialogs& file_dialogs() {
+    return required(handed_over.file_dialogs, "file dialogs");
+}
+Files& files() {
+    return required(handed_over.files, "files");
+}
+SettingsStore& settings_store() {
+    return required(handed_over.settings_store, "settings store");
+}
 FileAssociations& file_associations() {
     return required(handed_over.file_associations, "file associations");
 }
-ProjectLock& project_lock() { return required(handed_over.project_lock, "project lock"); }
-SystemInfo& system_info() { return required(handed_over.system_info, "system info"); }
-HelpViewer& help_viewer() { return required(handed_over.help_viewer, "help viewer"); }
+ProjectLock& project_lock() {
+    return required(handed_over.project_lock, "project lock");
+}
+SystemInfo& system_info() {
+    return required(handed_over.system_info, "system info");
+}
+HelpViewer& help_viewer() {
+    return required(handed_over.help_viewer, "help viewer");
+}
 ports::SaveProgress& save_progress() {
     return required(handed_over.save_progress, "progress window");
 }
-ports::Main& main_window() { return required(handed_over.main, "main window"); }
-ports::Screens& screens() { return required(handed_over.screens, "screens"); }
+ports::Main& main_window() {
+    return required(handed_over.main, "main window");
+}
+ports::Screens& screens() {
+    return required(handed_over.screens, "screens");
+}
 
 ports::ReplaceItem& replace_item_screen() {
     return required(handed_over.replace_item, "replacement screen");
 }
 
-ports::FoodInventory* food_inventory() { return loaded_food_inventory; }
-ports::Mealbuilder* mealbuilder() { return loaded_mealbuilder; }
-ports::MealPlan* meal_plan() { return loaded_meal_plan; }
-ports::ShoppingList* shopping_list() { return loaded_shopping_list; }
-ports::Reports* reports() { return loaded_reports; }
-ports::CS1504GETUPC* scan_list() { return loaded_scan_list; }
-void set_food_inventory(ports::FoodInventory* screen) { loaded_food_inventory = screen; }
-void set_mealbuilder(ports::Mealbuilder* screen) { loaded_mealbuilder = screen; }
-void set_meal_plan(ports::MealPlan* screen) { loaded_meal_plan = screen; }
-void set_shopping_list(ports::ShoppingList* screen) { loaded_shopping_list = screen; }
-void set_reports(ports::Reports* screen) { loaded_reports = screen; }
-void set_scan_list(ports::CS1504GETUPC* screen) { loaded_scan_list = screen; }
+ports::FoodInventory* food_inventory() {
+    return loaded_food_inventory;
+}
+ports::Mealbuilder* mealbuilder() {
+    return loaded_mealbuilder;
+}
+ports::MealPlan* meal_plan() {
+    return loaded_meal_plan;
+}
+ports::ShoppingList* shopping_list() {
+    return loaded_shopping_list;
+}
+ports::Reports* reports() {
+    return loaded_reports;
+}
+ports::CS1504GETUPC* scan_list() {
+    return loaded_scan_list;
+}
+void set_food_inventory(ports::FoodInventory* screen) {
+    loaded_food_inventory = screen;
+}
+void set_mealbuilder(ports::Mealbuilder* screen) {
+    loaded_mealbuilder = screen;
+}
+void set_meal_plan(ports::MealPlan* screen) {
+    loaded_meal_plan = screen;
+}
+void set_shopping_list(ports::ShoppingList* screen) {
+    loaded_shopping_list = screen;
+}
+void set_reports(ports::Reports* screen) {
+    loaded_reports = screen;
+}
+void set_scan_list(ports::CS1504GETUPC* screen) {
+    loaded_scan_list = screen;
+}
 
 }  // namespace tavernook

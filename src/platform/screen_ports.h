@@ -56,6 +56,7 @@ class ShoppingList {
     virtual ~ShoppingList() = default;
 
     virtual void populate_list() = 0;
+    virtual void populate_list2() = 0;
 };
 
 class Reports {

@@ -99,8 +99,8 @@ void write_bytes(const Descriptor& file, const std::string& path, i64 offset,
     }
 }
 
-// Long writes start on their way to the disk at once, so that the flush behind them has less to wait
-// for. Only a hint: what matters is what the flush says.
+// Long writes start on their way to the disk at once, so that the flush behind them has less to
+// wait for. Only a hint: what matters is what the flush says.
 void start_writing_out(const Descriptor& file, i64 offset, std::size_t count) {
     constexpr std::size_t worth_it = 128 * 1024;
     if (count < worth_it) return;

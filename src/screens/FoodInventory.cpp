@@ -18,6 +18,7 @@
 #include "screens/icons.h"
 #include "screens/register_screens.h"
 #include "screens/shown_text.h"
+#include "shopping/shopping_flags.h"
 #include "ui_FoodInventory.h"
 
 namespace tavernook {
@@ -328,9 +329,12 @@ bool FoodInventory::store(bool is_new) {
 }
 
 void FoodInventory::tell_other_screens() {
-    ports::ShoppingList* list_to_buy = shopping_list();
-    if (list_to_buy != nullptr && items[shown_item_].on_shopping_list == 0) {
-        list_to_buy->populate_list();
+    if (items[shown_item_].on_shopping_list == 0) {
+        update_shopping_flag(shown_item_);
+        if (ports::ShoppingList* list_to_buy = shopping_list()) {
+            list_to_buy->populate_list();
+            list_to_buy->populate_list2();
+        }
     }
     if (ports::CS1504GETUPC* list = scan_list()) {
         list->refresh_item(barcode_, items[shown_item_].name.trimmed(), shown_item_);

@@ -196,7 +196,8 @@ void Main::refresh_commands() {
                                (command.needs == Needs::child_window && child);
         command_actions_[i]->setEnabled(available && needs_met);
         const QString why_not = obstacle(command, available, needs_met);
-        set_tips(*command_actions_[i], (QLatin1String(command.tip) + QLatin1Char(' ') + why_not).trimmed());
+        set_tips(*command_actions_[i],
+                 (QLatin1String(command.tip) + QLatin1Char(' ') + why_not).trimmed());
     }
     // A child window closes by the same keys.
     const QKeySequence close_keys = child ? QKeySequence() : QKeySequence(Qt::CTRL | Qt::Key_W);

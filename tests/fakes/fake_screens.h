@@ -94,6 +94,7 @@ class FakeShoppingList : public ports::ShoppingList {
     ~FakeShoppingList() override { set_shopping_list(nullptr); }
 
     void populate_list() override { calls_.add("ShoppingList populate_list"); }
+    void populate_list2() override { calls_.add("ShoppingList populate_list2"); }
 
   private:
     CallLog& calls_;

@@ -489,6 +489,17 @@ TEST_F(ItemScreen, UnitAndStoreListsFollowTheTablesAndKeepWhatIsShown) {
     EXPECT_EQ(text("store"), "");
 }
 
+TEST_F(ItemScreen, AcceptingAnItemThatIsLowPutsItOnTheShoppingList) {
+    put_item(1, "Rice", 1, 2);
+    open();
+    choose_row("c1");
+    enter("stock_quantity", "6");
+    enter("restock_quantity", "2");
+    accept();
+    EXPECT_EQ(items[1].on_shopping_list, i16_true);
+    EXPECT_EQ(items[1].shopping_quantity, 4);
+}
+
 TEST_F(ItemScreen, OtherScreensLearnOfAnAcceptedItem) {
     put_item(1, "Rice", 1, 2);
     items[1].barcode = "0123";
@@ -506,7 +517,7 @@ TEST_F(ItemScreen, OtherScreensLearnOfAnAcceptedItem) {
     }
     const std::vector<std::string> others{"CS1504GETUPC refresh_item 0123 Wild rice 1",
                                           "Reports search_engine", "Reports populate_list"};
-    std::vector<std::string> expected{"ShoppingList populate_list"};
+    std::vector<std::string> expected{"ShoppingList populate_list", "ShoppingList populate_list2"};
     for (int times = 0; times < 2; ++times) {
         expected.insert(expected.end(), others.begin(), others.end());
     }

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "gui/logged_warnings.h"
+#include "gui_support/warning_guard.h"
 #include "screens/main_commands_table.h"
 
 namespace tavernook {
@@ -36,8 +36,6 @@ class Icons : public testing::Test {
         palette.setColor(QPalette::HighlightedText, selected);
         QGuiApplication::setPalette(palette);
     }
-
-    LoggedWarnings warnings;
 };
 
 TEST_F(Icons, TakeTheirColoursFromThePaletteAndFollowIt) {

@@ -5,7 +5,7 @@
 
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
-#include "gui/logged_warnings.h"
+#include "gui_support/warning_guard.h"
 #include "inventory/lots.h"
 
 namespace tavernook {
@@ -38,7 +38,6 @@ class ItemModel : public testing::Test {
         return found;
     }
 
-    LoggedWarnings warnings;
     TestPlatform platform;
     ItemTreeModel model;
     QAbstractItemModelTester tester{&model,

@@ -15,7 +15,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
-#include "gui/logged_warnings.h"
+#include "gui_support/warning_guard.h"
 #include "platform/platform.h"
 #include "screens/Main.h"
 #include "screens/ReplaceItem.h"
@@ -115,7 +115,6 @@ class MainWindowTest : public testing::Test {
 
     static void settle() { QCoreApplication::processEvents(); }
 
-    LoggedWarnings warnings;
     TestPlatform platform;
     ReplacementScreen replacement;
     Main window;

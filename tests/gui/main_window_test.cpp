@@ -148,8 +148,7 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                      "mnuFile_SaveAs", "mnuFile_Close", "mnuFile_Exit",
                                      "mnuProject_FoodInventory", "toolbar_1_7", "mnu_wam",
                                      "mnu_tvkhelp", "mnuhelp_search", "mnu_about", "toolbar_1_1",
-                                     "toolbar_1_2", "toolbar_1_3", "toolbar_1_11",
-                                     "toolbar_2_5"}));
+                                     "toolbar_1_2", "toolbar_1_3", "toolbar_1_11", "toolbar_2_5"}));
 }
 
 TEST_F(MainWindow, ADisabledCommandSaysWhy) {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/test_platform.h"
-#include "gui/logged_warnings.h"
+#include "gui_support/warning_guard.h"
 #include "screens/SaveProgress.h"
 
 namespace tavernook {
@@ -16,7 +16,6 @@ class ProgressWindow : public testing::Test {
     int bar() { return window.findChild<QProgressBar*>("bar")->value(); }
     std::string label() { return window.findChild<QLabel*>("label")->text().toStdString(); }
 
-    LoggedWarnings warnings;
     TestPlatform platform;
     SaveProgress window;
 };

@@ -183,7 +183,6 @@ class TableCopy : public testing::Test {
                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
 
-    LoggedWarnings warnings;
     QStandardItemModel model;
     QTreeView view;
 };

@@ -21,8 +21,8 @@ class WarningGuard : public testing::EmptyTestEventListener {
 
   private:
     static void judge(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-        // Said of every window with a smallest size by the display that is none.
-        if (text == QLatin1String("This plugin does not support propagateSizeHints()")) return;
+        // What a display made of memory alone cannot do is no fault of the program.
+        if (text.startsWith(QLatin1String("This plugin does not support "))) return;
         const bool is_bad = type == QtWarningMsg || type == QtCriticalMsg;
         if (is_bad && !expected.isEmpty() && text.contains(expected)) {
             expected.clear();

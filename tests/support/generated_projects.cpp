@@ -26,7 +26,9 @@ class Numbers {
 
 constexpr Date first_day = 45292;  // 1 January 2024
 
-std::string numbered(const char* text, int number) { return text + std::to_string(number); }
+std::string numbered(const char* text, int number) {
+    return text + std::to_string(number);
+}
 
 template <typename Record, int Capacity>
 void name_rows(Table<Record, Capacity>& table, const char* text, int rows) {
@@ -81,9 +83,9 @@ void fill_details(i16 slot, Numbers& numbers) {
         *text = numbers.slot(200);
     }
     detail.created_date = first_day + slot / 8.0;
-    for (f64* amount : {&detail.fat, &detail.calories, &detail.cholestorol, &detail.sodium,
-                        &detail.potassium, &detail.carbohydrates, &detail.fiber, &detail.sugars,
-                        &detail.protien}) {
+    for (f64* amount :
+         {&detail.fat, &detail.calories, &detail.cholestorol, &detail.sodium, &detail.potassium,
+          &detail.carbohydrates, &detail.fiber, &detail.sugars, &detail.protien}) {
         *amount = numbers.quantity();
     }
     for (i16* unit : {&detail.fat_units, &detail.calories_units, &detail.cholestorol_units,

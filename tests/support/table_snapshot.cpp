@@ -9,11 +9,11 @@ namespace tavernook {
 namespace {
 
 struct Settings {
-    i16 words[15] = {audit_hour,        audit_minute,         expiration_warning_days,
-                     scanner_comm_port, scanner_reserved,     ftp_send_after_audit,
-                     audit_on_startup,  save_after_audit,     scanner_type,
-                     audit_days_ahead,  currency_symbol,      font_size,
-                     show_toolbar_text, project_tag,          lot_table_top};
+    i16 words[15] = {audit_hour,        audit_minute,     expiration_warning_days,
+                     scanner_comm_port, scanner_reserved, ftp_send_after_audit,
+                     audit_on_startup,  save_after_audit, scanner_type,
+                     audit_days_ahead,  currency_symbol,  font_size,
+                     show_toolbar_text, project_tag,      lot_table_top};
     f64 tax = sales_tax;
     Date created = project_created;
     FixedString<128> server = ftp_server;
