@@ -28,6 +28,11 @@ FileDialogRequest project_dialog(const char* title) {
     return {title, "Tavernook Files (*.tvk)|*.tvk", in_program_folder("*.tvk")};
 }
 
+// Saving moves the old file aside: behind a link that must be the file, or the link would go.
+std::string path_to_save(const char* title) {
+    return files().behind_link(file_dialogs().save_file(project_dialog(title)));
+}
+
 void show_project_title() {
     main_window().set_title("Tavernook - " + text_from_utf8(project_name));
 }
@@ -70,10 +75,10 @@ bool is_there_to_open(const std::string& path) {
 
 // True when the open project has given way, whether or not the new one could be opened.
 bool replace_open_project(const std::string& path) {
-    const std::string project = project_of_previous_version(path);
+    const std::string project = project_of_previous_version(files().behind_link(path));
     if (!is_there_to_open(project) || !claim_project(project)) return false;
     reset_project_tables();
-    open_project_at(path);
+    open_project_at(project);
     return true;
 }
 
@@ -146,7 +151,7 @@ bool create_project() {
     project_created = date_alone(platform_clock().now());
     bool may_go_on = false;
     if (!Project_Modified(may_go_on)) return false;
-    const std::string path = file_dialogs().save_file(project_dialog("New Project"));
+    const std::string path = path_to_save("New Project");
     if (!may_start_project_at(path) || !claim_project(path)) return false;
     write_new_project(path);
     return true;
@@ -178,7 +183,7 @@ void load_main_window(const std::string& command_line) {
     main_window().enable_project_menus(false);
     load_recent_menu();
     if (hide_welcome_dialog == 0 && command_line.empty()) main_window().show_welcome_dialog();
-    if (!command_line.empty()) open_project_at(command_line);
+    if (!command_line.empty()) open_project_at(files().behind_link(command_line));
     main_window().start_timer_pair();
 }
 
@@ -223,7 +228,7 @@ void mnuFile_Save() {
 void mnuFile_SaveAs() {
     if (project_open == 0) return;
     trap_in_main("mnuFile_SaveAs_Click", [] {
-        const std::string path = file_dialogs().save_file(project_dialog("Save As"));
+        const std::string path = path_to_save("Save As");
         // The open project's own name stays usable when only its last save failed.
         if (path != project_path && !may_start_project_at(path)) return;
         if (claim_project(path)) save_under(path);

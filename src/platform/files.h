@@ -41,6 +41,9 @@ class Files {
     virtual ~Files() = default;
 
     virtual bool exists(const std::string& path) = 0;
+
+    // The file that a symbolic link leads to; any other path as it is. Never throws.
+    virtual std::string behind_link(const std::string& path) = 0;
     virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;
     virtual void remove(const std::string& path) = 0;
 

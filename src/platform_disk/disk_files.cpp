@@ -207,6 +207,14 @@ bool DiskFiles::exists(const std::string& path) {
     throw_disk_fault(errno, path);
 }
 
+std::string DiskFiles::behind_link(const std::string& path) {
+    struct stat facts {};
+    if (::lstat(path.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) return path;
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                           &std::free);
+    return real == nullptr ? path : std::string(real.get());
+}
+
 std::unique_ptr<File> DiskFiles::open(const std::string& path, OpenMode mode) {
     const int flags = mode == OpenMode::read ? O_RDONLY : O_RDWR | O_CREAT;
     return std::make_unique<DiskFile>(open_plain_file(path, flags), path);

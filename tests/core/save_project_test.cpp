@@ -1,4 +1,6 @@
 // Save and Save As, as a user goes through them.
+#include <filesystem>
+
 #include "core/session_testing.h"
 
 namespace tavernook {
@@ -167,6 +169,19 @@ TEST_F(SaveProject, WithoutAProjectNothingIsWritten) {
     EXPECT_EQ(steps(), Steps{});
     EXPECT_TRUE(platform.files.log().empty());
     EXPECT_EQ(store_on_disk(home), "Corner shop");
+}
+
+TEST_F(SaveProject, BehindALinkTheFileIsSavedAndTheLinkStays) {
+    mnuFile_Close();
+    const std::string link = platform.path("link.tvk");
+    std::filesystem::create_symlink(home, link);
+    open_recent_project(link);
+    stores[1].name = "Harbour shop";
+    mnuFile_Save();
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_FALSE(std::filesystem::is_symlink(home));
+    EXPECT_EQ(store_on_disk(home), "Harbour shop");
+    EXPECT_EQ(project_path, home);
 }
 
 TEST_F(SaveProject, ASaveTakesTheUsageHistoryAlong) {

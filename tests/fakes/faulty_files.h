@@ -1,5 +1,5 @@
 // Counts and logs every operation on another Files and on the files it opens, and can make one of
-// them fail or end the process in its place. Closing a file is no operation.
+// them fail or end the process in its place. Closing a file is no operation, nor is following a link.
 //
 //   files.fail_at(n, fault_number::disk_full);   // for every n up to a first run's operations()
 //
@@ -45,6 +45,7 @@ class FaultyFiles : public Files {
     const std::vector<std::string>& log() const { return calls.entries; }
 
     bool exists(const std::string& path) override;
+    std::string behind_link(const std::string& path) override { return real_.behind_link(path); }
     std::unique_ptr<File> open(const std::string& path, OpenMode mode) override;
     void remove(const std::string& path) override;
     void rename(const std::string& from, const std::string& to) override;

@@ -44,6 +44,19 @@ TEST_F(DiskFilesTest, ReadGathersWhatTheSystemGivesInPieces) {
     EXPECT_EQ(read(*files.open(piecemeal, OpenMode::read), 0, 10'000).size(), 10'000u);
 }
 
+TEST_F(DiskFilesTest, BehindALinkIsTheFileThatItLeadsTo) {
+    write_whole_file(path("home.tvk"), "x");
+    std::filesystem::create_symlink("home.tvk", path("link.tvk"));
+    std::filesystem::create_symlink("link.tvk", path("link to link.tvk"));
+    std::filesystem::create_symlink("gone.tvk", path("broken.tvk"));
+    const std::string home = std::filesystem::canonical(path("home.tvk")).string();
+    EXPECT_EQ(files.behind_link(path("link.tvk")), home);
+    EXPECT_EQ(files.behind_link(path("link to link.tvk")), home);
+    EXPECT_EQ(files.behind_link(path("home.tvk")), path("home.tvk"));
+    EXPECT_EQ(files.behind_link(path("broken.tvk")), path("broken.tvk"));
+    EXPECT_EQ(files.behind_link(path("missing.tvk")), path("missing.tvk"));
+}
+
 TEST_F(DiskFilesTest, OpenReadWriteMakesAMissingFile) {
     files.open(path("new"), OpenMode::read_write);
     EXPECT_EQ(read_whole_file(path("new")), "");
