@@ -10,13 +10,18 @@ namespace tavernook {
 enum class Buttons { ok, yes_no, yes_no_cancel };
 enum class Answer { ok, yes, no, cancel };
 
+// What Enter presses: the first button, or No where there is one.
+enum class DefaultButton { first, no };
+
 class Boxes {
   public:
     virtual ~Boxes() = default;
 
-    // Closing a box without a choice counts as Cancel, or as No where there is no Cancel.
+    // A box that asks bears the question icon. Closing a box without a choice counts as Cancel, or
+    // as No where there is no Cancel.
     virtual Answer message(std::string_view text, Buttons buttons = Buttons::ok,
-                           std::string_view title = "Tavernook") = 0;
+                           std::string_view title = "Tavernook",
+                           DefaultButton default_button = DefaultButton::first) = 0;
 
     // Nothing on Cancel, which differs from an empty answer.
     virtual std::optional<std::string> input(std::string_view prompt, std::string_view title,

@@ -37,7 +37,15 @@ class Mealbuilder {
   public:
     virtual ~Mealbuilder() = default;
 
-    virtual i16 get_mealid() = 0;  // the recipe shown, 0 when none
+    virtual i16 get_mealid() = 0;        // the recipe shown, 0 when none
+    virtual void setid(i16 recipe) = 0;  // it counts as shown; nothing is loaded
+    virtual void clear_document() = 0;   // empties the pane; no file is touched
+
+    // Keys: the root "r0", a category's row + "r", a recipe's slot + "c".
+    virtual void add_node(std::string_view parent_key, std::string_view key,
+                          std::string_view name) = 0;  // and makes it visible
+    virtual void select_node(std::string_view key) = 0;
+
     virtual void add_ingredient(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void set_ingredient_qty(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void populate_tree() = 0;

@@ -106,7 +106,8 @@ QDialogButtonBox* ok_and_cancel(QDialog* dialog) {
 
 // Both boxes live on the heap: the window under them may go, and take them along, while they ask.
 
-Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view title) {
+Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
+                        DefaultButton default_button) {
     const auto icon = buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
     const QPointer<QMessageBox> box = new QMessageBox(icon, text_to_qstring(title), QString(),
                                                       standard_buttons(buttons), dialog_parent());
@@ -116,6 +117,7 @@ Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view
     box->setAccessibleName(box->windowTitle());
     box->setAccessibleDescription(box->text());
     box->setEscapeButton(button_of_escape(buttons));
+    if (default_button == DefaultButton::no) box->setDefaultButton(QMessageBox::No);
     name_buttons(*box);
     const int pressed = box->exec();
     if (box.isNull()) return answer_of(button_of_escape(buttons));

@@ -10,7 +10,8 @@ namespace tavernook {
 // field of the input box "input_field".
 class QtBoxes : public Boxes {
   public:
-    Answer message(std::string_view text, Buttons buttons, std::string_view title) override;
+    Answer message(std::string_view text, Buttons buttons, std::string_view title,
+                   DefaultButton default_button = DefaultButton::first) override;
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 };

@@ -118,7 +118,8 @@ inline constexpr const char* corrupted_box = "FileManagement.Project_Open - File
 // Notes what it is told and answers as if the user had pressed the default key.
 class NotingBoxes : public Boxes {
   public:
-    Answer message(std::string_view text, Buttons buttons, std::string_view) override {
+    Answer message(std::string_view text, Buttons buttons, std::string_view,
+                   DefaultButton) override {
         texts.emplace_back(text);
         return buttons == Buttons::ok ? Answer::ok : answer;
     }

@@ -18,6 +18,10 @@ const char* buttons_name(Buttons buttons) {
     return "?";
 }
 
+const char* default_name(DefaultButton button) {
+    return button == DefaultButton::no ? "no" : "first";
+}
+
 const char* answer_name(Answer answer) {
     switch (answer) {
         case Answer::ok:
@@ -57,13 +61,17 @@ std::string kind_difference(const ExpectedBox& expected, ExpectedBox::Kind kind)
 }
 
 std::string message_differences(const ExpectedBox& expected, const std::string& text,
-                                Buttons buttons, const std::string& title) {
+                                Buttons buttons, const std::string& title,
+                                DefaultButton default_button) {
     std::string found = kind_difference(expected, ExpectedBox::Kind::message);
     if (!found.empty()) return found;
     found = difference("text", expected.text, text);
     found += difference("title", expected.title_text.value_or(title), title);
     found += difference("buttons", buttons_name(expected.button_set.value_or(buttons)),
                         buttons_name(buttons));
+    found +=
+        difference("default button", default_name(expected.enter_presses.value_or(default_button)),
+                   default_name(default_button));
     if (!possible(expected.answer, buttons)) {
         found += std::string("\n  no button \"") + answer_name(expected.answer) + "\" among " +
                  buttons_name(buttons);
@@ -108,13 +116,15 @@ ExpectedBox& FakeBoxes::expect_input(std::string prompt, std::string title, std:
     return script_.add(std::move(box));
 }
 
-Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_view title) {
+Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
+                          DefaultButton default_button) {
     log.add(std::string(text));
     const std::string shown = "message \"" + std::string(text) + "\"";
     const std::optional<ExpectedBox> expected = script_.take(shown);
     if (!expected) return closed(buttons);
     report(*expected, shown,
-           message_differences(*expected, std::string(text), buttons, std::string(title)));
+           message_differences(*expected, std::string(text), buttons, std::string(title),
+                               default_button));
     if (expected->while_open) expected->while_open();
     const bool answers = expected->kind == ExpectedBox::Kind::message;
     return answers && possible(expected->answer, buttons) ? expected->answer : closed(buttons);

@@ -26,11 +26,12 @@ struct ExpectedBox {
     Kind kind;
     std::string text;
     Origin origin;
-    Answer answer = Answer::ok;               // of a message
-    std::string initial{};                    // of an input
-    std::optional<std::string> typed{};       // of an input; nothing = Cancel
-    std::optional<std::string> title_text{};  // not checked where it is nothing
-    std::optional<Buttons> button_set{};      // not checked where it is nothing
+    Answer answer = Answer::ok;                    // of a message
+    std::string initial{};                         // of an input
+    std::optional<std::string> typed{};            // of an input; nothing = Cancel
+    std::optional<std::string> title_text{};       // not checked where it is nothing
+    std::optional<Buttons> button_set{};           // not checked where it is nothing
+    std::optional<DefaultButton> enter_presses{};  // not checked where it is nothing
     std::function<void()> while_open{};
 
     ExpectedBox& title(std::string expected) {
@@ -39,6 +40,10 @@ struct ExpectedBox {
     }
     ExpectedBox& buttons(Buttons expected) {
         button_set = expected;
+        return *this;
+    }
+    ExpectedBox& default_button(DefaultButton expected) {
+        enter_presses = expected;
         return *this;
     }
     // Runs while the box is open, as the events do that arrive meanwhile.
@@ -68,7 +73,8 @@ class FakeBoxes : public Boxes {
     // The texts of all boxes so far.
     const std::vector<std::string>& shown() const { return log.entries; }
 
-    Answer message(std::string_view text, Buttons buttons, std::string_view title) override;
+    Answer message(std::string_view text, Buttons buttons, std::string_view title,
+                   DefaultButton default_button = DefaultButton::first) override;
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 

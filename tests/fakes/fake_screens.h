@@ -56,6 +56,19 @@ class FakeMealbuilder : public ports::Mealbuilder {
     i16 recipe = 0;
 
     i16 get_mealid() override { return recipe; }
+    void setid(i16 shown) override {
+        recipe = shown;
+        calls_.add("Mealbuilder setid " + std::to_string(shown));
+    }
+    void clear_document() override { calls_.add("Mealbuilder clear_document"); }
+    void add_node(std::string_view parent_key, std::string_view key,
+                  std::string_view name) override {
+        calls_.add("Mealbuilder add_node " + std::string(parent_key) + " " + std::string(key) +
+                   " " + std::string(name));
+    }
+    void select_node(std::string_view key) override {
+        calls_.add("Mealbuilder select_node " + std::string(key));
+    }
     void add_ingredient(i16 item, f64 quantity, i16 into) override {
         calls_.add("Mealbuilder add_ingredient " + amount_in(item, quantity, into));
     }

@@ -62,6 +62,17 @@ TEST(FakeBoxesTest, DifferentTitleOrButtonsFailTheTestWhereTheyWereStated) {
                             "buttons: \"yes_no_cancel\", expected \"yes_no\"");
 }
 
+TEST(FakeBoxesTest, ADifferentDefaultButtonFailsTheTestWhereItWasStated) {
+    FakeBoxes fake;
+    fake.expect_message("Sure?", Answer::yes);
+    fake.message("Sure?", Buttons::yes_no, "T", DefaultButton::no);
+    fake.expect_message("Sure?", Answer::yes).default_button(DefaultButton::no);
+    fake.message("Sure?", Buttons::yes_no, "T", DefaultButton::no);
+    fake.expect_message("Sure?", Answer::yes).default_button(DefaultButton::no);
+    EXPECT_NONFATAL_FAILURE(fake.message("Sure?", Buttons::yes_no, "T"),
+                            "default button: \"first\", expected \"no\"");
+}
+
 TEST(FakeBoxesTest, AnAnswerWithoutAButtonFailsTheTest) {
     FakeBoxes fake;
     Answer answer = Answer::yes;

@@ -58,6 +58,16 @@ TEST(MessageBox, LettersAndEnterPressTheButtons) {
     EXPECT_EQ(answer_to_key(Buttons::yes_no_cancel, Qt::Key_Return), Answer::yes);
 }
 
+TEST(MessageBox, EnterPressesNoWhereNoIsTheDefault) {
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        press_key(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtBoxes().message("Sure?", Buttons::yes_no, "Tavernook", DefaultButton::no),
+              Answer::no);
+}
+
 TEST(MessageBox, HasNoOtherButtonsThanAskedFor) {
     for (const auto& [buttons, count] :
          {std::pair{Buttons::ok, 1}, {Buttons::yes_no, 2}, {Buttons::yes_no_cancel, 3}}) {

@@ -1,0 +1,96 @@
+#include "recipes/meal_plans.h"
+
+#include <vector>
+
+#include "core/project_data.h"
+#include "inventory/lots.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+struct PlannedPlace {
+    i16 day;
+    i16 place;
+};
+
+struct StockReturn {
+    i16 item;
+    f64 quantity;
+};
+using StockReturns = std::vector<StockReturn>;
+
+std::size_t index_of(i16 place) {
+    if (place < 1 || place > day_places) throw Fault(fault_number::subscript_out_of_range);
+    return static_cast<std::size_t>(place);
+}
+
+std::vector<PlannedPlace> places_that_hold(i16 slot) {
+    std::vector<PlannedPlace> found;
+    for (i16 day = 1; day <= day_capacity; ++day) {
+        if (days[day].in_use != 1) continue;
+        for (i16 place = 1; place <= day_places; ++place) {
+            if (days[day].planned_meal[index_of(place)] == slot) found.push_back({day, place});
+        }
+    }
+    return found;
+}
+
+// Kept: the serving size divides twice, and households' stock has always been counted so.
+StockReturns stock_returns(i16 slot, i16 day, i16 place) {
+    const MealRecord& meal = meals[slot];
+    const f64 size = meal_serving_size[slot];
+    const f64 servings = day_quantities[day].meal_servings[index_of(place)];
+    StockReturns returns;
+    for (std::size_t at = 1; at <= ingredient_places; ++at) {
+        const i16 item = meal.ingredient_item[at];
+        if (item == 0) continue;
+        const ItemRecord& record = items[item];
+        const f64 share = divide(record.serving_size, record.servings_per_qty_unit);
+        const f64 quantity = divide(divide(servings, size), size) * meal.ingredient_qty[at] * share;
+        returns.push_back({item, quantity});
+    }
+    return returns;
+}
+
+void give_back(const StockReturns& returns) {
+    for (const auto& [item, quantity] : returns) {
+        ensure_lot_record(item);
+        add_to_lots(item, quantity);
+        ports::FoodInventory* screen = food_inventory();
+        if (screen != nullptr && screen->getindex() == item) screen->refresh_quantity();
+    }
+}
+
+}  // namespace
+
+bool remove_meal_from_plans(i16 slot, Answer adjust_stock) {
+    if (slot < 1) return true;  // 0 stands for "none" in every place that is free
+    const std::vector<PlannedPlace> planned = places_that_hold(slot);
+    std::vector<StockReturns> returns(planned.size());
+    if (adjust_stock == Answer::yes) {
+        for (std::size_t n = 0; n < planned.size(); ++n) {
+            returns[n] = stock_returns(slot, planned[n].day, planned[n].place);
+        }
+    }
+    for (std::size_t n = 0; n < planned.size(); ++n) {
+        give_back(returns[n]);
+        days[planned[n].day].planned_meal[index_of(planned[n].place)] = 0;
+    }
+    return true;
+}
+
+void restore_day_meal_stock(i16 slot, i16 day, i16 place) {
+    const Answer answer = boxes().message(
+        "You have chosen to edit an audited day.  Do you want the inventory for the items used by "
+        "this Meal to be adjusted as a result?",
+        Buttons::yes_no, "Inventory Adjustment", DefaultButton::no);
+    if (answer == Answer::yes) restore_day_meal_stock_quietly(slot, day, place);
+}
+
+void restore_day_meal_stock_quietly(i16 slot, i16 day, i16 place) {
+    give_back(stock_returns(slot, day, place));
+}
+
+}  // namespace tavernook
