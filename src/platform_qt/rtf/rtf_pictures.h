@@ -1,0 +1,18 @@
+// Pictures inside rich text.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+namespace tavernook::rtf {
+
+enum class PictureKind { unknown, compressed, bitmap, metafile };
+
+// Pixels of one picture; a larger one is not drawn.
+inline constexpr long long largest_picture = 30'000'000;
+
+// A null image when it cannot be drawn. `compressed` is PNG or JPEG, `bitmap` a device-independent
+// bitmap without file header; of a metafile the first bitmap inside is taken.
+QImage decoded_picture(PictureKind kind, const QByteArray& bytes);
+
+}  // namespace tavernook::rtf

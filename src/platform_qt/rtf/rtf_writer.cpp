@@ -1,0 +1,292 @@
+#include "platform_qt/rtf/rtf_writer.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPixmap>
+#include <QTextBlock>
+#include <QTextFragment>
+#include <QTextList>
+#include <QUrl>
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "basics/code_page.h"
+
+namespace tavernook::rtf {
+
+namespace {
+
+constexpr int twips_in_pixel = 15;
+constexpr int twips_in_list_level = 720;
+constexpr int twips_in_list_marker = 360;
+
+int twips(double pixels) {
+    return static_cast<int>(std::lround(std::clamp(pixels, -2000.0, 2000.0) * twips_in_pixel));
+}
+
+std::string word(const char* name, int parameter) {
+    return std::string("\\") + name + std::to_string(parameter);
+}
+
+void append_byte(std::string& out, unsigned char byte) {
+    static constexpr char digits[] = "0123456789abcdef";
+    out += digits[byte >> 4];
+    out += digits[byte & 15];
+}
+
+void append_unicode(std::string& out, char16_t unit) {
+    out += word("u", static_cast<std::int16_t>(unit)) + '?';
+}
+
+void append_character(std::string& out, char16_t unit) {
+    char byte = 0;
+    if (unit == u'\t') {
+        out += "\\tab ";
+    } else if (unit == 0x2028 || unit == 0x2029) {
+        out += "\\line ";
+    } else if (unit == 0x00A0) {
+        out += "\\~";
+    } else if (unit == '\\' || unit == '{' || unit == '}') {
+        out += '\\';
+        out += static_cast<char>(unit);
+    } else if (unit >= 0x20 && unit < 0x7F) {
+        out += static_cast<char>(unit);
+    } else if (unit >= 0xA0 && unit != 0xAD && byte_from_unicode(unit, byte)) {
+        out += "\\'";
+        append_byte(out, static_cast<unsigned char>(byte));
+    } else if (unit >= 0x80) {
+        append_unicode(out, unit);
+    }
+}
+
+std::string escaped(const QString& text) {
+    std::string out;
+    out.reserve(static_cast<std::size_t>(text.size()));
+    for (const QChar character : text) append_character(out, character.unicode());
+    return out;
+}
+
+QImage image_of(const QTextDocument& document, const QString& name) {
+    const QVariant resource = document.resource(QTextDocument::ImageResource, QUrl(name));
+    if (resource.canConvert<QImage>()) {
+        const QImage image = resource.value<QImage>();
+        if (!image.isNull()) return image;
+    }
+    if (resource.typeId() == QMetaType::QByteArray) return QImage::fromData(resource.toByteArray());
+    return {};
+}
+
+// The step of the size that headings from other sources carry instead of points.
+double adjusted_size(double points, const QTextCharFormat& format) {
+    static constexpr double factors[] = {0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
+    if (!format.hasProperty(QTextFormat::FontSizeAdjustment)) return points;
+    const int step = format.intProperty(QTextFormat::FontSizeAdjustment);
+    return points * factors[std::clamp(step + 2, 0, 6)];
+}
+
+class Writer {
+  public:
+    explicit Writer(const QTextDocument& document) : document_(document) {
+        font_index(default_family());
+    }
+
+    std::string run() {
+        for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
+            write_block(block);
+        }
+        return header() + body_ + "}\r\n";
+    }
+
+  private:
+    QString default_family() const { return document_.defaultFont().family(); }
+
+    std::string header() const {
+        std::string out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl";
+        for (std::size_t i = 0; i < fonts_.size(); ++i) {
+            QString name = fonts_[i];
+            name.remove(u';');
+            out +=
+                "{" + word("f", static_cast<int>(i)) + "\\fnil\\fcharset0 " + escaped(name) + ";}";
+        }
+        out += "}\r\n{\\colortbl ;";
+        for (const QRgb colour : colours_) {
+            out += word("red", qRed(colour)) + word("green", qGreen(colour)) +
+                   word("blue", qBlue(colour)) + ";";
+        }
+        return out + "}\r\n";
+    }
+
+    int font_index(const QString& family) {
+        const auto found = std::find(fonts_.begin(), fonts_.end(), family);
+        const auto index = static_cast<int>(found - fonts_.begin());
+        if (found == fonts_.end()) fonts_.push_back(family);
+        return index;
+    }
+
+    // 0 means the reader's own colour.
+    int colour_index(const QBrush& brush) {
+        if (brush.style() == Qt::NoBrush || brush.color().alpha() == 0) return 0;
+        const QRgb colour = brush.color().rgb();
+        const auto found = std::find(colours_.begin(), colours_.end(), colour);
+        const auto index = static_cast<int>(found - colours_.begin());
+        if (found == colours_.end()) colours_.push_back(colour);
+        return index + 1;
+    }
+
+    int half_points(const QTextCharFormat& format) const {
+        const QFont standard = document_.defaultFont();
+        double points = format.fontPointSize();
+        if (points <= 0 && format.hasProperty(QTextFormat::FontPixelSize)) {
+            points = format.intProperty(QTextFormat::FontPixelSize) * 0.75;
+        }
+        if (points <= 0) points = standard.pointSizeF();
+        if (points <= 0) points = standard.pixelSize() * 0.75;
+        return std::clamp(static_cast<int>(std::lround(adjusted_size(points, format) * 2)), 2,
+                          3276);
+    }
+
+    std::string look(const QTextCharFormat& format) {
+        const QStringList families = format.fontFamilies().toStringList();
+        const QString family = families.isEmpty() ? default_family() : families.front();
+        std::string out = "\\plain" + word("f", font_index(family));
+        out += word("fs", half_points(format));
+        if (format.fontWeight() >= QFont::DemiBold) out += "\\b";
+        if (format.fontItalic()) out += "\\i";
+        if (format.fontUnderline()) out += "\\ul";
+        if (format.fontStrikeOut()) out += "\\strike";
+        if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript) out += "\\super";
+        if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) out += "\\sub";
+        if (const int ink = colour_index(format.foreground())) out += word("cf", ink);
+        if (const int paper = colour_index(format.background())) {
+            out += word("highlight", paper) + word("chcbpat", paper);
+        }
+        return out + " ";
+    }
+
+    void write_block(const QTextBlock& block) {
+        const QTextBlockFormat format = block.blockFormat();
+        body_ += "\\pard";
+        write_alignment(format);
+        if (const int after = twips(format.rightMargin())) body_ += word("ri", after);
+        if (const int above = twips(format.topMargin())) body_ += word("sb", above);
+        if (const int below = twips(format.bottomMargin())) body_ += word("sa", below);
+        write_indent(block, format);
+        if (block.begin().atEnd()) body_ += look(block.charFormat());
+        for (auto part = block.begin(); !part.atEnd(); ++part) write_fragment(part.fragment());
+        body_ += "\\par\r\n";
+    }
+
+    void write_alignment(const QTextBlockFormat& format) {
+        if (format.layoutDirection() == Qt::RightToLeft) body_ += "\\rtlpar";
+        const Qt::Alignment side = format.alignment();
+        if (side & Qt::AlignHCenter) {
+            body_ += "\\qc";
+        } else if (side & Qt::AlignRight) {
+            body_ += "\\qr";
+        } else if (side & Qt::AlignJustify) {
+            body_ += "\\qj";
+        }
+    }
+
+    void write_indent(const QTextBlock& block, const QTextBlockFormat& format) {
+        const int left = twips(format.leftMargin() + format.indent() * document_.indentWidth());
+        const QTextList* list = block.textList();
+        if (list != nullptr) return write_list_entry(block, *list, left);
+        if (left != 0) body_ += word("li", left);
+        if (const int first = twips(format.textIndent())) body_ += word("fi", first);
+    }
+
+    void write_list_entry(const QTextBlock& block, const QTextList& list, int left) {
+        const int level = std::clamp(list.format().indent(), 1, 9);
+        body_ += word("fi", -twips_in_list_marker) + word("li", left + level * twips_in_list_level);
+        const std::string marker = escaped(marker_text(block, list));
+        // A marker before its form, so that readers of either find one.
+        body_ += "{\\pntext" + word("f", 0) + " " + marker + "\\tab}{\\*\\pn";
+        body_ += form_words(list.format().style(), marker) + "}";
+    }
+
+    static QString marker_text(const QTextBlock& block, const QTextList& list) {
+        switch (list.format().style()) {
+            case QTextListFormat::ListDisc:
+                return QString(QChar(u'\u2022'));
+            case QTextListFormat::ListCircle:
+                return QString(QChar(u'\u25CB'));
+            case QTextListFormat::ListSquare:
+                return QString(QChar(u'\u25AA'));
+            default:
+                return list.itemText(block);
+        }
+    }
+
+    static std::string form_words(QTextListFormat::Style style, const std::string& marker) {
+        const std::string indent = word("pnindent", twips_in_list_marker);
+        const auto numbered = [&](const char* kind) {
+            return std::string("\\pnlvlbody") + kind + "\\pnstart1" + indent + "{\\pntxta .}";
+        };
+        switch (style) {
+            case QTextListFormat::ListDecimal:
+                return numbered("\\pndec");
+            case QTextListFormat::ListLowerAlpha:
+                return numbered("\\pnlcltr");
+            case QTextListFormat::ListUpperAlpha:
+                return numbered("\\pnucltr");
+            case QTextListFormat::ListLowerRoman:
+                return numbered("\\pnlcrm");
+            case QTextListFormat::ListUpperRoman:
+                return numbered("\\pnucrm");
+            default:
+                return "\\pnlvlblt" + word("pnf", 0) + indent + "{\\pntxtb " + marker + "}";
+        }
+    }
+
+    void write_fragment(const QTextFragment& fragment) {
+        const QTextCharFormat format = fragment.charFormat();
+        body_ += look(format);
+        if (!format.isImageFormat()) {
+            body_ += escaped(fragment.text());
+            // Some word processors end a raised text at nothing else.
+            const auto height = format.verticalAlignment();
+            const bool raised = height == QTextCharFormat::AlignSuperScript ||
+                                height == QTextCharFormat::AlignSubScript;
+            if (raised) body_ += "\\nosupersub ";
+            return;
+        }
+        for (const QChar character : fragment.text()) {
+            if (character == QChar::ObjectReplacementCharacter) write_image(format.toImageFormat());
+        }
+    }
+
+    void write_image(const QTextImageFormat& format) {
+        const QImage image = image_of(document_, format.name());
+        QByteArray png;
+        QBuffer buffer(&png);
+        buffer.open(QIODevice::WriteOnly);
+        if (image.isNull() || !image.save(&buffer, "PNG")) return;
+        double width = format.width();
+        double height = format.height();
+        const double ratio = static_cast<double>(image.height()) / image.width();
+        if (width <= 0 && height <= 0) width = image.width();
+        if (width <= 0) width = height / ratio;
+        if (height <= 0) height = width * ratio;
+        body_ += "{\\pict\\pngblip" + word("picw", image.width()) + word("pich", image.height()) +
+                 word("picwgoal", twips(width)) + word("pichgoal", twips(height)) + "\r\n";
+        const std::string hex = png.toHex().toStdString();
+        constexpr std::size_t line = 128;
+        for (std::size_t i = 0; i < hex.size(); i += line) body_ += hex.substr(i, line) + "\r\n";
+        body_ += "}";
+    }
+
+    const QTextDocument& document_;
+    std::vector<QString> fonts_;
+    std::vector<QRgb> colours_;
+    std::string body_;
+};
+
+}  // namespace
+
+std::string written(const QTextDocument& document) {
+    return Writer(document).run();
+}
+
+}  // namespace tavernook::rtf
