@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <new>
 
 #include "basics/fault.h"
 #include "basics/values.h"
@@ -18,19 +19,24 @@ class Table {
     static constexpr int entries = Capacity + 1;
     static_assert(Capacity >= 1 && Capacity <= 32767, "slots are 16-bit numbers");
 
-    Table() = default;
+    // Touches no memory: the records come to life with the first access, so that a program that has
+    // nothing open yet starts quickly.
+    constexpr Table() noexcept : untouched_{} {}
+    ~Table() {
+        if (made_) records_.~Records();
+    }
     Table(const Table&) = delete;
     Table& operator=(const Table&) = delete;
 
     // Fault 9 outside 0..Capacity.
-    Record& operator[](i64 slot) { return records_[checked(slot)]; }
-    const Record& operator[](i64 slot) const { return records_[checked(slot)]; }
+    Record& operator[](i64 slot) { return records()[checked(slot)]; }
+    const Record& operator[](i64 slot) const { return records()[checked(slot)]; }
 
     // All entries, 0 included.
-    auto begin() { return records_.begin(); }
-    auto end() { return records_.end(); }
-    auto begin() const { return records_.begin(); }
-    auto end() const { return records_.end(); }
+    auto begin() { return records().begin(); }
+    auto end() { return records().end(); }
+    auto begin() const { return records().begin(); }
+    auto end() const { return records().end(); }
 
   private:
     static std::size_t checked(i64 slot) {
@@ -38,7 +44,22 @@ class Table {
         return static_cast<std::size_t>(slot);
     }
 
-    std::array<Record, static_cast<std::size_t>(Capacity) + 1> records_{};
+    using Records = std::array<Record, static_cast<std::size_t>(Capacity) + 1>;
+
+    Records& records() {
+        if (!made_) {
+            new (&records_) Records{};
+            made_ = true;
+        }
+        return records_;
+    }
+    const Records& records() const { return const_cast<Table*>(this)->records(); }
+
+    union {
+        char untouched_;
+        Records records_;
+    };
+    bool made_ = false;
 };
 
 }  // namespace tavernook
