@@ -2,6 +2,7 @@
 // accessor gives null while the screen is not loaded.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "basics/values.h"
@@ -46,6 +47,15 @@ class Mealbuilder {
                           std::string_view name) = 0;  // and makes it visible
     virtual void select_node(std::string_view key) = 0;
 
+    // Selects the recipe's node and shows list and document; what was shown before is saved first.
+    virtual void set_meal(i16 recipe) = 0;
+
+    // 1: opened by the planner, which comes back to the front when this screen closes; 0: nobody.
+    virtual void set_return(i16 mode) = 0;
+
+    // Writes the document shown, when it was changed, to its file. False when that failed.
+    virtual bool save_document() = 0;
+
     virtual void add_ingredient(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void set_ingredient_qty(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void populate_tree() = 0;
@@ -56,7 +66,20 @@ class MealPlan {
   public:
     virtual ~MealPlan() = default;
 
+    // Plan on the day shown; see planning/day_plans.
     virtual void Add_Item(i16 item, f64 servings) = 0;
+    virtual void add_meal(i16 recipe, f64 quantity) = 0;
+
+    virtual void populate_day() = 0;               // the day of the selected date
+    virtual void populate_days_Meals_Items() = 0;  // the list of current_day, then its totals
+    virtual void CalendarUpdate(i16 mode) = 0;     // the grid; 100 keeps the month in view
+    virtual void set_firstcall() = 0;              // counts as not yet drawn
+    virtual void populate_meal_recommendations() = 0;
+
+    // The day list can be changed, on a plain background, or not, on a grey one.
+    virtual void set_day_editable(bool editable) = 0;
+    virtual void reset_day_totals() = 0;         // 0, 0 and a formatted 0
+    virtual std::string selected_day_key() = 0;  // of the day list; empty when none is selected
 };
 
 class ShoppingList {

@@ -69,6 +69,17 @@ class FakeMealbuilder : public ports::Mealbuilder {
     void select_node(std::string_view key) override {
         calls_.add("Mealbuilder select_node " + std::string(key));
     }
+    void set_meal(i16 shown) override {
+        recipe = shown;
+        calls_.add("Mealbuilder set_meal " + std::to_string(shown));
+    }
+    void set_return(i16 mode) override {
+        calls_.add("Mealbuilder set_return " + std::to_string(mode));
+    }
+    bool save_document() override {
+        calls_.add("Mealbuilder save_document");
+        return true;
+    }
     void add_ingredient(i16 item, f64 quantity, i16 into) override {
         calls_.add("Mealbuilder add_ingredient " + amount_in(item, quantity, into));
     }
@@ -96,6 +107,25 @@ class FakeMealPlan : public ports::MealPlan {
     void Add_Item(i16 item, f64 servings) override {
         calls_.add("MealPlan Add_Item " + std::to_string(item) + " " + number_text(servings));
     }
+    void add_meal(i16 recipe, f64 quantity) override {
+        calls_.add("MealPlan add_meal " + std::to_string(recipe) + " " + number_text(quantity));
+    }
+    void populate_day() override { calls_.add("MealPlan populate_day"); }
+    void populate_days_Meals_Items() override { calls_.add("MealPlan populate_days_Meals_Items"); }
+    void CalendarUpdate(i16 mode) override {
+        calls_.add("MealPlan CalendarUpdate " + std::to_string(mode));
+    }
+    void set_firstcall() override { calls_.add("MealPlan set_firstcall"); }
+    void populate_meal_recommendations() override {
+        calls_.add("MealPlan populate_meal_recommendations");
+    }
+    void set_day_editable(bool editable) override {
+        calls_.add(editable ? "MealPlan set_day_editable" : "MealPlan set_day_editable not");
+    }
+    void reset_day_totals() override { calls_.add("MealPlan reset_day_totals"); }
+    std::string selected_day_key() override { return selected_key; }
+
+    std::string selected_key;
 
   private:
     CallLog& calls_;

@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 
 #include "fakes/temp_folder.h"
-#include "platform_qt/processes.h"
+#include "platform_qt/helper_program.h"
 #include "platform_qt/qt_text.h"
 
 namespace tavernook {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/temp_folder.h"
-#include "platform_qt/processes.h"
+#include "gui_support/processes.h"
 
 namespace tavernook {
 namespace {

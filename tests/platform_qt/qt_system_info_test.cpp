@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "platform_qt/processes.h"
+#include "platform_qt/helper_program.h"
 
 namespace tavernook {
 namespace {

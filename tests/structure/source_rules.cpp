@@ -19,13 +19,14 @@ using Rooms = std::set<std::string>;
 
 const Rooms logic_rooms = {"core",     "inventory", "recipes",  "planning", "shopping",
                            "barcodes", "reports",   "transfer", "aids"};
-const Rooms qt_rooms = {"platform_qt", "screens", "app"};
+const Rooms qt_rooms = {"rich_text", "platform_qt", "screens", "app"};
 
 // Room -> the rooms that its files may include.
 std::map<std::string, Rooms> allowed_arrows() {
     std::map<std::string, Rooms> arrows;
     arrows["basics"] = {"basics"};
     arrows["platform"] = {"platform", "basics"};
+    arrows["rich_text"] = {"rich_text", "basics"};
     arrows["platform_disk"] = {"platform_disk", "platform", "basics"};
     Rooms from_logic = logic_rooms;
     from_logic.insert({"platform", "basics"});
@@ -33,7 +34,7 @@ std::map<std::string, Rooms> allowed_arrows() {
     arrows["platform_qt"] = from_logic;
     arrows["platform_qt"].insert({"platform_qt", "platform_disk"});
     arrows["screens"] = from_logic;
-    arrows["screens"].insert("screens");
+    arrows["screens"].insert({"screens", "rich_text"});
     for (const auto& [room, targets] : arrows) arrows["app"].insert(room);
     arrows["app"].insert("app");
     return arrows;

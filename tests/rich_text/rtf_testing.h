@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "basics/fault.h"
-#include "platform_qt/rtf/rtf_reader.h"
+#include "rich_text/rtf_reader.h"
 
 namespace tavernook::rtf {
 

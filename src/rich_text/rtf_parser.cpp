@@ -1,9 +1,9 @@
-#include "platform_qt/rtf/rtf_parser.h"
+#include "rich_text/rtf_parser.h"
 
 #include <algorithm>
 
 #include "basics/fault.h"
-#include "platform_qt/rtf/rtf_characters.h"
+#include "rich_text/rtf_characters.h"
 
 namespace tavernook::rtf {
 

@@ -1,4 +1,4 @@
-#include "platform_qt/rtf/rtf_reader.h"
+#include "rich_text/rtf_reader.h"
 
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "basics/fault.h"
-#include "platform_qt/rtf/rtf_parser.h"
+#include "rich_text/rtf_parser.h"
 
 namespace tavernook::rtf {
 

@@ -1,9 +1,9 @@
-#include "platform_qt/rtf/rtf_reader.h"
+#include "rich_text/rtf_reader.h"
 
 #include <QTextList>
 
-#include "platform_qt/rtf/rtf_parser.h"
-#include "platform_qt/rtf_testing.h"
+#include "rich_text/rtf_parser.h"
+#include "rich_text/rtf_testing.h"
 
 namespace tavernook::rtf {
 namespace {

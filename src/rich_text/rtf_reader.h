@@ -5,7 +5,7 @@
 #include <QTextDocument>
 #include <string_view>
 
-#include "platform_qt/rtf/rtf_model.h"
+#include "rich_text/rtf_model.h"
 
 namespace tavernook::rtf {
 

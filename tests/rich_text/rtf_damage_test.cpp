@@ -1,6 +1,6 @@
 #include <random>
 
-#include "platform_qt/rtf_testing.h"
+#include "rich_text/rtf_testing.h"
 
 namespace tavernook::rtf {
 namespace {

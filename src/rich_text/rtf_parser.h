@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform_qt/rtf/rtf_model.h"
-#include "platform_qt/rtf/rtf_pictures.h"
-#include "platform_qt/rtf/rtf_tokens.h"
+#include "rich_text/rtf_model.h"
+#include "rich_text/rtf_pictures.h"
+#include "rich_text/rtf_tokens.h"
 
 namespace tavernook::rtf {
 

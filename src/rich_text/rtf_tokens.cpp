@@ -1,4 +1,4 @@
-#include "platform_qt/rtf/rtf_tokens.h"
+#include "rich_text/rtf_tokens.h"
 
 #include <algorithm>
 

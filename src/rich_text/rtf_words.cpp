@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <set>
 
-#include "platform_qt/rtf/rtf_characters.h"
-#include "platform_qt/rtf/rtf_parser.h"
+#include "rich_text/rtf_characters.h"
+#include "rich_text/rtf_parser.h"
 
 namespace tavernook::rtf {
 

@@ -1,4 +1,4 @@
-#include "platform_qt/rtf/rtf_writer.h"
+#include "rich_text/rtf_writer.h"
 
 #include <QBuffer>
 #include <QImage>

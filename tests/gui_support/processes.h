@@ -49,8 +49,4 @@ inline std::string output_of(const QString& program, const QStringList& argument
     return output;
 }
 
-inline QString helper_program() {
-    return QStringLiteral(TAVERNOOK_TEST_HELPER);
-}
-
 }  // namespace tavernook

@@ -1,4 +1,4 @@
-#include "platform_qt/rtf/rtf_pictures.h"
+#include "rich_text/rtf_pictures.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -1,4 +1,4 @@
-#include "platform_qt/rtf/rtf_characters.h"
+#include "rich_text/rtf_characters.h"
 
 #include <QStringDecoder>
 #include <algorithm>

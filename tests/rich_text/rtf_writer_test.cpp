@@ -1,4 +1,4 @@
-#include "platform_qt/rtf/rtf_writer.h"
+#include "rich_text/rtf_writer.h"
 
 #include <QImage>
 #include <QStandardPaths>
@@ -8,8 +8,8 @@
 #include <random>
 
 #include "fakes/temp_folder.h"
-#include "platform_qt/processes.h"
-#include "platform_qt/rtf_testing.h"
+#include "gui_support/processes.h"
+#include "rich_text/rtf_testing.h"
 
 namespace tavernook::rtf {
 namespace {
