@@ -226,7 +226,7 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; the measures; Help without the lessons.
+    // Six commands and the submenu of File; the settings, the measures and the items; Help without the lessons.
     EXPECT_EQ(reached, 7 + 3 + 3);
 }
 
