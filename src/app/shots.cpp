@@ -25,6 +25,7 @@
 #include "platform_qt/qt_platform.h"
 #include "screens/About.h"
 #include "screens/Main.h"
+#include "screens/ProjectSetup.h"
 #include "screens/ReplaceItem.h"
 #include "screens/SaveProgress.h"
 #include "screens/Splash.h"
@@ -127,6 +128,15 @@ void make_projects(const QString& folder) {
     load_recent_menu();
 }
 
+void take_settings(Photographer& photographer, Main& window) {
+    sales_tax = 7.5;
+    ProjectSetup setup(&window);
+    setup.show();
+    photographer.take(QStringLiteral("project_setup"), setup);
+    setup.close();
+    font_size = 0;
+}
+
 void take_screens(Photographer& photographer, Main& window, const QString& projects) {
     window.load("");
     window.show();
@@ -158,6 +168,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     const TakePicture take = [&photographer](const QString& name, QWidget& shown) {
         photographer.take(name, shown);
     };
+    take_settings(photographer, window);
     take_lookup_screens(window, take);
     take_inventory_screens(window, take);
 }

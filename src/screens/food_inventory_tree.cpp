@@ -10,6 +10,7 @@
 #include "inventory/item_form.h"
 #include "platform/platform.h"
 #include "screens/FoodInventory.h"
+#include "screens/list_font.h"
 #include "screens/list_parts.h"
 #include "screens/shown_text.h"
 #include "screens/table_copy.h"
@@ -50,6 +51,7 @@ void FoodInventory::set_up_tree() {
     set_up_columns();
     copy_rows_by_keys(tree);
     space_rows(tree);
+    follow_font_size(tree);
     rename_ = new QAction(tr("Rename"), this);
     rename_->setObjectName(QStringLiteral("rename"));
     rename_->setShortcut(Qt::Key_F2);

@@ -2,6 +2,7 @@
 
 #include "core/main_commands.h"
 #include "screens/Main.h"
+#include "screens/ProjectSetup.h"
 
 namespace tavernook {
 
@@ -34,6 +35,9 @@ void help_search(Main&) {
 void about(Main& window) {
     window.show_about();
 }
+void project_setup(Main& window) {
+    ProjectSetup(&window).exec();
+}
 void tile(Main& window) {
     window.tile();
 }
@@ -60,7 +64,7 @@ constexpr MainCommand commands[] = {
     {"mnuProject_MealPlanning", nullptr, "MealPlan", Needs::project, none, "Plan meals on the calendar."},
     {"mnuProject_FoodInventory", nullptr, "FoodInventory", Needs::project, none, "See and change what is in stock."},
     {"mnuProject_MealBuilder", nullptr, "Mealbuilder", Needs::project, none, "See and write recipes."},
-    {"Project_Setup", nullptr, "ProjectSetup", Needs::project, none, "Change the project's settings."},
+    {"Project_Setup", project_setup, none, Needs::project, none, "Change the project's settings."},
     {"Project_ScanList", nullptr, none, Needs::another_place, none, "Use the \"Scan List\" button of the toolbar."},
     {"Project_ShoppingList", nullptr, "ShoppingList", Needs::project, none, "See what has to be bought."},
     {"mnu_wam", nullptr, "wam", Needs::project, none, "See and change weights and measures."},
@@ -78,7 +82,7 @@ constexpr MainCommand commands[] = {
     {"toolbar_1_1", new_project, none, Needs::nothing, "new", "Start a new project."},
     {"toolbar_1_2", open, none, Needs::nothing, "open", "Open a project from a file."},
     {"toolbar_1_3", save, none, Needs::project_button, "save", "Save the open project."},
-    {"toolbar_1_5", nullptr, "ProjectSetup", Needs::project_button, "setup", "Change the project's settings."},
+    {"toolbar_1_5", project_setup, none, Needs::project_button, "setup", "Change the project's settings."},
     {"toolbar_1_7", nullptr, "FoodInventory", Needs::project_button, "inventory", "See and change what is in stock."},
     {"toolbar_1_8", nullptr, "MealPlan", Needs::project_button, "meal_plan", "Plan meals on the calendar."},
     {"toolbar_1_9", nullptr, "Mealbuilder", Needs::project_button, "recipes", "See and write recipes."},

@@ -1,0 +1,43 @@
+// The project's settings, modal over the main window. Most are written with OK; the check marks
+// and the scanner are written at once and stay on Cancel.
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "core/project_settings.h"
+
+class QCheckBox;
+class QComboBox;
+
+namespace tavernook {
+
+namespace Ui {
+class ProjectSetup;
+}
+
+class ProjectSetup : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit ProjectSetup(QWidget* parent);
+    ~ProjectSetup() override;
+
+    void accept() override;
+    void reject() override;
+
+  private:
+    void fill_lists();
+    void show_settings();
+    void show_audit_time_lists();
+    void show_scanner();
+    void connect_settings();
+    void write_at_once(QCheckBox* box, i16& setting, i16 when_checked);
+    void update_port();
+    SetupTexts typed_setup() const;
+
+    std::unique_ptr<Ui::ProjectSetup> ui_;
+    bool font_was_tried_ = false;
+};
+
+}  // namespace tavernook
