@@ -6,6 +6,7 @@
 #include "core/previous_version.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "planning/planner_state.h"
 #include "recipes/documents.h"
 
 namespace tavernook {
@@ -68,6 +69,7 @@ void reset_status() {
     hide_welcome_dialog = i16_false;
     window_geometry = WindowGeometry{};
     audit_done_flag = i16_false;
+    reset_planner_state();
     current_catagory = 1;
     category_edit_mode = 0;
     store_list_map.fill(0);

@@ -1,0 +1,42 @@
+// Recipes that would use up stock whose lots are past their dates.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basics/values.h"
+
+namespace tavernook {
+
+struct Recommendation {
+    i16 item = 0;
+    i16 recipe = 0;
+    std::string key;  // "i" item ":" recipe
+    std::string recipe_name;
+    std::string item_name;
+    std::string quantity;  // of the item, past its date; a plain number
+};
+
+struct MealRecommendations {
+    std::vector<Recommendation> rows;  // by items, then by recipes, both ascending
+    std::string caption;
+};
+
+// One row for each live recipe with a live item whose expiring_quantity is above 0. An item without
+// a lot record gets one. No question is asked and nothing else changes.
+MealRecommendations meal_recommendations();
+
+// The two numbers of a row's key; 0 for a key without a colon.
+i16 recommended_item(std::string_view key);
+i16 recommended_recipe(std::string_view key);
+
+// The popup's command: asks for a quantity and plans the recipe on current_day with whatever that
+// reads as, 0 included, after Cancel too. Nothing happens for a key without a colon. Throws what
+// add_meal throws.
+void add_recommended_meal(std::string_view key);
+
+// The double click: the same, but a quantity that reads as 0 adds nothing.
+void add_recommended_meal_unless_zero(std::string_view key);
+
+}  // namespace tavernook

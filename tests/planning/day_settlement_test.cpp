@@ -1,0 +1,176 @@
+// What an audited day gives back to the stock.
+#include "planning/planning_fixture.h"
+
+namespace tavernook {
+namespace {
+
+constexpr i16 day = 12;
+constexpr i16 bread = 4;
+constexpr i16 flour = 7;
+constexpr i16 salt = 8;
+
+// A bag of flour gives 4 servings of 0.5 cups, a box of salt 8 of 2 spoons.
+class DaySettlement : public PlanningTest {
+  protected:
+    DaySettlement() {
+        add_item(flour);
+        items[flour].serving_size = 0.5;
+        items[flour].servings_per_qty_unit = 4;
+        add_item(salt, "Salt");
+        items[salt].serving_size = 2;
+        items[salt].servings_per_qty_unit = 8;
+        add_meal(bread);
+        put(bread, 1, salt, 1);
+        add_day(day, 6, 2, 2024);
+        days[day].audited = -1;
+        plan_item(day, 30, flour, 3);
+        plan(day, 1, bread, 2);
+    }
+
+    void answer_items(Answer answer) {
+        platform.boxes.expect_message(item_stock_question, answer)
+            .title("Inventory Adjustment")
+            .buttons(Buttons::yes_no)
+            .default_button(DefaultButton::no);
+    }
+    void answer_meals(Answer answer) { platform.boxes.expect_message(meal_stock_question, answer); }
+};
+
+TEST_F(DaySettlement, GivesBackItemsFirstThenRecipes) {
+    answer_items(Answer::yes);
+    answer_meals(Answer::yes);
+    release_audited_day(day);
+    expect_lot(flour, 0, 1.5, now, now + 30);  // 3 / (4 x 0.5)
+    expect_lot(salt, 0, 0.5, now, now + 30);   // 2 servings x 1 x (2 / 8)
+    EXPECT_EQ(items[flour].quantity, 1.5);
+    EXPECT_EQ(items[salt].quantity, 0.5);
+    EXPECT_NE(project_modified, 0);
+}
+
+TEST_F(DaySettlement, EveryPlaceAsksForItself) {
+    plan_item(day, 1, salt, 16);
+    plan(day, 9, bread, 4);
+    answer_items(Answer::no);   // salt
+    answer_items(Answer::yes);  // flour
+    answer_meals(Answer::no);   // place 1
+    answer_meals(Answer::yes);  // place 9
+    release_audited_day(day);
+    EXPECT_EQ(items[flour].quantity, 1.5);
+    EXPECT_EQ(items[salt].quantity, 1);  // 4 servings x 1 x (2 / 8)
+}
+
+TEST_F(DaySettlement, AnsweredNoTheStockStays) {
+    answer_items(Answer::no);
+    answer_meals(Answer::no);
+    release_audited_day(day);
+    EXPECT_EQ(items[flour].quantity, 0);
+    EXPECT_EQ(items[salt].quantity, 0);
+    EXPECT_EQ(moves_written(), 0);
+}
+
+TEST_F(DaySettlement, LooksAtNoFlagAndLeavesThePlan) {
+    days[day].audited = 0;
+    answer_items(Answer::yes);
+    answer_meals(Answer::no);
+    release_audited_day(day);
+    EXPECT_EQ(items[flour].quantity, 1.5);
+    EXPECT_EQ(days[day].planned_item[30], flour);
+    EXPECT_EQ(days[day].planned_meal[1], bread);
+    EXPECT_EQ(days[day].audited, 0);
+}
+
+TEST_F(DaySettlement, OfAnEmptyDayAsksNothing) {
+    release_audited_day(3);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(DaySettlement, RefreshesTheQuantityOfTheItemOnTheScreen) {
+    FakeFoodInventory screen(platform.calls);
+    screen.index = flour;
+    answer_items(Answer::yes);
+    answer_meals(Answer::yes);
+    release_audited_day(day);
+    EXPECT_EQ(platform.calls.entries, Texts{"FoodInventory refresh_quantity"});
+}
+
+TEST_F(DaySettlement, WithAllLotsFilledTheStockStays) {
+    for (std::size_t at = 0; at < lot_places; ++at) set_lot(flour, at, 1);
+    items[flour].quantity = 16;
+    answer_items(Answer::yes);
+    answer_meals(Answer::no);
+    release_audited_day(day);
+    EXPECT_EQ(items[flour].quantity, 16);
+    EXPECT_EQ(lot_total(flour), 16);
+}
+
+TEST_F(DaySettlement, AnItemWithoutLotsGetsItsOwnStockIntoOneFirst) {
+    items[20].in_use = 1;
+    items[20].quantity = 5;
+    items[20].serving_size = 1;
+    items[20].servings_per_qty_unit = 2;
+    plan_item(day, 30, 20, 3);
+    answer_items(Answer::yes);
+    answer_meals(Answer::no);
+    release_audited_day(day);
+    EXPECT_EQ(lots[20].lot_quantity[0], 5);
+    EXPECT_EQ(lots[20].lot_quantity[1], 1.5);
+    EXPECT_EQ(items[20].quantity, 6.5);
+}
+
+TEST_F(DaySettlement, AnAmountThatCannotBeWorkedOutKeepsNobodyElsesStockBack) {
+    plan_item(day, 1, salt, 16);
+    items[salt].serving_size = 0;
+    answer_items(Answer::yes);  // salt
+    answer_items(Answer::yes);  // flour
+    answer_meals(Answer::no);
+    EXPECT_EQ(fault_of([] { release_audited_day(day); }), 11);
+    EXPECT_EQ(items[salt].quantity, 0);
+    EXPECT_EQ(items[flour].quantity, 1.5);
+}
+
+TEST_F(DaySettlement, AnsweredNoAnAmountThatCannotBeWorkedOutIsNotMissed) {
+    items[flour].servings_per_qty_unit = 0;
+    answer_items(Answer::no);
+    answer_meals(Answer::yes);
+    release_audited_day(day);
+    EXPECT_EQ(items[salt].quantity, 0.5);
+}
+
+TEST_F(DaySettlement, PlansOutsideTheTablesAreFaults) {
+    plan_item(day, 30, 10001, 1);
+    plan(day, 1, -5, 1);
+    answer_items(Answer::yes);
+    answer_meals(Answer::yes);
+    EXPECT_EQ(fault_of([] { release_audited_day(day); }), 9);
+    EXPECT_EQ(fault_of([] { release_audited_day(0); }), 9);
+    EXPECT_EQ(fault_of([] { release_audited_day(1096); }), 9);
+}
+
+TEST_F(DaySettlement, EditingAnAuditedDayMakesItADayToBeAudited) {
+    PlannerScreen screen(platform.calls);
+    open_june(2);
+    answer_items(Answer::yes);
+    answer_meals(Answer::no);
+    edit_audited_day();
+    EXPECT_EQ(days[day].audited, 0);
+    EXPECT_EQ(items[flour].quantity, 1.5);
+    EXPECT_EQ(days[day].planned_item[30], flour);
+    EXPECT_NE(project_modified, 0);
+    EXPECT_EQ(platform.calls.entries,
+              (Texts{"MealPlan set_day_editable", "MealPlan CalendarUpdate 100",
+                     "MealPlan populate_days_Meals_Items"}));
+}
+
+TEST_F(DaySettlement, EditingADayWithAnAmountThatCannotBeWorkedOutShowsOneBox) {
+    open_june(2);
+    items[flour].serving_size = 0;
+    answer_items(Answer::yes);
+    answer_meals(Answer::yes);
+    platform.boxes.expect_message("there has been an error");
+    edit_audited_day();
+    EXPECT_EQ(days[day].audited, 0);
+    EXPECT_EQ(items[salt].quantity, 0.5);
+}
+
+}  // namespace
+}  // namespace tavernook
