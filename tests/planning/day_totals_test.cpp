@@ -107,6 +107,14 @@ TEST_F(DayTotalsTest, AnItemWithoutServingSizeIsADivisionByZero) {
     EXPECT_EQ(fault_of([] { totals(); }), 11);
 }
 
+TEST_F(DayTotalsTest, PlannedWithoutAQuantityItCostsNothing) {
+    items[flour].serving_size = 0;
+    items[flour].cost = 3;
+    plan_item(day, 1, flour, 0);
+    EXPECT_EQ(totals().cost, 0);
+    EXPECT_EQ(day_totals_shown(day).cost_text, "$0.00");
+}
+
 TEST_F(DayTotalsTest, ShownItIsOneBoxAndTheTotalsOfAnEmptyDay) {
     items[flour].serving_size = 0;
     items[flour].servings_per_qty_unit = 0;
