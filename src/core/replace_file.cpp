@@ -1,0 +1,38 @@
+#include "core/replace_file.h"
+
+#include "basics/text.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+void write_flushed(const std::string& path, std::string_view bytes) {
+    const auto file = files().open(path, OpenMode::read_write);
+    file->write(0, bytes);
+    file->flush();
+}
+
+void remove_left_over(const std::string& path) {
+    try {
+        files().remove(path);
+    } catch (...) {  // the fault that brought us here is the one to tell
+    }
+}
+
+}  // namespace
+
+void replace_file(const std::string& path, std::string_view bytes) {
+    files().make_folder(folder_of(path));
+    const std::string fresh = path + ".new";
+    if (files().exists(fresh)) files().remove(fresh);
+    try {
+        write_flushed(fresh, bytes);
+        files().rename(fresh, path);
+    } catch (...) {
+        remove_left_over(fresh);
+        throw;
+    }
+}
+
+}  // namespace tavernook
