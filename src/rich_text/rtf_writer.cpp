@@ -63,7 +63,14 @@ void append_character(std::string& out, char16_t unit) {
 std::string escaped(const QString& text) {
     std::string out;
     out.reserve(static_cast<std::size_t>(text.size()));
-    for (const QChar character : text) append_character(out, character.unicode());
+    bool after_blank = false;
+    for (const QChar character : text) {
+        const bool blank = character == u' ';
+        // Some word processors widen a row of blanks; an empty group parts it for them.
+        if (blank && after_blank) out += "{}";
+        append_character(out, character.unicode());
+        after_blank = blank;
+    }
     return out;
 }
 
