@@ -26,7 +26,9 @@ double seconds_since(Stopwatch::time_point start) {
 // Boxes that answer Yes at once and keep no record.
 class YesBoxes : public Boxes {
   public:
-    Answer message(std::string_view, Buttons, std::string_view) override { return Answer::yes; }
+    Answer message(std::string_view, Buttons, std::string_view, DefaultButton) override {
+        return Answer::yes;
+    }
     std::optional<std::string> input(std::string_view, std::string_view,
                                      std::string_view) override {
         return std::nullopt;
