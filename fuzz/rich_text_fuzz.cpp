@@ -1,5 +1,5 @@
 // Rich text from any bytes: every file is read or refused, and what was read and written back
-// reads as the same text.
+// reads as the same text and is written as the same bytes again.
 #include <QGuiApplication>
 #include <QTextDocument>
 #include <cstdint>
@@ -25,19 +25,20 @@ long long pixels_of(const rtf::Content& content) {
     return pixels;
 }
 
-void require_equal(const QString& read_first, const QString& read_again, const std::string& bytes) {
-    if (read_first == read_again) return;
-    std::fprintf(stderr, "first: %s\nagain: %s\nwritten: %s\n", qUtf8Printable(read_first),
-                 qUtf8Printable(read_again), bytes.c_str());
+void require_equal(const std::string& first, const std::string& again) {
+    if (first == again) return;
+    std::fprintf(stderr, "first: %s\nagain: %s\n", first.c_str(), again.c_str());
     std::abort();
 }
 
-// A fault of the second reading ends the run: what the program wrote it must read.
-void write_and_read_again(const QTextDocument& document) {
+// A fault of the second reading ends the run: what the program wrote it must read. What it
+// read is written as the same bytes again, but for the resolution that a picture may lack.
+void write_and_read_again(const QTextDocument& document, bool has_pictures) {
     const std::string bytes = rtf::written(document);
     QTextDocument again;
     rtf::read(bytes, again);
-    require_equal(document.toPlainText(), again.toPlainText(), bytes);
+    require_equal(document.toPlainText().toStdString(), again.toPlainText().toStdString());
+    if (!has_pictures) require_equal(bytes, rtf::written(again));
 }
 
 void read(std::string_view input) {
@@ -49,7 +50,9 @@ void read(std::string_view input) {
     }
     QTextDocument document;
     rtf::fill(document, content);
-    if (pixels_of(content) <= most_pixels_to_write) write_and_read_again(document);
+    if (pixels_of(content) <= most_pixels_to_write) {
+        write_and_read_again(document, !content.pictures.empty());
+    }
 }
 
 }  // namespace

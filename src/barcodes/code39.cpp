@@ -97,7 +97,7 @@ void draw_character(char character, int left, Picture& picture) {
 }
 
 std::string text_of(i16 number, bool is_meal) {
-    if (is_meal) return "tvk" + std::to_string(number);
+    if (is_meal) return std::string("tvk").append(std::to_string(number));
     return std::string(trim(items[number].barcode.stored()));
 }
 

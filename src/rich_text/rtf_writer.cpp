@@ -112,7 +112,7 @@ class Writer {
         std::string out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl";
         for (std::size_t i = 0; i < fonts_.size(); ++i) {
             QString name = fonts_[i];
-            name.remove(u';');
+            name = name.remove(u';').simplified();
             out +=
                 "{" + word("f", static_cast<int>(i)) + "\\fnil\\fcharset0 " + escaped(name) + ";}";
         }

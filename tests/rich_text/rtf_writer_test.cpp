@@ -38,6 +38,30 @@ TEST(RtfWriter, BytesArePlainAscii) {
     EXPECT_TRUE(std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte >= 0; }));
 }
 
+TEST(RtfWriter, NamesOfFontsInAnyLanguageComeBack) {
+    for (const char* name : {"Noto Serif", "Crème", "明朝体", "Шрифт 2", "{a} \\ b"}) {
+        QTextCharFormat format;
+        format.setFontFamilies({QString::fromUtf8(name)});
+        QTextDocument document;
+        QTextCursor(&document).insertText(QStringLiteral("x"), format);
+        QTextDocument again;
+        read(written(document), again);
+        EXPECT_EQ(format_at(again, "x").fontFamilies().toStringList().join(u','),
+                  QString::fromUtf8(name));
+    }
+}
+
+// "A", two blanks and "B; C" are one name to the writer, without the sign that would end it.
+TEST(RtfWriter, BlanksAndSemicolonsInAFontsNameAreTidied) {
+    QTextCharFormat format;
+    format.setFontFamilies({QStringLiteral("A  B; C")});
+    QTextDocument document;
+    QTextCursor(&document).insertText(QStringLiteral("x"), format);
+    QTextDocument again;
+    read(written(document), again);
+    EXPECT_EQ(format_at(again, "x").fontFamilies().toStringList(), QStringList("A B C"));
+}
+
 TEST(RtfWriter, ARowOfBlanksIsKept) {
     QTextDocument document;
     document.setPlainText(QStringLiteral("a  b   c    "));
