@@ -113,8 +113,8 @@ class Writer {
         for (std::size_t i = 0; i < fonts_.size(); ++i) {
             QString name = fonts_[i];
             name = name.remove(u';').simplified();
-            out +=
-                "{" + word("f", static_cast<int>(i)) + "\\fnil\\fcharset0 " + escaped(name) + ";}";
+            out += '{';
+            out += word("f", static_cast<int>(i)) + "\\fnil\\fcharset0 " + escaped(name) + ";}";
         }
         out += "}\r\n{\\colortbl ;";
         for (const QRgb colour : colours_) {

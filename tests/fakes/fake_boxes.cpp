@@ -118,6 +118,7 @@ ExpectedBox& FakeBoxes::expect_input(std::string prompt, std::string title, std:
 
 Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
                           DefaultButton default_button) {
+    const bool exclaims = std::exchange(warns_, false);
     log.add(std::string(text));
     const std::string shown = "message \"" + std::string(text) + "\"";
     const std::optional<ExpectedBox> expected = script_.take(shown);
@@ -125,7 +126,7 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
     report(*expected, shown,
            message_differences(*expected, std::string(text), buttons, std::string(title),
                                default_button));
-    if (expected->exclaims.value_or(warns_) != warns_) {
+    if (expected->exclaims && !exclaims) {
         report(*expected, shown, "\n  without the exclamation icon");
     }
     if (expected->while_open) expected->while_open();
@@ -136,7 +137,6 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
 void FakeBoxes::warning(std::string_view text, std::string_view title) {
     warns_ = true;
     message(text, Buttons::ok, title);
-    warns_ = false;
 }
 
 std::optional<std::string> FakeBoxes::input(std::string_view prompt, std::string_view title,

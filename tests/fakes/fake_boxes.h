@@ -32,7 +32,7 @@ struct ExpectedBox {
     std::optional<std::string> title_text{};       // not checked where it is nothing
     std::optional<Buttons> button_set{};           // not checked where it is nothing
     std::optional<DefaultButton> enter_presses{};  // not checked where it is nothing
-    std::optional<bool> exclaims{};                // not checked where it is nothing
+    bool exclaims = false;                         // not checked where it is false
     std::function<void()> while_open{};
 
     ExpectedBox& title(std::string expected) {
