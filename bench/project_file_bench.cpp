@@ -5,18 +5,16 @@
 //
 // A save also deletes the version before it, which for 10 MB takes the system a quarter of the
 // whole time; save_full_project_in_place_of_old has a yardstick that does so too.
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <cstdlib>
 #include <memory>
-#include <vector>
 
 #include "core/file_management.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "measured_pairs.h"
 #include "platform/platform.h"
 #include "support/generated_projects.h"
 
@@ -71,37 +69,6 @@ struct Household {
     mutable TestPlatform platform;
     std::string bytes;
 };
-
-template <typename Work>
-double seconds_of(Work work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-// `work` and `yardstick` in turns; `prepare` comes before each `work` and is not measured.
-template <typename Prepare, typename Work, typename Yardstick>
-void measure_pairs(benchmark::State& state, Prepare prepare, Work work, Yardstick yardstick) {
-    std::vector<double> works;
-    std::vector<double> yardsticks;
-    std::vector<double> ratios;
-    for (auto _ : state) {
-        yardsticks.push_back(seconds_of(yardstick));
-        prepare();
-        works.push_back(seconds_of(work));
-        ratios.push_back(works.back() / yardsticks.back());
-        state.SetIterationTime(works.back());
-    }
-    state.counters["median_ms"] = median(works) * 1e3;
-    state.counters["yardstick_ms"] = median(yardsticks) * 1e3;
-    state.counters["ratio"] = median(ratios);
-}
 
 // Tables as a fresh program has them; texts give their memory back.
 void start_afresh() {

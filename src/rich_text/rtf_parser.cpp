@@ -127,16 +127,22 @@ void Parser::take_font_text(std::string_view text) {
         if (byte == ';') {
             finish_font();
         } else {
-            font_name_ += byte;
+            font_bytes_ += byte;
         }
     }
 }
 
+void Parser::flush_font_bytes() {
+    const auto font = content_.fonts.find(font_);
+    const bool known = font != content_.fonts.end() && font->second.code_page != 0;
+    font_name_ += decoded(font_bytes_, known ? font->second.code_page : document_code_page_);
+    font_bytes_.clear();
+}
+
 void Parser::finish_font() {
-    if (font_name_.empty()) return;
-    Font& font = content_.fonts[font_];
-    const int code_page = font.code_page != 0 ? font.code_page : document_code_page_;
-    font.name = without_structure_marks(decoded(font_name_, code_page)).trimmed();
+    flush_font_bytes();
+    if (font_name_.isEmpty()) return;
+    content_.fonts[font_].name = without_structure_marks(std::move(font_name_)).simplified();
     font_name_.clear();
 }
 
@@ -204,6 +210,11 @@ void Parser::add_character(char16_t character) {
 
 void Parser::add_text(QString text) {
     text = without_structure_marks(std::move(text));
+    if (state_.destination == Destination::fonts) {
+        flush_font_bytes();
+        font_name_ += text;
+        return;
+    }
     if (text.isEmpty() || state_.look.hidden) return;
     if (state_.destination == Destination::list_marker) {
         marker_ += text.left(32);

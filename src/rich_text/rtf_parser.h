@@ -57,6 +57,7 @@ class Parser {
     void add_character(char16_t character);
     void add_text(QString text);
     void flush_bytes();
+    void flush_font_bytes();
     void finish_font();
     void finish_picture();
     void finish_list_form();
@@ -83,7 +84,9 @@ class Parser {
     int document_code_page_ = 1252;
     int default_font_ = 0;
     int font_ = 0;
-    std::string font_name_;
+    QString font_name_;
+    // The part of the name that waits for the font's character set.
+    std::string font_bytes_;
     bool colour_given_ = false;
     QColor colour_ = Qt::black;
 

@@ -170,6 +170,10 @@ bool Parser::take_font_word(const Token& token) {
         content_.fonts[font_].symbols = token.parameter == 2;
         return true;
     }
+    if (token.text == "u") {
+        take_unicode(token.parameter);
+        return true;
+    }
     if (token.text == "cpg") content_.fonts[font_].code_page = token.parameter;
     return token.text == "cpg";
 }

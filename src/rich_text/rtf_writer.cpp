@@ -63,7 +63,14 @@ void append_character(std::string& out, char16_t unit) {
 std::string escaped(const QString& text) {
     std::string out;
     out.reserve(static_cast<std::size_t>(text.size()));
-    for (const QChar character : text) append_character(out, character.unicode());
+    bool after_blank = false;
+    for (const QChar character : text) {
+        const bool blank = character == u' ';
+        // Some word processors widen a row of blanks; an empty group parts it for them.
+        if (blank && after_blank) out += "{}";
+        append_character(out, character.unicode());
+        after_blank = blank;
+    }
     return out;
 }
 
@@ -105,9 +112,9 @@ class Writer {
         std::string out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl";
         for (std::size_t i = 0; i < fonts_.size(); ++i) {
             QString name = fonts_[i];
-            name.remove(u';');
-            out +=
-                "{" + word("f", static_cast<int>(i)) + "\\fnil\\fcharset0 " + escaped(name) + ";}";
+            name = name.remove(u';').simplified();
+            out += '{';
+            out += word("f", static_cast<int>(i)) + "\\fnil\\fcharset0 " + escaped(name) + ";}";
         }
         out += "}\r\n{\\colortbl ;";
         for (const QRgb colour : colours_) {

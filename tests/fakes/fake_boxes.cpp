@@ -118,6 +118,7 @@ ExpectedBox& FakeBoxes::expect_input(std::string prompt, std::string title, std:
 
 Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
                           DefaultButton default_button) {
+    const bool exclaims = std::exchange(warns_, false);
     log.add(std::string(text));
     const std::string shown = "message \"" + std::string(text) + "\"";
     const std::optional<ExpectedBox> expected = script_.take(shown);
@@ -125,9 +126,17 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
     report(*expected, shown,
            message_differences(*expected, std::string(text), buttons, std::string(title),
                                default_button));
+    if (expected->exclaims && !exclaims) {
+        report(*expected, shown, "\n  without the exclamation icon");
+    }
     if (expected->while_open) expected->while_open();
     const bool answers = expected->kind == ExpectedBox::Kind::message;
     return answers && possible(expected->answer, buttons) ? expected->answer : closed(buttons);
+}
+
+void FakeBoxes::warning(std::string_view text, std::string_view title) {
+    warns_ = true;
+    message(text, Buttons::ok, title);
 }
 
 std::optional<std::string> FakeBoxes::input(std::string_view prompt, std::string_view title,

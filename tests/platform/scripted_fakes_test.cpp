@@ -50,6 +50,17 @@ TEST(FakeBoxesTest, ADifferentTextFailsTheTest) {
                             "text: \"Saved\", expected \"Saved.\"");
 }
 
+TEST(FakeBoxesTest, AWarningIsAMessageWithTheExclamationIcon) {
+    FakeBoxes fake;
+    fake.expect_message("Too much.").title("Kitchen").buttons(Buttons::ok).warning();
+    fake.warning("Too much.", "Kitchen");
+    fake.expect_message("Too much.").warning();
+    EXPECT_NONFATAL_FAILURE(fake.message("Too much.", Buttons::ok, "Kitchen"),
+                            "without the exclamation icon");
+    fake.expect_message("Too much.");
+    fake.warning("Too much.", "Kitchen");
+}
+
 TEST(FakeBoxesTest, DifferentTitleOrButtonsFailTheTestWhereTheyWereStated) {
     FakeBoxes fake;
     fake.expect_message("Save?", Answer::yes);

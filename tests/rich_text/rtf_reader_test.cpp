@@ -33,6 +33,15 @@ TEST(RtfReader, TheFontsCharacterSetGoesFirst) {
               "ÌМ");
 }
 
+TEST(RtfReader, NamesOfFontsInTheirCharacterSetAndInUnicode) {
+    const Content content = parse(
+        "{\\rtf1{\\fonttbl{\\f0\\fcharset128 \\'96\\'be\\'92\\'a9{\\*\\falt Other};}"
+        "{\\f1\\uc1 A\\u26126?\\u26397\\'3f B;}}x}");
+    // U+660E U+671D are 96 BE, 92 A9 in the code page.
+    EXPECT_EQ(content.fonts.at(0).name, QString::fromUtf8("明朝"));
+    EXPECT_EQ(content.fonts.at(1).name, QString::fromUtf8("A明朝 B"));
+}
+
 TEST(RtfReader, DoubleByteCharactersOfMixedSpelling) {
     // U+30BD is 83 5C, U+8868 is 95 5C in the code page; 5C is a backslash.
     EXPECT_EQ(text_of("{\\rtf1{\\fonttbl{\\f0\\fcharset128 M;}}\\f0\\'83\\'5c\\'95\\\\}"), "ソ表");
