@@ -5,9 +5,11 @@
 #include <QFileInfo>
 #include <string>
 
+#include "aids/sample_project.h"
 #include "platform/platform.h"
 #include "platform_qt/program_files.h"
 #include "platform_qt/qt_text.h"
+#include "platform_qt/shipped_sample.h"
 #include "screens/icons.h"
 
 namespace tavernook {
@@ -34,7 +36,9 @@ bool place_program_files() {
     const QString from = shipped_files_folder();
     const bool placed =
         install_program_files(qstring_to_path(from), system_info().program_folder());
-    return placed || from.isEmpty();
+    set_shipped_sample(shipped_sample());
+    const bool sample_placed = lay_out_sample_project(platform_clock().now());
+    return (placed || from.isEmpty()) && sample_placed;
 }
 
 }  // namespace tavernook
