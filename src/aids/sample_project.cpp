@@ -34,8 +34,9 @@ void write_and_flush(const std::string& path, const std::string& bytes) {
     file->flush();
 }
 
-// Written beside its place and then renamed, so that no half file ever bears the name. What an
-// interrupted start left beside it goes.
+// Written beside its place and then renamed, so that no half file ever bears the name. A name that
+// is lost with the power comes back at the next start, so the folder is not flushed: the first
+// start shall not wait for the disk. What an interrupted start left beside it goes.
 void write_whole(const std::string& path, const std::string& bytes) {
     const std::string unfinished = path + ".new";
     if (files().is_taken(unfinished)) files().remove(unfinished);
@@ -46,7 +47,6 @@ void write_whole(const std::string& path, const std::string& bytes) {
         trap([&] { files().remove(unfinished); }, [](const Fault&) {});
         throw;
     }
-    files().flush_folder(folder_of(path));
 }
 
 void place(const std::string& name, Date today) {

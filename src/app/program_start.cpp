@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QTimer>
 #include <string>
 
 #include "aids/sample_project.h"
@@ -37,8 +38,14 @@ bool place_program_files() {
     const bool placed =
         install_program_files(qstring_to_path(from), system_info().program_folder());
     set_shipped_sample(shipped_sample());
-    const bool sample_placed = lay_out_sample_project(platform_clock().now());
-    return (placed || from.isEmpty()) && sample_placed;
+    return placed || from.isEmpty();
+}
+
+void place_sample_household(Placing& placing) {
+    constexpr int while_the_splash_stands = 200;
+    QTimer::singleShot(while_the_splash_stands, QCoreApplication::instance(), [&placing] {
+        if (!lay_out_sample_project(platform_clock().now())) placing.complete = false;
+    });
 }
 
 }  // namespace tavernook

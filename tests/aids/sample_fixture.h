@@ -20,12 +20,15 @@ inline const std::filesystem::path& sample_sources() {
 
 // The sample as the build made it.
 inline ShippedSample built_sample() {
-    make_sample::Documents documents = make_sample::fill_tables(sample_sources());
-    reset_project_tables();
+    static const make_sample::Documents documents = [] {
+        make_sample::Documents found = make_sample::fill_tables(sample_sources());
+        reset_project_tables();
+        return found;
+    }();
     ShippedSample sample;
     sample.names.push_back(sample_file_name);
     for (const auto& [name, path] : documents) sample.names.push_back("recipes/" + name);
-    sample.bytes = [documents](const std::string& name) {
+    sample.bytes = [](const std::string& name) {
         if (name == sample_file_name) return read_whole_file(TAVERNOOK_SAMPLE_PROJECT);
         return read_whole_file(documents.at(name.substr(8)).string());
     };

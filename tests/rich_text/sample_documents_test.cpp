@@ -51,7 +51,7 @@ TEST(SampleDocuments, ArePlainRichTextOfSmallSize) {
     for (const auto& path : sample_documents()) {
         SCOPED_TRACE(path);
         const std::string bytes = file_bytes(path);
-        EXPECT_LT(bytes.size(), 15'000U);
+        EXPECT_LT(bytes.size(), 20'000U);
         EXPECT_EQ(bytes.substr(0, 24), "{\\rtf1\\ansi\\ansicpg1252\\");
         for (const char byte : bytes) {
             ASSERT_TRUE((byte >= ' ' && byte < 0x7F) || byte == '\n') << static_cast<int>(byte);

@@ -38,6 +38,8 @@ void apply_setting(const Row& row) {
         audit_hour = to_i16(row.whole("Value", 0, 23));
     } else if (setting == "audit_minute") {
         audit_minute = to_i16(row.whole("Value", 0, 59));
+    } else if (setting == "show_toolbar_text") {
+        show_toolbar_text = to_i16(row.whole("Value", -1, 0));
     } else {
         row.fail("unknown setting \"" + setting + "\"");
     }
