@@ -143,7 +143,7 @@ TEST_F(SampleTest, LayingOutTouchesNoOpenProject) {
     EXPECT_EQ(items[1].name, "Mine too");
 }
 
-TEST_F(SampleTest, OpeningNamesTheProjectAsTheLessonsDo) {
+TEST_F(SampleTest, OpeningShowsTheNameWithACapital) {
     open_sample();
     EXPECT_EQ(project_name, "Sample17.tvk");
     EXPECT_EQ(project_path, in_program("sample17.tvk"));
