@@ -43,6 +43,7 @@ class KeptFiles : public Files {
     std::map<std::string, std::string> kept;
 
     bool exists(const std::string& path) override { return kept.count(path) != 0; }
+    bool is_taken(const std::string& path) override { return exists(path); }
     std::string behind_link(const std::string& path) override { return path; }
     std::unique_ptr<File> open(const std::string& path, OpenMode mode) override {
         if (mode == OpenMode::read && !exists(path)) throw Fault(fault_number::file_not_found);

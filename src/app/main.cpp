@@ -29,10 +29,11 @@ int main(int argc, char** argv) {
     QObject::connect(&main_window, &Main::unloaded, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
 
-    const bool placed = place_program_files();
+    Placing placing{place_program_files()};
+    place_sample_household(placing);
     Splash splash;
     start_program(main_window, splash, project_argument(QCoreApplication::arguments().mid(1)));
-    if (!placed) {
+    if (!placing.complete) {
         main_window.set_status(1, "Some files that come with Tavernook could not be put in place.");
     }
     return QApplication::exec();

@@ -3,11 +3,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QTimer>
 #include <string>
 
+#include "aids/sample_project.h"
 #include "platform/platform.h"
 #include "platform_qt/program_files.h"
 #include "platform_qt/qt_text.h"
+#include "platform_qt/shipped_sample.h"
 #include "screens/icons.h"
 
 namespace tavernook {
@@ -34,7 +37,15 @@ bool place_program_files() {
     const QString from = shipped_files_folder();
     const bool placed =
         install_program_files(qstring_to_path(from), system_info().program_folder());
+    set_shipped_sample(shipped_sample());
     return placed || from.isEmpty();
+}
+
+void place_sample_household(Placing& placing) {
+    constexpr int while_the_splash_stands = 200;
+    QTimer::singleShot(while_the_splash_stands, QCoreApplication::instance(), [&placing] {
+        if (!lay_out_sample_project(platform_clock().now())) placing.complete = false;
+    });
 }
 
 }  // namespace tavernook

@@ -8,7 +8,16 @@ namespace tavernook {
 // The names by which the desktop knows the program, its icon and version.
 void introduce_program(QApplication& application);
 
-// Places the files that come with the program among the user's. False when one could not be placed.
+// Places the files that come with the program among the user's and hands the sample household over.
+// False when one could not be placed.
 [[nodiscard]] bool place_program_files();
+
+struct Placing {
+    bool complete = true;
+};
+
+// Lays the sample household out while the splash stands, so that the first window does not wait for
+// the disk. `placing` must live as long as the program.
+void place_sample_household(Placing& placing);
 
 }  // namespace tavernook

@@ -53,12 +53,6 @@ void set_program_defaults() {
     sales_tax = 0;
 }
 
-// A project that could not be opened or made is not the last one that was open, either.
-void give_up_project() {
-    project_close();
-    set_project_path({});
-}
-
 // The path is claimed already, and the project that was open before has been saved or let go.
 void open_project_at(const std::string& path) {
     set_project_path(path);
@@ -285,6 +279,11 @@ void project_close() {
         main_window().set_toolbar_state(1);
         release_claims();
     });
+}
+
+void give_up_project() {
+    project_close();
+    set_project_path({});
 }
 
 void init_forms() {

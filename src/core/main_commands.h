@@ -47,6 +47,9 @@ bool Project_Modified(bool& may_go_on);
 // Back to the idle window: tables reset, screens unloaded, menus off. Does not ask.
 void project_close();
 
+// After a project that could not be opened or made: closed, and not the last one that was open.
+void give_up_project();
+
 // Loads the item inventory screen.
 void init_forms();
 

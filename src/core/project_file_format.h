@@ -37,6 +37,7 @@ inline constexpr int day_stride = 137;
 inline constexpr int setup_size = 446;
 inline constexpr int setup_room = 1152;
 inline constexpr int documents_gap = 2;
+inline constexpr int setup_project_created_offset = 28;
 inline constexpr int setup_item_details_slot = 410;
 inline constexpr int setup_strings_slot = 416;
 inline constexpr int setup_day_quantities_slot = 422;

@@ -42,6 +42,9 @@ class Files {
 
     virtual bool exists(const std::string& path) = 0;
 
+    // The same, but a symbolic link that leads nowhere has the name, too.
+    virtual bool is_taken(const std::string& path) = 0;
+
     // The file that a symbolic link leads to; any other path as it is. Never throws.
     virtual std::string behind_link(const std::string& path) = 0;
     virtual std::unique_ptr<File> open(const std::string& path, OpenMode mode) = 0;

@@ -207,6 +207,13 @@ bool DiskFiles::exists(const std::string& path) {
     throw_disk_fault(errno, path);
 }
 
+bool DiskFiles::is_taken(const std::string& path) {
+    struct stat facts {};
+    if (::lstat(system_path(path), &facts) == 0) return true;
+    if (errno == ENOENT || errno == ENOTDIR) return false;
+    throw_disk_fault(errno, path);
+}
+
 std::string DiskFiles::behind_link(const std::string& path) {
     struct stat facts {};
     if (::lstat(path.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) return path;

@@ -14,6 +14,7 @@ class DiskFiles : public Files {
   public:
     // True for folders too; false for a link that leads nowhere.
     bool exists(const std::string& path) override;
+    bool is_taken(const std::string& path) override;
     std::string behind_link(const std::string& path) override;
 
     // Follows symbolic links. Fault 75 for folders, pipes and sockets.

@@ -58,8 +58,11 @@ StartPage::StartPage(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui
         button->setFocusPolicy(Qt::StrongFocus);
         button->setAccessibleName(button->text());
     }
+    ui_->start_sample->setAutoDefault(true);
+    ui_->start_sample->setCursor(Qt::PointingHandCursor);
     connect(ui_->start_new, &QToolButton::clicked, this, &StartPage::new_wanted);
     connect(ui_->start_open, &QToolButton::clicked, this, &StartPage::open_wanted);
+    connect(ui_->start_sample, &QPushButton::clicked, this, &StartPage::sample_wanted);
     follow_palette_and_font();
     set_recent_files({});
     show_idle();
@@ -87,6 +90,7 @@ void StartPage::show_parts(bool idle) {
     idle_ = idle;
     ui_->start_new->setVisible(idle);
     ui_->start_open->setVisible(idle);
+    ui_->start_sample->setVisible(idle);
     ui_->recent_heading->setVisible(idle && ui_->recent_links->count() > 0);
     for (int i = 0; i < ui_->recent_links->count(); ++i) {
         ui_->recent_links->itemAt(i)->widget()->setVisible(idle);
@@ -100,7 +104,7 @@ void StartPage::set_recent_files(const std::vector<std::string>& paths) {
         item->widget()->deleteLater();
         delete item;
     }
-    QWidget* before = ui_->start_open;
+    QWidget* before = ui_->start_sample;
     for (std::size_t i = 0; i < paths.size(); ++i) {
         add_link(static_cast<int>(i), paths[i]);
         QWidget* link = ui_->recent_links->itemAt(static_cast<int>(i))->widget();
@@ -137,6 +141,7 @@ void StartPage::follow_palette_and_font() {
     }
     dress_button(ui_->start_new, QStringLiteral("new"));
     dress_button(ui_->start_open, QStringLiteral("open"));
+    set_text_colour(ui_->start_sample, QPalette::ButtonText, present.color(QPalette::Link));
     for (int i = 0; i < ui_->recent_links->count(); ++i) {
         set_text_colour(ui_->recent_links->itemAt(i)->widget(), QPalette::ButtonText,
                         present.color(QPalette::Link));

@@ -1,5 +1,5 @@
-// What the main window shows while no screen is open in it: what to do first, with the two
-// commands for that and the recent projects; with a project open, what this is.
+// What the main window shows while no screen is open in it: what to do first, with the commands
+// for that, the sample and the recent projects; with a project open, what this is.
 #pragma once
 
 #include <QWidget>
@@ -30,6 +30,7 @@ class StartPage : public QWidget {
   Q_SIGNALS:
     void new_wanted();
     void open_wanted();
+    void sample_wanted();
     void recent_wanted(int index);  // from 0
 
   protected:

@@ -14,6 +14,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "aids/sample_project.h"
 #include "core/project_data.h"
 #include "platform/platform.h"
 #include "screens/Main.h"
@@ -130,6 +131,7 @@ void Main::set_up_start_page() {
     viewport->installEventFilter(this);
     connect(start_page_, &StartPage::new_wanted, ui_->mnuFile_NewProject, &QAction::trigger);
     connect(start_page_, &StartPage::open_wanted, ui_->mnuFile_Open, &QAction::trigger);
+    connect(start_page_, &StartPage::sample_wanted, this, [this] { run(SeedProject); });
     connect(start_page_, &StartPage::recent_wanted, this, &Main::open_recent);
     ui_->mdi_area->setMinimumSize(start_page_->minimumSizeHint());
     connect(ui_->mdi_area, &QMdiArea::subWindowActivated, this, [this] { refresh(); });

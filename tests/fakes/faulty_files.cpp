@@ -91,6 +91,11 @@ void FaultyFiles::start_over() {
     calls.clear();
 }
 
+bool FaultyFiles::is_taken(const std::string& path) {
+    count("is_taken " + name_of(path));
+    return real_.is_taken(path);
+}
+
 bool FaultyFiles::exists(const std::string& path) {
     count("exists " + name_of(path));
     return real_.exists(path);

@@ -1,13 +1,14 @@
 // Counts and logs every operation on another Files and on the files it opens, and can make one of
-// them fail or end the process in its place. Closing a file is no operation, nor is following a link.
+// them fail or end the process in its place. Closing a file is no operation, nor is following a
+// link.
 //
 //   files.fail_at(n, fault_number::disk_full);   // for every n up to a first run's operations()
 //
 // The log names files by their last part: "open home.tvk read", "open home.tvk read_write",
 // "read home.tvk 0 48" (offset and count), "write home.tvk 100 176", "length home.tvk",
-// "flush home.tvk", "exists home.tvk", "remove home.tvk", "rename home.tvk -> home.previous.tvk",
-// "copy a.tvk -> b.tvk", "modified home.tvk", "flush_folder saves", "list saves .tvk",
-// "make_folder saves". An operation that was made to fail ends in " fault 61".
+// "flush home.tvk", "exists home.tvk", "is_taken home.tvk", "remove home.tvk", "rename home.tvk ->
+// home.previous.tvk", "copy a.tvk -> b.tvk", "modified home.tvk", "flush_folder saves", "list saves
+// .tvk", "make_folder saves". An operation that was made to fail ends in " fault 61".
 #pragma once
 
 #include <memory>
@@ -45,6 +46,7 @@ class FaultyFiles : public Files {
     const std::vector<std::string>& log() const { return calls.entries; }
 
     bool exists(const std::string& path) override;
+    bool is_taken(const std::string& path) override;
     std::string behind_link(const std::string& path) override { return real_.behind_link(path); }
     std::unique_ptr<File> open(const std::string& path, OpenMode mode) override;
     void remove(const std::string& path) override;

@@ -193,7 +193,7 @@ TEST_F(MainWindow, EveryCommandHasTextAndTips) {
 TEST_F(MainWindow, EveryPartHasAnAccessibleName) {
     for (const char* name :
          {"toolbar_1", "toolbar_2", "mdi_area", "status_panel_1", "status_panel_2",
-          "status_panel_3", "StartPage", "start_new", "start_open"}) {
+          "status_panel_3", "StartPage", "start_new", "start_open", "start_sample"}) {
         auto* part = window.findChild<QWidget*>(QLatin1String(name));
         ASSERT_NE(part, nullptr) << name;
         EXPECT_FALSE(part->accessibleName().isEmpty()) << name;
@@ -260,6 +260,8 @@ TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
     EXPECT_EQ(focused(), "start_new");
     press("Tab");
     EXPECT_EQ(focused(), "start_open");
+    press("Tab");
+    EXPECT_EQ(focused(), "start_sample");
 }
 
 TEST_F(MainWindow, TheStatusBarHasThreePanels) {

@@ -218,6 +218,17 @@ TEST_F(DiskFilesTest, ExistsForFilesAndFoldersOnly) {
     EXPECT_FALSE(files.exists(""));
 }
 
+TEST_F(DiskFilesTest, ANameIsTakenByALinkThatLeadsNowhereToo) {
+    write_whole_file(path("a"), "x");
+    std::filesystem::create_symlink("nowhere", path("link"));
+    EXPECT_TRUE(files.is_taken(path("a")));
+    EXPECT_TRUE(files.is_taken(folder.path()));
+    EXPECT_TRUE(files.is_taken(path("link")));
+    EXPECT_FALSE(files.is_taken(path("b")));
+    EXPECT_FALSE(files.is_taken(path("no/b")));
+    EXPECT_FALSE(files.is_taken(path("a/b")));
+}
+
 TEST_F(DiskFilesTest, RemoveTakesFilesAndRefusesFolders) {
     write_whole_file(path("a"), "x");
     files.make_folder(path("sub"));

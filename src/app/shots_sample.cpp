@@ -1,0 +1,43 @@
+#include "app/shots_sample.h"
+
+#include <QPushButton>
+
+#include "app/program_start.h"
+#include "core/main_commands.h"
+#include "core/program_state.h"
+#include "inventory/items.h"
+#include "platform/platform.h"
+#include "screens/Main.h"
+#include "screens/register_screens.h"
+
+namespace tavernook {
+
+namespace {
+
+void take_item(Main& window, const TakePicture& take, const char* item, const char* picture) {
+    food_inventory()->view_item(find_item_by_name(item), i16_true);
+    take(QLatin1String(picture), window);
+}
+
+}  // namespace
+
+void take_sample_screens(Main& window, const TakePicture& take) {
+    project_modified = i16_false;
+    project_close();
+    if (!place_program_files()) return;
+    const QSize size = window.size();
+    window.resize(1200, 800);
+    window.findChild<QPushButton*>(QStringLiteral("start_sample"))->click();
+    take(QStringLiteral("sample_open"), window);
+    QWidget* screen = show_screen(QStringLiteral("FoodInventory"));
+    take(QStringLiteral("sample_items"), window);
+    take_item(window, take, "Baby Spinach", "sample_item_spinach");
+    take_item(window, take, "All-Purpose Flour", "sample_item_flour");
+    food_inventory()->populate_Alpha();
+    take_item(window, take, "Whole Milk", "sample_item_list");
+    screen->parentWidget()->close();
+    project_close();
+    window.resize(size);
+}
+
+}  // namespace tavernook
