@@ -1,5 +1,6 @@
 #include "screens/recipe_pane.h"
 
+#include <QEvent>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
@@ -29,7 +30,13 @@ RecipePane::RecipePane(QWidget* parent)
     connect(toolbar_, &RecipeToolbar::picture_wanted, this, &RecipePane::InsertImage);
     connect(toolbar_, &RecipeToolbar::barcode_wanted, this, &RecipePane::barcode_wanted);
     connect(toolbar_, &RecipeToolbar::information_wanted, this, &RecipePane::information_wanted);
+    text_->take_paper(palette());
     set_editable(false);
+}
+
+void RecipePane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) text_->take_paper(palette());
 }
 
 void RecipePane::load(std::string_view rich_text) {

@@ -63,6 +63,9 @@ class RecipePane : public QWidget {
     void barcode_wanted();
     void information_wanted();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     void insert_picture_file(const std::string& path);
     void tell_refused_picture();

@@ -1,6 +1,6 @@
 #include "screens/recipe_text.h"
 
-#include <QApplication>
+#include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QTextDocumentFragment>
 #include <QUrl>
@@ -71,7 +71,6 @@ RecipeText::RecipeText(QWidget* parent)
     keep_font();
     viewport()->setMouseTracking(true);
     document()->documentLayout()->registerHandler(QTextFormat::ImageObject, pictures_);
-    take_paper();
 }
 
 void RecipeText::replace_with(const rtf::Content& content) {
@@ -142,11 +141,8 @@ void RecipeText::keep_font() {
     if (document()->defaultFont() != first_font()) document()->setDefaultFont(first_font());
 }
 
-void RecipeText::take_paper() {
-    if (taking_paper_) return;
-    taking_paper_ = true;
-    setPalette(paper(QApplication::palette()));
-    taking_paper_ = false;
+void RecipeText::take_paper(const QPalette& around) {
+    setPalette(paper(around));
 }
 
 void RecipeText::changeEvent(QEvent* event) {
@@ -154,10 +150,6 @@ void RecipeText::changeEvent(QEvent* event) {
     // The document's font is the recipe's and not the screen's.
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
         keep_font();
-    }
-    if (event->type() == QEvent::ApplicationPaletteChange ||
-        event->type() == QEvent::PaletteChange) {
-        take_paper();
     }
 }
 
