@@ -2,7 +2,6 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
-#include <QTextDocumentFragment>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
@@ -104,19 +103,6 @@ bool RecipeText::insert_picture(const QImage& picture) {
     textCursor().insertImage(format);
     ensureCursorVisible();
     return true;
-}
-
-void RecipeText::insert_content(const rtf::Content& content) {
-    QTextDocument piece;
-    piece.setDefaultFont(document()->defaultFont());
-    rtf::fill(piece, content);
-    for_each_picture(piece, [&](QTextCursor place, QTextImageFormat format) {
-        const QVariant picture = piece.resource(QTextDocument::ImageResource, format.name());
-        format.setName(add_picture(picture.value<QImage>()));
-        place.setCharFormat(format);
-    });
-    textCursor().insertFragment(QTextDocumentFragment(&piece));
-    ensureCursorVisible();
 }
 
 // What the layout takes for the resolution of the screen; points and lengths grow with it.

@@ -200,6 +200,8 @@ void RecipeToolbar::name_buttons() {
     }
     auto* more = bar_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (more == nullptr) return;
+    // The style's own sign is hardly seen in dark palettes.
+    more->setIcon(icon(QStringLiteral("more")));
     more->setAccessibleName(tr("More commands"));
     more->setToolTip(tr("More commands"));
 }

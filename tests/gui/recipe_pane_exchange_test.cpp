@@ -222,6 +222,49 @@ TEST_F(RecipePaneExchange, CutAndPasteMoveAText) {
     EXPECT_EQ(saved_look("strong").fontWeight(), QFont::Bold);
 }
 
+TEST_F(RecipePaneExchange, AWordTakesNoParagraphFormWithIt) {
+    pane.load(R"({\rtf1\pard one \par\pard\qc centred\par
+\pard{\pntext\'B7\tab}{\*\pn\pnlvlblt{\pntxtb\'B7}}\fi-360\li720 listed\par})");
+    for (const char* word : {"centred", "listed"}) {
+        select(word);
+        press("Ctrl+C");
+        put_caret(4);
+        press("Ctrl+V");
+        EXPECT_FALSE(saved_paragraph(0).blockFormat().alignment() & Qt::AlignHCenter) << word;
+        EXPECT_EQ(saved_paragraph(0).textList(), nullptr) << word;
+    }
+    EXPECT_EQ(saved_paragraph(0).text(), "one listedcentred");
+}
+
+TEST_F(RecipePaneExchange, CopiedParagraphsKeepTheirForms) {
+    pane.load(R"({\rtf1\pard\qc centred\par\pard\qr right\par})");
+    press("Ctrl+A");
+    press("Ctrl+C");
+    pane.clear();
+    press("Ctrl+V");
+    EXPECT_EQ(saved_text(), "centred\nright");
+    EXPECT_EQ(saved_paragraph(0).blockFormat().alignment(), Qt::AlignHCenter);
+    EXPECT_EQ(saved_paragraph(1).blockFormat().alignment(), Qt::AlignRight);
+}
+
+TEST_F(RecipePaneExchange, ACopiedListIsPastedWithoutAnEmptyLine) {
+    pane.load(R"({\rtf1\pard{\pntext\'B7\tab}{\*\pn\pnlvlblt{\pntxtb\'B7}}\fi-360\li720 salt\par
+{\pntext\'B7\tab}pepper\par})");
+    press("Ctrl+A");
+    press("Ctrl+C");
+    pane.clear();
+    press("Ctrl+V");
+    EXPECT_EQ(saved_text(), "salt\npepper");
+    EXPECT_NE(saved_paragraph(0).textList(), nullptr);
+    EXPECT_NE(saved_paragraph(1).textList(), nullptr);
+    press("Ctrl+Z");
+    EXPECT_EQ(saved_text(), "");
+    EXPECT_EQ(saved_paragraph(0).textList(), nullptr);
+    type("Take ");
+    press("Ctrl+V");
+    EXPECT_EQ(saved_text(), "Take \nsalt\npepper");
+}
+
 TEST_F(RecipePaneExchange, DroppedFilesAreRefused) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file_with("a.txt", "text")))});

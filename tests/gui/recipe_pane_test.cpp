@@ -1,5 +1,6 @@
 #include <QMenu>
 #include <QSignalSpy>
+#include <QTimer>
 
 #include "basics/fault.h"
 #include "gui/recipe_pane_fixture.h"
@@ -325,6 +326,20 @@ TEST_F(RecipePaneTest, AColourIsChosenAndTakenBack) {
     EXPECT_EQ(saved_look("Careful").foreground().style(), Qt::NoBrush);
     press("Ctrl+Z");
     EXPECT_EQ(saved_look("Careful").foreground().color(), QColor(192, 0, 0));
+}
+
+TEST_F(RecipePaneTest, TheColoursOpenAtAClick) {
+    pane.load(R"({\rtf1 Careful\par})");
+    press("Ctrl+A");
+    QTimer::singleShot(0, &pane, [&] {
+        QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_EQ(popup, &part("recipe_colours"));
+        QTest::keyClick(popup, Qt::Key_Down);
+        QTest::keyClick(popup, Qt::Key_Down);
+        QTest::keyClick(popup, Qt::Key_Return);
+    });
+    click("colour");
+    EXPECT_EQ(saved_look("Careful").foreground().color(), QColor(0, 0, 0));
 }
 
 TEST_F(RecipePaneTest, ATextIsOneRunInTheLookOfTheCaret) {

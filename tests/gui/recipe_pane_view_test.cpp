@@ -169,6 +169,9 @@ TEST_F(RecipePaneView, ANarrowPaneKeepsItsCommandsInAMenu) {
     auto& more = part<QToolButton>("qt_toolbar_ext_button");
     ASSERT_TRUE(more.isVisible());
     EXPECT_EQ(more.accessibleName(), "More commands");
+    button("bold").setFocus(Qt::TabFocusReason);
+    for (int step = 0; step < 20; ++step) press("Right");
+    EXPECT_EQ(QApplication::focusWidget(), &more);
     ASSERT_NE(more.menu(), nullptr);
     std::vector<std::string> entries;
     for (const QAction* entry : more.menu()->actions()) {
