@@ -161,7 +161,8 @@ void RecipeText::run(Key key) {
         case Key::true_size:
             return set_zoom(100);
         case Key::redo:
-            return redo();
+            if (!isReadOnly()) redo();
+            return;
         case Key::none:
             return;
     }

@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTimer>
@@ -376,12 +377,31 @@ TEST_F(RecipePaneTest, NothingCanBeDoneWithoutARecipe) {
     }
     EXPECT_FALSE(part("recipe_font").isEnabled());
     EXPECT_FALSE(part("recipe_font_size").isEnabled());
-    EXPECT_FALSE(text().isEnabled());
     EXPECT_FALSE(pane.is_changed());
     EXPECT_EQ(wishes.count(), 0);
     pane.set_editable(true);
     click("bold");
     EXPECT_EQ(saved_look("Soup").fontWeight(), QFont::Bold);
+}
+
+TEST_F(RecipePaneTest, ATextThatStaysWithoutItsRecipeCanBeCopiedOnly) {
+    pane.load(R"({\rtf1 Soup\par})");
+    text().moveCursor(QTextCursor::End);
+    type(" of the day");
+    press("Ctrl+Z");
+    const std::string before = saved_text();
+    pane.set_editable(false);
+    ASSERT_TRUE(text().isEnabled());
+    text().setFocus();
+    press("Ctrl+A");
+    press("Ctrl+C");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), before);
+    for (const char* keys : {"x", "Delete", "Ctrl+X", "Ctrl+V", "Ctrl+Z", "Ctrl+Y"}) press(keys);
+    EXPECT_EQ(saved_text(), before);
+    pane.clear();
+    EXPECT_FALSE(text().isEnabled());
+    pane.set_editable(true);
+    EXPECT_TRUE(text().isEnabled());
 }
 
 TEST_F(RecipePaneTest, TheScreenIsAskedForBarcodeAndInformation) {
