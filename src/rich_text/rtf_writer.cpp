@@ -18,11 +18,13 @@ namespace tavernook::rtf {
 namespace {
 
 constexpr int twips_in_pixel = 15;
+constexpr double most_pixels = 2000;  // twips have 16 bits
 constexpr int twips_in_list_level = 720;
 constexpr int twips_in_list_marker = 360;
 
 int twips(double pixels) {
-    return static_cast<int>(std::lround(std::clamp(pixels, -2000.0, 2000.0) * twips_in_pixel));
+    return static_cast<int>(
+        std::lround(std::clamp(pixels, -most_pixels, most_pixels) * twips_in_pixel));
 }
 
 std::string word(const char* name, int parameter) {
@@ -276,8 +278,10 @@ class Writer {
         if (width <= 0 && height <= 0) width = image.width();
         if (width <= 0) width = height / ratio;
         if (height <= 0) height = width * ratio;
+        const double shrunk = std::min(1.0, most_pixels / std::max(width, height));
         body_ += "{\\pict\\pngblip" + word("picw", image.width()) + word("pich", image.height()) +
-                 word("picwgoal", twips(width)) + word("pichgoal", twips(height)) + "\r\n";
+                 word("picwgoal", twips(width * shrunk)) +
+                 word("pichgoal", twips(height * shrunk)) + "\r\n";
         const std::string hex = png.toHex().toStdString();
         constexpr std::size_t line = 128;
         for (std::size_t i = 0; i < hex.size(); i += line) body_ += hex.substr(i, line) + "\r\n";

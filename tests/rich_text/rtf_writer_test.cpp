@@ -103,6 +103,21 @@ TEST(RtfWriter, ListsComeBack) {
     }
 }
 
+TEST(RtfWriter, APictureBeyondTheFormatsSizesKeepsItsShape) {
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    QImage image(40, 10, QImage::Format_RGB32);
+    image.fill(Qt::darkGreen);
+    document.addResource(QTextDocument::ImageResource, QUrl("wide"), image);
+    QTextImageFormat format;
+    format.setName("wide");
+    format.setWidth(4000);
+    format.setHeight(1000);
+    cursor.insertImage(format);
+    // 2000 and 500 pixels of 15 twips.
+    EXPECT_NE(written(document).find("\\picwgoal30000\\pichgoal7500"), std::string::npos);
+}
+
 TEST(RtfWriter, PicturesComeBackPixelForPixel) {
     QImage image(3, 2, QImage::Format_RGB32);
     image.fill(QColor(10, 20, 30));
