@@ -1,8 +1,12 @@
 #include "core/catagories.h"
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "core/project_data.h"
-#include "core/where_used.h"
 #include "platform/platform.h"
+#include "recipes/meals.h"
 
 namespace tavernook {
 
@@ -11,11 +15,17 @@ i16 category_edit_mode = 0;
 
 namespace {
 
-bool holds_planned_meals(i16 slot) {
+std::vector<i16> meals_in(i16 slot) {
+    std::vector<i16> found;
     for (i16 meal = 1; meal <= meal_capacity; ++meal) {
-        if (meals[meal].category == slot && !meal_users(meal).empty()) return true;
+        if (meals[meal].in_use == 1 && meals[meal].category == slot) found.push_back(meal);
     }
-    return false;
+    return found;
+}
+
+bool any_is_planned(const std::vector<i16>& recipes) {
+    return std::any_of(recipes.begin(), recipes.end(),
+                       [](i16 meal) { return !meal_use_dates(meal).empty(); });
 }
 
 bool holds_items(i16 slot) {
@@ -28,6 +38,22 @@ bool holds_items(i16 slot) {
 i16 refuse(const char* reason) {
     boxes().message(reason);
     return 0;
+}
+
+i16 refuse_for_planned_meals() {
+    return refuse("Cannot delete Category because meals within this category are planned.");
+}
+
+bool may_delete_with(const std::vector<i16>& recipes, i16 slot) {
+    if (recipes.empty()) return true;
+    const bool one = recipes.size() == 1;
+    const std::string what =
+        one ? "the one recipe" : "all " + std::to_string(recipes.size()) + " recipes";
+    const std::string name(catagories[slot].name.trimmed());
+    return boxes().message("Deleting the category " + name + " also deletes " + what +
+                               " in it.  Press YES to delete " + (one ? "it" : "them") +
+                               " or press NO to keep everything.",
+                           Buttons::yes_no, "Delete Category", DefaultButton::no) == Answer::yes;
 }
 
 void show_in_tree(i16 type) {
@@ -59,10 +85,14 @@ i16 new_catagory(std::string_view name, i16 type, i16 parent) {
 
 i16 delete_catagory(i16 slot) {
     if (slot == 1) return refuse("Can't Delete General Catagory.");
-    if (catagories[slot].type != 0 && holds_planned_meals(slot)) {
-        return refuse("Cannot delete Category because meals within this category are planned.");
-    }
+    const bool of_recipes = catagories[slot].type != 0;
+    const std::vector<i16> recipes = of_recipes ? meals_in(slot) : std::vector<i16>{};
+    if (any_is_planned(recipes)) return refuse_for_planned_meals();
     if (holds_items(slot)) return refuse("This category has items in it.  Cannot Delete.");
+    if (!may_delete_with(recipes, slot)) return 0;
+    // The plans may be others than before the question.
+    if (any_is_planned(recipes)) return refuse_for_planned_meals();
+    for (const i16 meal : recipes) delete_meal(meal, true);
     category_edit_mode = 0;
     catagories[slot].in_use = 0;
     return i16_true;

@@ -16,7 +16,9 @@ i16 find_free_catagory();
 // Type 32 makes a recipe category. Shows it in the tree of its screen. Returns the slot.
 i16 new_catagory(std::string_view name, i16 type, i16 parent);
 
-// -1 deleted; 0 refused, with a box that says why. The name and the rows beneath stay.
+// -1 deleted; 0 refused, with a box that says why, or kept by the user. The name and the rows
+// beneath stay. The live recipes of a category of any type but 0 go with it, after a question;
+// their documents stay. Nothing has changed after 0.
 i16 delete_catagory(i16 slot);
 
 }  // namespace tavernook

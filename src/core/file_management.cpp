@@ -17,6 +17,7 @@
 #include "inventory/lots.h"
 #include "inventory/usage_files.h"
 #include "platform/platform.h"
+#include "recipes/documents.h"
 
 namespace tavernook {
 
@@ -90,6 +91,7 @@ void write_project() {
     save_progress().hide();
     write_blocks();
     flush_project_file();
+    keep_documents();
     commit_usage_files();
     discard_usage_files();
 }
@@ -207,6 +209,7 @@ void give_up_opening() {
 
 void open_project() {
     screens().unload_all();
+    restore_documents();
     save_progress().load("Opening Project", "Opening Project...Please Wait");
     main_window().set_status(activity_panel, "Opening Project...");
     const std::string path = project_of_previous_version(project_path);
@@ -226,7 +229,6 @@ bool Project_Save(const i16& silent) {
         save_progress().load("Saving Project", "Saving Project....");
         if (silent == 0) save_progress().show();
         save_progress().workbar(0);
-        recipe_text_changed = i16_false;
         write_project();
     };
     const bool saved = trap(work, [](const Fault& fault) {

@@ -14,6 +14,7 @@
 #include "core/trap.h"
 #include "inventory/usage_files.h"
 #include "platform/platform.h"
+#include "recipes/documents.h"
 
 namespace tavernook {
 
@@ -133,6 +134,7 @@ bool replacing_project(std::string_view procedure, Command&& command) {
 void write_new_project(const std::string& path) {
     set_project_path(path);
     screens().unload_all();
+    restore_documents();
     reset_project_tables();
     project_open = i16_false;
     if (!Project_Save(silent)) return give_up_project();
@@ -259,6 +261,7 @@ bool main_unload() {
         add_recent_project(project_path);
         platform_clock().wait_seconds(0.1);
         screens().unload_all();
+        restore_documents();
         release_claims();
     });
     return true;
@@ -278,6 +281,7 @@ void project_close() {
         main_window().set_title("Tavernook");
         main_window().enable_project_menus(false);
         screens().unload_all();
+        restore_documents();
         main_window().set_toolbar_state(1);
         release_claims();
     });

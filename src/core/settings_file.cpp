@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basics/text.h"
+#include "core/file_replacement.h"
 #include "core/program_state.h"
 #include "core/trap.h"
 #include "platform/platform.h"
@@ -22,18 +23,9 @@ std::string read_settings_bytes() {
     return bytes;
 }
 
-void write_flushed(const std::string& path, std::string_view bytes) {
-    const auto file = files().open(path, OpenMode::read_write);
-    file->write(0, bytes);
-    file->flush();
-}
-
 void replace_settings_file(std::string_view bytes) {
     files().make_folder(folder_of(settings_file));
-    const std::string fresh = settings_file + ".new";
-    if (files().exists(fresh)) files().remove(fresh);
-    write_flushed(fresh, bytes);
-    files().rename(fresh, settings_file);
+    replace_file(settings_file, bytes);
 }
 
 template <typename Change>

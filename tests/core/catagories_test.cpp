@@ -17,6 +17,10 @@ const std::string meals_are_planned =
     "Cannot delete Category because meals within this category are planned.";
 const std::string has_items = "This category has items in it.  Cannot Delete.";
 
+const std::string question_for_one =
+    "Deleting the category Soups also deletes the one recipe in it.  Press YES to delete it or "
+    "press NO to keep everything.";
+
 class CatagoriesTest : public testing::Test {
   protected:
     static void fill_rows(i16 last) {
@@ -187,6 +191,7 @@ TEST_F(CatagoriesTest, PlannedRecipesOfOtherCategoriesDoNotHinder) {
     days[2].planned_meal[1] = 5;  // in a free day
     days[3].in_use = 1;
     days[3].planned_meal[0] = 5;  // in the place that is never used
+    platform.boxes.expect_message(question_for_one, Answer::yes);
     EXPECT_EQ(delete_catagory(slot), -1);
 }
 
@@ -199,8 +204,84 @@ TEST_F(CatagoriesTest, PlannedRecipesAreToldBeforeItems) {
     EXPECT_EQ(delete_catagory(slot), 0);
 }
 
+TEST_F(CatagoriesTest, TheRecipesGoWithTheirCategory) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    const i16 other = new_catagory("Salads", 32, 0);
+    for (const i16 meal : {i16{1}, i16{500}, i16{1000}}) add_meal(meal, slot);
+    add_meal(2, other);
+    meals[500].name = "Broth";
+    meals[500].ingredient_item[50] = 7;
+    meal_documents[500] = "*vk14home000500.rtf";
+    category_edit_mode = 1;
+    platform.boxes
+        .expect_message(
+            "Deleting the category Soups also deletes all 3 recipes in it.  Press YES to delete "
+            "them or press NO to keep everything.",
+            Answer::yes)
+        .buttons(Buttons::yes_no)
+        .title("Delete Category")
+        .default_button(DefaultButton::no);
+    EXPECT_EQ(delete_catagory(slot), -1);
+    EXPECT_EQ(catagories[slot].in_use, 0);
+    EXPECT_EQ(category_edit_mode, 0);
+    for (const i16 meal : {i16{1}, i16{500}, i16{1000}}) EXPECT_EQ(meals[meal].in_use, 0) << meal;
+    EXPECT_TRUE(meals[500].name.blank());
+    EXPECT_EQ(meals[500].category, 0);
+    EXPECT_EQ(meals[500].ingredient_item[50], 0);
+    EXPECT_EQ(meal_documents[500], "*vk14home000500.rtf");
+    EXPECT_EQ(meals[2].in_use, 1);
+    EXPECT_EQ(meals[2].category, other);
+}
+
+TEST_F(CatagoriesTest, NoKeepsTheCategoryAndItsRecipes) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
+    category_edit_mode = 1;
+    platform.boxes.expect_message(question_for_one, Answer::no);
+    EXPECT_EQ(delete_catagory(slot), 0);
+    EXPECT_EQ(catagories[slot].in_use, 1);
+    EXPECT_EQ(category_edit_mode, 1);
+    EXPECT_EQ(meals[5].in_use, 1);
+    EXPECT_EQ(meals[5].category, slot);
+}
+
+TEST_F(CatagoriesTest, OnePlannedRecipeKeepsThemAll) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    for (i16 meal = 1; meal <= 3; ++meal) add_meal(meal, slot);
+    plan_meal(3, 1, 1);
+    platform.boxes.expect_message(meals_are_planned);
+    EXPECT_EQ(delete_catagory(slot), 0);
+    for (i16 meal = 1; meal <= 3; ++meal) EXPECT_EQ(meals[meal].in_use, 1) << meal;
+}
+
+TEST_F(CatagoriesTest, ARecipePlannedWhileTheQuestionStandsKeepsThemAll) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
+    platform.boxes.expect_message(question_for_one, Answer::yes).during([] { plan_meal(5, 1, 1); });
+    platform.boxes.expect_message(meals_are_planned);
+    EXPECT_EQ(delete_catagory(slot), 0);
+    EXPECT_EQ(meals[5].in_use, 1);
+    EXPECT_EQ(catagories[slot].in_use, 1);
+}
+
+TEST_F(CatagoriesTest, ADeletedRecipeNeitherHindersNorCounts) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
+    meals[5].in_use = 0;
+    plan_meal(5, 1, 1);
+    EXPECT_EQ(delete_catagory(slot), -1);
+}
+
+TEST_F(CatagoriesTest, TypeZeroTakesNoRecipesAlong) {
+    const i16 slot = new_catagory("Dairy", 0, 0);
+    add_meal(5, slot);
+    EXPECT_EQ(delete_catagory(slot), -1);
+    EXPECT_EQ(meals[5].in_use, 1);
+}
+
 TEST_F(CatagoriesTest, ARecipeCategoryWithItemsStaysAsWell) {
     const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
     add_live_item(1, slot);
     platform.boxes.expect_message(has_items);
     EXPECT_EQ(delete_catagory(slot), 0);

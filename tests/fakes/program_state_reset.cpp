@@ -6,6 +6,7 @@
 #include "core/previous_version.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "recipes/documents.h"
 
 namespace tavernook {
 
@@ -57,6 +58,7 @@ void reset_settings() {
 void reset_status() {
     project_open = i16_false;
     project_modified = i16_false;
+    keep_documents();
     recipe_text_changed = i16_false;
     project_load_failed = i16_false;
     older_file_format = i16_false;

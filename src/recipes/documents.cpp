@@ -1,0 +1,217 @@
+#include "recipes/documents.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "basics/code_page.h"
+#include "basics/text.h"
+#include "core/file_replacement.h"
+#include "core/program_folders.h"
+#include "core/program_state.h"
+#include "core/project_data.h"
+#include "core/trap.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr std::string_view marker = "*vk14";
+constexpr std::string_view rich_text_start = "{\\rtf";
+
+struct ChangedDocument {
+    std::string path;
+    std::string backup;  // the content before; empty where there was no file
+};
+
+// Since the last save of the project, in the order of their first change.
+std::vector<ChangedDocument> changed_documents;
+
+std::string& entry_at(i16 slot) {
+    if (slot < 1) throw Fault(fault_number::subscript_out_of_range);
+    return meal_documents[slot];
+}
+
+bool is_blank(std::string_view text) {
+    return trim(text).empty();
+}
+
+bool is_old_form(std::string_view entry) {
+    return trim_left(entry).starts_with(rich_text_start);
+}
+
+// FNV-1a: the same for a name at all times and on all systems.
+std::string name_number(std::string_view name) {
+    std::uint32_t hash = 2166136261u;
+    for (const char letter : name) {
+        hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619u;
+    }
+    return std::to_string(hash);
+}
+
+// Text. "?" would stand for any character outside the code page, so that projects of different
+// names would share their documents.
+std::string document_stem() {
+    const std::string stem = project_stem();
+    std::string text = text_from_utf8(stem);
+    if (utf8_from_text(text) == stem) return text;
+    std::replace(text.begin(), text.end(), '?', '_');
+    return text + "~" + name_number(stem);
+}
+
+std::string name_for(i16 slot, const char* extension) {
+    entry_at(slot);
+    const std::string number = std::to_string(slot);
+    return document_stem() + std::string(6 - number.size(), '0') + number + extension;
+}
+
+std::string folder() {
+    if (is_blank(recipes_folder)) return in_program_folder("recipes/");
+    return recipes_folder.back() == '/' ? recipes_folder : recipes_folder + "/";
+}
+
+void make_folder() {
+    files().make_folder(folder_of(folder() + "."));
+}
+
+std::string path_of(std::string_view name) {
+    return folder() + utf8_from_text(name);
+}
+
+// The file name that the entry points to; nothing where it points to none.
+std::optional<std::string> name_in_entry(std::string_view entry) {
+    if (is_blank(entry) || is_old_form(entry)) return {};
+    if (entry.starts_with(marker)) entry.remove_prefix(marker.size());
+    return std::string(file_name_part(entry));
+}
+
+bool names_a_file(std::string_view name) {
+    return !is_blank(name) && name != "." && name != "..";
+}
+
+std::string read_document(const std::string& path) {
+    const auto file = files().open(path, OpenMode::read);
+    const i64 length = file->length();
+    if (length > longest_document) throw Fault(fault_number::bad_record_number);
+    std::string bytes(static_cast<std::size_t>(length), '\0');
+    bytes.resize(file->read(0, bytes.data(), bytes.size()));
+    return bytes;
+}
+
+void replace_document(const std::string& path, std::string_view bytes) {
+    replace_file(path, bytes);
+    files().flush_folder(folder_of(path));
+}
+
+auto change_of(const std::string& path) {
+    return std::find_if(changed_documents.begin(), changed_documents.end(),
+                        [&](const ChangedDocument& change) { return change.path == path; });
+}
+
+void show_in_state() {
+    const bool restorable =
+        std::any_of(changed_documents.begin(), changed_documents.end(),
+                    [](const ChangedDocument& change) { return !change.backup.empty(); });
+    recipe_text_changed = truth(restorable);
+}
+
+void keep_content_before(const std::string& path, const std::string& backup) {
+    if (change_of(path) != changed_documents.end()) return;
+    if (!files().exists(path)) {
+        changed_documents.push_back({path, {}});
+        return;
+    }
+    files().copy(path, backup);
+    files().flush_folder(folder_of(path));
+    changed_documents.push_back({path, backup});
+    show_in_state();
+}
+
+// One step that needs no room on the disk.
+void put_back(const ChangedDocument& change) {
+    files().rename(change.backup, change.path);
+    files().flush_folder(folder_of(change.path));
+}
+
+// The document counts as unchanged before anything can fail behind the one step.
+void put_back_alone(const std::string& path) {
+    const auto found = change_of(path);
+    if (found == changed_documents.end() || found->backup.empty()) return;
+    files().rename(found->backup, path);
+    changed_documents.erase(found);
+    show_in_state();
+    files().flush_folder(folder_of(path));
+}
+
+}  // namespace
+
+std::string current_document_entry(i16 slot) {
+    return std::string(marker) + name_for(slot, ".rtf");
+}
+
+std::string document_name(i16 slot) {
+    return name_in_entry(entry_at(slot)).value_or(name_for(slot, ".rtf"));
+}
+
+std::string document_path(i16 slot) {
+    return path_of(document_name(slot));
+}
+
+std::string new_document_path(i16 slot) {
+    return path_of(name_for(slot, ".rtf"));
+}
+
+std::string document_backup_path(i16 slot) {
+    return path_of(name_for(slot, ".bak"));
+}
+
+StoredDocument stored_document(i16 slot) {
+    const std::string& entry = entry_at(slot);
+    if (is_blank(entry)) return {};
+    if (is_old_form(entry)) return {DocumentKind::old_form, entry, {}};
+    make_folder();
+    if (!names_a_file(document_name(slot))) throw Fault(fault_number::file_not_found);
+    const std::string path = document_path(slot);
+    return {DocumentKind::file, read_document(path), path};
+}
+
+void store_document(i16 slot, std::string_view rich_text) {
+    std::string& entry = entry_at(slot);
+    const std::string path = new_document_path(slot);
+    make_folder();
+    keep_content_before(path, document_backup_path(slot));
+    if (!is_old_form(entry)) project_modified = i16_true;
+    replace_document(path, rich_text);
+    entry = current_document_entry(slot);
+}
+
+void store_document_backup(i16 slot, std::string_view rich_text) {
+    const std::string backup = document_backup_path(slot);
+    make_folder();
+    put_back_alone(new_document_path(slot));
+    replace_document(backup, rich_text);
+}
+
+void keep_documents() {
+    changed_documents.clear();
+    show_in_state();
+}
+
+void restore_documents() {
+    const std::vector<ChangedDocument> changes = std::exchange(changed_documents, {});
+    show_in_state();
+    std::optional<Fault> failure;
+    for (const ChangedDocument& change : changes) {
+        if (change.backup.empty()) continue;
+        trap([&] { put_back(change); },
+             [&](const Fault& fault) {
+                 if (!failure) failure = fault;
+             });
+    }
+    if (failure) show_fault(module_message(*failure));
+}
+
+}  // namespace tavernook
