@@ -62,17 +62,18 @@ FoodInventory::~FoodInventory() {
 }
 
 void FoodInventory::set_up_toolbars() {
-    fill_toolbar(*this, *ui_->item_toolbar_1, {{1, "new_item"},
-                                          {2, "new_category"},
-                                          {3, nullptr},
-                                          {4, "delete"},
-                                          {5, "copy"},
-                                          {6, "stores"},
-                                          {7, "units"},
-                                          {8, "import"},
-                                          {9, "export"},
-                                          {10, "usage"},
-                                          {11, "label"}});
+    fill_toolbar(*this, *ui_->item_toolbar_1,
+                 {{1, "new_item"},
+                  {2, "new_category"},
+                  {3, nullptr},
+                  {4, "delete"},
+                  {5, "copy"},
+                  {6, "stores"},
+                  {7, "units"},
+                  {8, "import"},
+                  {9, "export"},
+                  {10, "usage"},
+                  {11, "label"}});
     fill_toolbar(*this, *ui_->item_toolbar_2, {{1, "accept"}});
     const int line = fontMetrics().height();
     ui_->item_toolbar_1->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
