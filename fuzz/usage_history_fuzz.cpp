@@ -75,7 +75,7 @@ class StillClock : public Clock {
 class CountedBoxes : public Boxes {
   public:
     int shown = 0;
-    Answer message(std::string_view, Buttons, std::string_view) override {
+    Answer message(std::string_view, Buttons, std::string_view, DefaultButton) override {
         ++shown;
         return Answer::ok;
     }

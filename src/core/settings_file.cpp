@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "basics/text.h"
-#include "core/file_replacement.h"
 #include "core/program_state.h"
+#include "core/replace_file.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 
@@ -23,17 +22,12 @@ std::string read_settings_bytes() {
     return bytes;
 }
 
-void replace_settings_file(std::string_view bytes) {
-    files().make_folder(folder_of(settings_file));
-    replace_file(settings_file, bytes);
-}
-
 template <typename Change>
 void change_settings(Change&& change) {
     if (settings_file.empty()) return;  // the main window has not been loaded
     const std::string bytes = read_settings_bytes();
     SettingsRecord record = decode_settings(bytes);
-    if (change(record)) replace_settings_file(encode_settings(record, bytes));
+    if (change(record)) replace_file(settings_file, encode_settings(record, bytes));
 }
 
 bool belongs_in_the_list(const std::string& path) {

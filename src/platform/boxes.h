@@ -23,6 +23,11 @@ class Boxes {
                            std::string_view title = "Tavernook",
                            DefaultButton default_button = DefaultButton::first) = 0;
 
+    // An OK box with the exclamation icon.
+    virtual void warning(std::string_view text, std::string_view title) {
+        message(text, Buttons::ok, title);
+    }
+
     // Nothing on Cancel, which differs from an empty answer.
     virtual std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                              std::string_view initial) = 0;

@@ -102,13 +102,9 @@ QDialogButtonBox* ok_and_cancel(QDialog* dialog) {
     return buttons;
 }
 
-}  // namespace
-
 // Both boxes live on the heap: the window under them may go, and take them along, while they ask.
-
-Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
-                        DefaultButton default_button) {
-    const auto icon = buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
+Answer ask(QMessageBox::Icon icon, std::string_view text, Buttons buttons, std::string_view title,
+           DefaultButton default_button) {
     const QPointer<QMessageBox> box = new QMessageBox(icon, text_to_qstring(title), QString(),
                                                       standard_buttons(buttons), dialog_parent());
     box->setObjectName(QStringLiteral("message_box"));
@@ -123,6 +119,18 @@ Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view
     if (box.isNull()) return answer_of(button_of_escape(buttons));
     delete box;
     return answer_of(pressed);
+}
+
+}  // namespace
+
+Answer QtBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
+                        DefaultButton default_button) {
+    const auto icon = buttons == Buttons::ok ? QMessageBox::Information : QMessageBox::Question;
+    return ask(icon, text, buttons, title, default_button);
+}
+
+void QtBoxes::warning(std::string_view text, std::string_view title) {
+    ask(QMessageBox::Warning, text, Buttons::ok, title, DefaultButton::first);
 }
 
 std::optional<std::string> QtBoxes::input(std::string_view prompt, std::string_view title,

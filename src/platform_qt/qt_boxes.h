@@ -12,6 +12,7 @@ class QtBoxes : public Boxes {
   public:
     Answer message(std::string_view text, Buttons buttons, std::string_view title,
                    DefaultButton default_button = DefaultButton::first) override;
+    void warning(std::string_view text, std::string_view title) override;
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 };

@@ -8,10 +8,10 @@
 
 #include "basics/code_page.h"
 #include "basics/text.h"
-#include "core/file_replacement.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/replace_file.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 

@@ -125,9 +125,18 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
     report(*expected, shown,
            message_differences(*expected, std::string(text), buttons, std::string(title),
                                default_button));
+    if (expected->exclaims.value_or(warns_) != warns_) {
+        report(*expected, shown, "\n  without the exclamation icon");
+    }
     if (expected->while_open) expected->while_open();
     const bool answers = expected->kind == ExpectedBox::Kind::message;
     return answers && possible(expected->answer, buttons) ? expected->answer : closed(buttons);
+}
+
+void FakeBoxes::warning(std::string_view text, std::string_view title) {
+    warns_ = true;
+    message(text, Buttons::ok, title);
+    warns_ = false;
 }
 
 std::optional<std::string> FakeBoxes::input(std::string_view prompt, std::string_view title,

@@ -32,6 +32,7 @@ struct ExpectedBox {
     std::optional<std::string> title_text{};       // not checked where it is nothing
     std::optional<Buttons> button_set{};           // not checked where it is nothing
     std::optional<DefaultButton> enter_presses{};  // not checked where it is nothing
+    std::optional<bool> exclaims{};                // not checked where it is nothing
     std::function<void()> while_open{};
 
     ExpectedBox& title(std::string expected) {
@@ -44,6 +45,11 @@ struct ExpectedBox {
     }
     ExpectedBox& default_button(DefaultButton expected) {
         enter_presses = expected;
+        return *this;
+    }
+    // The box bears the exclamation icon.
+    ExpectedBox& warning() {
+        exclaims = true;
         return *this;
     }
     // Runs while the box is open, as the events do that arrive meanwhile.
@@ -75,6 +81,7 @@ class FakeBoxes : public Boxes {
 
     Answer message(std::string_view text, Buttons buttons, std::string_view title,
                    DefaultButton default_button = DefaultButton::first) override;
+    void warning(std::string_view text, std::string_view title) override;
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 
@@ -82,6 +89,7 @@ class FakeBoxes : public Boxes {
 
   private:
     Script<ExpectedBox> script_;
+    bool warns_ = false;  // the box being asked came through warning()
 };
 
 }  // namespace tavernook

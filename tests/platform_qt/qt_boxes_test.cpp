@@ -68,6 +68,23 @@ TEST(MessageBox, EnterPressesNoWhereNoIsTheDefault) {
               Answer::no);
 }
 
+TEST(MessageBox, TheIconTellsWhatKindOfBoxItIs) {
+    const auto expect_icon = [](QMessageBox::Icon icon) {
+        when_modal<QMessageBox>([icon](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.windowTitle(), QStringLiteral("Kitchen"));
+            EXPECT_EQ(box.buttons().size(), icon == QMessageBox::Question ? 2 : 1);
+            box.close();
+        });
+    };
+    expect_icon(QMessageBox::Information);
+    QtBoxes().message("Done.", Buttons::ok, "Kitchen");
+    expect_icon(QMessageBox::Question);
+    QtBoxes().message("Save?", Buttons::yes_no, "Kitchen");
+    expect_icon(QMessageBox::Warning);
+    QtBoxes().warning("Too much.", "Kitchen");
+}
+
 TEST(MessageBox, HasNoOtherButtonsThanAskedFor) {
     for (const auto& [buttons, count] :
          {std::pair{Buttons::ok, 1}, {Buttons::yes_no, 2}, {Buttons::yes_no_cancel, 3}}) {

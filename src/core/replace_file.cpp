@@ -1,6 +1,6 @@
-#include "core/file_replacement.h"
+#include "core/replace_file.h"
 
-#include "basics/fault.h"
+#include "basics/text.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -13,24 +13,24 @@ void write_flushed(const std::string& path, std::string_view bytes) {
     file->flush();
 }
 
-void remove_if_possible(const std::string& path) {
+void remove_left_over(const std::string& path) {
     try {
         files().remove(path);
-    } catch (const Fault&) {
-        // The next replacement removes it.
+    } catch (...) {  // the fault that brought us here is the one to tell
     }
 }
 
 }  // namespace
 
 void replace_file(const std::string& path, std::string_view bytes) {
+    files().make_folder(folder_of(path));
     const std::string fresh = path + ".new";
     if (files().exists(fresh)) files().remove(fresh);
     try {
         write_flushed(fresh, bytes);
         files().rename(fresh, path);
     } catch (...) {
-        remove_if_possible(fresh);
+        remove_left_over(fresh);
         throw;
     }
 }

@@ -1,0 +1,13 @@
+// A small file written whole.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tavernook {
+
+// Replaces the file in one step, and makes it and its folder where they are missing. Throws what
+// the file layer throws; an older file is as it was then.
+void replace_file(const std::string& path, std::string_view bytes);
+
+}  // namespace tavernook

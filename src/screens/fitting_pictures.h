@@ -1,0 +1,35 @@
+// Pictures of a text, drawn no wider than the page; the document and its file keep them as they
+// are.
+#pragma once
+
+#include <QObject>
+#include <QTextCursor>
+#include <QTextObjectInterface>
+#include <functional>
+
+namespace tavernook {
+
+// Calls `visit` with each picture of the document, selected by the cursor.
+void for_each_picture(QTextDocument& document,
+                      const std::function<void(QTextCursor, QTextImageFormat)>& visit);
+
+// Register it for QTextFormat::ImageObject.
+class FittingPictures : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+  public:
+    using QObject::QObject;
+
+    // What the text is enlarged by on show.
+    void set_scale(double scale) { scale_ = scale; }
+
+    QSizeF intrinsicSize(QTextDocument* document, int place, const QTextFormat& format) override;
+    void drawObject(QPainter* painter, const QRectF& area, QTextDocument* document, int place,
+                    const QTextFormat& format) override;
+
+  private:
+    double scale_ = 1;
+};
+
+}  // namespace tavernook

@@ -1,0 +1,95 @@
+#include "screens/recipe_pane.h"
+
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include "rich_text/rtf_reader.h"
+#include "rich_text/rtf_writer.h"
+#include "screens/recipe_text.h"
+#include "screens/recipe_toolbar.h"
+
+namespace tavernook {
+
+RecipePane::RecipePane(QWidget* parent)
+    : QWidget(parent), text_(new RecipeText(this)), toolbar_(new RecipeToolbar(*text_, *this)) {
+    text_->setObjectName(QStringLiteral("recipe_text"));
+    text_->setAccessibleName(tr("Recipe text"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(toolbar_);
+    column->addWidget(text_, 1);
+    setTabOrder(toolbar_, text_);
+    setFocusProxy(text_);
+    connect(text_, &QTextEdit::textChanged, this, [this] {
+        if (!loading_) Q_EMIT changed();
+    });
+    connect(text_, &RecipeText::pointer_moved, toolbar_, &RecipeToolbar::follow_caret);
+    connect(text_, &RecipeText::picture_refused, this, &RecipePane::tell_refused_picture,
+            Qt::QueuedConnection);
+    connect(toolbar_, &RecipeToolbar::picture_wanted, this, &RecipePane::InsertImage);
+    connect(toolbar_, &RecipeToolbar::barcode_wanted, this, &RecipePane::barcode_wanted);
+    connect(toolbar_, &RecipeToolbar::information_wanted, this, &RecipePane::information_wanted);
+    set_editable(false);
+}
+
+void RecipePane::load(std::string_view rich_text) {
+    const rtf::Content content = rtf::parse(rich_text);
+    const QScopedValueRollback<bool> quiet(loading_, true);
+    text_->replace_with(content);
+    toolbar_->follow_caret();
+}
+
+std::string RecipePane::rich_text() const {
+    return rtf::written(*text_->document());
+}
+
+void RecipePane::clear() {
+    const QScopedValueRollback<bool> quiet(loading_, true);
+    text_->empty();
+    toolbar_->follow_caret();
+}
+
+bool RecipePane::is_changed() const {
+    return text_->document()->isModified();
+}
+
+void RecipePane::set_unchanged() {
+    text_->document()->setModified(false);
+}
+
+void RecipePane::set_editable(bool editable) {
+    text_->setReadOnly(!editable);
+    text_->setEnabled(editable);
+    toolbar_->set_usable(editable);
+    text_->setPlaceholderText(editable ? tr("Write down here how the recipe is made.")
+                                       : tr("Choose a recipe to read it here."));
+}
+
+void RecipePane::add_text(const QString& text) {
+    text_->textCursor().insertText(text);
+    text_->ensureCursorVisible();
+}
+
+void RecipePane::add_line(const QString& text) {
+    text_->moveCursor(QTextCursor::End);
+    QTextCursor cursor = text_->textCursor();
+    cursor.beginEditBlock();
+    cursor.insertText(text);
+    cursor.insertBlock();
+    cursor.endEditBlock();
+    text_->ensureCursorVisible();
+}
+
+bool RecipePane::insert_picture(const QImage& picture) {
+    return text_->insert_picture(picture);
+}
+
+QToolBar& RecipePane::toolbar() {
+    return toolbar_->bar();
+}
+
+QTextEdit& RecipePane::text() {
+    return *text_;
+}
+
+}  // namespace tavernook

@@ -1,0 +1,75 @@
+// The document of a recipe with its formatting toolbar. It knows no recipe and no file: the screen
+// loads and saves it.
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+#include "basics/values.h"
+
+class QTextEdit;
+class QToolBar;
+
+namespace tavernook {
+
+class RecipeText;
+class RecipeToolbar;
+
+class RecipePane : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit RecipePane(QWidget* parent = nullptr);
+
+    // Replaces the document and its undo history; the caret goes to its start. Fault 13: no rich
+    // text. Fault 63: cut short or beyond the bounds. After a fault all is as it was.
+    void load(std::string_view rich_text);
+    std::string rich_text() const;
+    void clear();
+
+    // Since load, clear or set_unchanged.
+    bool is_changed() const;
+    void set_unchanged();
+
+    // False: no recipe is shown; text and toolbar take nothing. So it is at first.
+    void set_editable(bool editable);
+
+    // In place of the selection, in the format of the caret.
+    void add_text(const QString& text);
+    // The caret goes to the end; the text and a line break follow.
+    void add_line(const QString& text);
+
+    // At the caret, shown no wider than the pane. False, and nothing is changed, where it is none
+    // or too large for a recipe.
+    [[nodiscard]] bool insert_picture(const QImage& picture);
+
+    // Asks for a file. Cancel leaves all as it is; so does a file that cannot be read, is no
+    // picture or too large, and a box tells.
+    void InsertImage();
+
+    // Draws the recipe's barcode into its file and puts it at the caret. Boxes tell what failed.
+    void insert_barcode_of(i16 recipe);
+
+    // `Toolbar2`, for commands of the screen's own.
+    QToolBar& toolbar();
+    QTextEdit& text();
+
+  Q_SIGNALS:
+    // The user, or a call other than load and clear, changed the document.
+    void changed();
+    void barcode_wanted();
+    void information_wanted();
+
+  private:
+    void insert_picture_file(const std::string& path);
+    void tell_refused_picture();
+
+    RecipeText* text_;
+    RecipeToolbar* toolbar_;
+    bool loading_ = false;
+};
+
+}  // namespace tavernook

@@ -1,0 +1,71 @@
+// The sheet that a recipe is written on: a paper of its own in every palette, pictures that fit its
+// width, a zoom that leaves the document alone, and everything pasted passes through the form that
+// recipes are kept in, so that what is seen is what will be saved.
+#pragma once
+
+#include <QImage>
+#include <QTextEdit>
+
+#include "rich_text/rtf_model.h"
+
+namespace tavernook {
+
+class FittingPictures;
+
+class RecipeText : public QTextEdit {
+    Q_OBJECT
+
+  public:
+    explicit RecipeText(QWidget* parent = nullptr);
+
+    // Both forget the undo history and put the caret to the start; the document counts as
+    // unchanged.
+    void replace_with(const rtf::Content& content);
+    void empty();
+
+    // At the caret, in place of the selection. False, and nothing is changed, where the picture is
+    // none or has more dots than a recipe keeps.
+    [[nodiscard]] bool insert_picture(const QImage& picture);
+
+    // In hundredths of the true size, from 50 to 400.
+    void set_zoom(int percent);
+    int zoom() const { return zoom_; }
+
+  Q_SIGNALS:
+    void pointer_moved();
+    // A pasted or dropped picture was none or too large.
+    void picture_refused();
+
+  protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+    QMimeData* createMimeDataFromSelection() const override;
+
+  private:
+    enum class Key { none, zoom_in, zoom_out, true_size, redo };
+
+    static Key key_of(const QKeyEvent& event);
+    void run(Key key);
+    void take_paper();
+    void keep_font();
+    QString add_picture(const QImage& picture);
+    bool insert_rich_text(std::string_view bytes);
+    bool insert_html(const QString& html);
+    void insert_content(const rtf::Content& content);
+
+    FittingPictures* pictures_;
+    QImage zoomed_device_;
+    int zoom_ = 100;
+    int pictures_added_ = 0;
+    bool taking_paper_ = false;
+};
+
+}  // namespace tavernook
