@@ -180,7 +180,7 @@ void Mealbuilder::update_commands() {
                     recipe ? tr("Press \"Add Ingredient\", or drag items here from the inventory.")
                            : tr("Choose a recipe, or press \"New Recipe\"."));
     show_name();
-    set_document(document_);
+    show_notice();
 }
 
 void Mealbuilder::tell(const std::string& text) {
@@ -222,6 +222,7 @@ void Mealbuilder::show_recipe(i16 recipe) {
     const QString present = has_recipe() ? QStringLiteral("%1c").arg(shown_) : QString();
     if (!save_document() || !is_live_meal(recipe)) return select_key(present);
     const bool there_already = recipe == shown_ && holds_text();
+    if (!there_already) document_ = Document::unread;  // the pane is still another recipe's
     shown_ = recipe;
     select_key(QStringLiteral("%1c").arg(recipe));
     populate_tree_list(recipe);
@@ -335,7 +336,6 @@ i16 Mealbuilder::get_item_index(std::string_view key) {
 void Mealbuilder::set_up_keys() {
     on_keys(*this, QKeySequence::Refresh, [this] { ui_->Toolbar1_4->trigger(); });
     on_keys(*this, QKeySequence::Find, [this] { find(); });
-    on_keys(*this, QKeySequence(Qt::CTRL | Qt::Key_Insert), [this] { ui_->Toolbar1_1->trigger(); });
     QTreeView& tree = *ui_->recipe_tree;
     on_keys(tree, QKeySequence::Delete, [this] { ui_->Toolbar1_3->trigger(); });
     on_keys(tree, Qt::Key_Insert, [this] { ui_->Toolbar1_1->trigger(); });

@@ -124,6 +124,7 @@ class Mealbuilder : public QWidget, public ports::Mealbuilder, public UnsavedEdi
 
     // Ingredients and figures.
     bool has_recipe() const { return shown_ != 0; }
+    QModelIndex selected_ingredient() const;
     i16 selected_item() const;
     std::string selected_item_key() const;
     void fill_list(i16 recipe);

@@ -60,7 +60,6 @@ void Mealbuilder::set_up_document() {
 
 void Mealbuilder::set_document(Document state) {
     document_ = state;
-    pane_->set_editable(holds_text());
     if (holds_text()) pane_owner_ = is_live_meal(shown_) ? recipe_name(shown_) : QString();
     show_notice();
 }
@@ -85,6 +84,7 @@ bool Mealbuilder::has_unsaved_text() const {
 }
 
 void Mealbuilder::show_notice() {
+    pane_->set_editable(holds_text());
     const bool unread = document_ == Document::unread;
     ui_->document_notice->setVisible(unread);
     if (!unread) return;

@@ -59,7 +59,7 @@ void Mealbuilder::set_up_list() {
     list.header()->resizeSection(IngredientsModel::amount_column, letters_wide(list, 16));
     connect(&list, &QTreeView::activated, ui_->open_item_button, &QAbstractButton::click);
     connect(&list, &QTreeView::customContextMenuRequested, this, &Mealbuilder::show_list_menu);
-    connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this,
+    connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Mealbuilder::update_commands);
     connect(
         ingredients_, &IngredientsModel::item_dropped, this,
@@ -92,7 +92,7 @@ void Mealbuilder::populate_tree_list(i16 recipe) {
 void Mealbuilder::fill_list(i16 recipe) {
     change_list(*unit_names_, live_names(units), {ui_->serving_unit});
     if (recipe == shown_) take_serving();
-    const QModelIndex marked = ui_->ingredient_list->currentIndex();
+    const QModelIndex marked = selected_ingredient();
     const int row = sorted_ingredients_->mapToSource(marked).row();
     const QVariant key = marked.data(IngredientsModel::key_role);
     clear_list();
@@ -162,16 +162,17 @@ void Mealbuilder::store_serving() {
 
 // --- ingredients -----------------------------------------------------------------------------
 
+QModelIndex Mealbuilder::selected_ingredient() const {
+    const QModelIndexList rows = ui_->ingredient_list->selectionModel()->selectedRows();
+    return rows.isEmpty() ? QModelIndex() : rows.first();
+}
+
 i16 Mealbuilder::selected_item() const {
-    const QModelIndex row = ui_->ingredient_list->currentIndex();
-    return static_cast<i16>(row.data(IngredientsModel::tag_role).toInt());
+    return static_cast<i16>(selected_ingredient().data(IngredientsModel::tag_role).toInt());
 }
 
 std::string Mealbuilder::selected_item_key() const {
-    return ui_->ingredient_list->currentIndex()
-        .data(IngredientsModel::key_role)
-        .toString()
-        .toStdString();
+    return selected_ingredient().data(IngredientsModel::key_role).toString().toStdString();
 }
 
 void Mealbuilder::add_ingredient(i16 item, f64 quantity, i16 recipe) {

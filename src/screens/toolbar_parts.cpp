@@ -22,7 +22,10 @@ void fill_toolbar(QWidget& screen, QToolBar& bar,
         bar.addAction(action);
         auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
         button->setObjectName(action->objectName() + QLatin1String("_button"));
-        button->setText(action->text());  // with its mnemonic
+        // With its mnemonic, which the button drops whenever the action changes.
+        const auto show_text = [button, action] { button->setText(action->text()); };
+        show_text();
+        QObject::connect(action, &QAction::changed, button, show_text);
         button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(action->iconText());
     }

@@ -121,11 +121,12 @@ class MealbuilderTest : public MainWindowTest {
 
     // The name of the row being edited in the tree, replaced and accepted.
     void type_name(const char* name) {
-        auto* editor = tree().viewport()->findChild<QLineEdit*>();
+        auto* editor = qobject_cast<QLineEdit*>(tree().indexWidget(tree().currentIndex()));
         ASSERT_NE(editor, nullptr);
         editor->setText(QString::fromUtf8(name));
         QTest::keyClick(editor, Qt::Key_Return);
         settle();
+        settle();  // the tree follows once the editor is done
     }
 
     // As the mouse does it, with the text dragged; false when it is not taken there.
