@@ -97,7 +97,7 @@ void Mealbuilder::set_up_sizes() {
     ui_->ingredients_splitter->setSizes({600, 300});
     ui_->ingredients_splitter->setStretchFactor(0, 1);
     ui_->ingredients_splitter->setStretchFactor(1, 0);
-    ui_->ingredient_list->setMinimumWidth(letters_wide(*ui_->ingredient_list, 34));
+    ui_->ingredient_list->setMinimumWidth(letters_wide(*ui_->ingredient_list, 30));
     ui_->filter->setMinimumWidth(letters_wide(*ui_->filter, 14));
     QFont large = ui_->recipe_heading->font();
     large.setBold(true);
@@ -168,9 +168,8 @@ void Mealbuilder::update_commands() {
                                     ? tr("Put this recipe on the day that the planner shows.")
                                     : tr("There is no meal planner to add the recipe to."));
     ingredients_->set_takes_drops(recipe);
-    for (QWidget* part :
-         std::initializer_list<QWidget*>{ui_->ingredient_list, ui_->add_ingredient_button,
-                                         ui_->remove_ingredient_button, ui_->figures_group}) {
+    for (QWidget* part : std::initializer_list<QWidget*>{
+             ui_->add_ingredient_button, ui_->remove_ingredient_button, ui_->figures_group}) {
         part->setEnabled(recipe);
     }
     const bool chosen = recipe && selected_item() != 0;
@@ -208,6 +207,10 @@ void Mealbuilder::follow_focus(const QWidget* before, const QWidget* now) {
 // --- what is shown ---------------------------------------------------------------------------
 
 void Mealbuilder::setid(i16 recipe) {
+    if (recipe != shown_) {
+        trap_in_screen([this] { take_serving(); });  // what was typed belongs to the old one
+        clear_list();
+    }
     shown_ = recipe;
     set_document(Document::none);
     update_commands();
@@ -331,60 +334,6 @@ i16 Mealbuilder::get_child_index(std::string_view key) {
 }
 i16 Mealbuilder::get_item_index(std::string_view key) {
     return number_before(key, 't');
-}
-
-void Mealbuilder::set_up_keys() {
-    on_keys(*this, QKeySequence::Refresh, [this] { ui_->Toolbar1_4->trigger(); });
-    on_keys(*this, QKeySequence::Find, [this] { find(); });
-    QTreeView& tree = *ui_->recipe_tree;
-    on_keys(tree, QKeySequence::Delete, [this] { ui_->Toolbar1_3->trigger(); });
-    on_keys(tree, Qt::Key_Insert, [this] { ui_->Toolbar1_1->trigger(); });
-    on_keys(tree, Qt::Key_Slash, [this] { find(); });
-    QTreeView& list = *ui_->ingredient_list;
-    on_keys(list, Qt::Key_F2, [this] { ui_->change_quantity_button->click(); });
-    on_keys(list, Qt::Key_Insert, [this] { ui_->add_ingredient_button->click(); });
-    on_keys(list, QKeySequence::Delete, [this] {
-        if (selected_item() != 0) ui_->remove_ingredient_button->click();
-    });
-    for (QWidget* watched :
-         std::initializer_list<QWidget*>{ui_->filter, ui_->recipe_tree, ui_->serving_unit}) {
-        watched->installEventFilter(this);
-    }
-}
-
-bool Mealbuilder::eventFilter(QObject* watched, QEvent* event) {
-    // The wheel scrolls; it never changes a box that the pointer happens to pass.
-    if (event->type() == QEvent::Wheel && watched == ui_->serving_unit) {
-        event->ignore();
-        return true;
-    }
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    if (plain && watched == ui_->filter && filter_key(key.key())) return true;
-    const QModelIndex index = ui_->recipe_tree->currentIndex();
-    const bool naming = ui_->recipe_tree->isPersistentEditorOpen(index);
-    if (plain && enter && watched == ui_->recipe_tree && !naming) {
-        if (model_->recipe_at(index) != 0) {
-            pane_->setFocus(Qt::TabFocusReason);
-        } else {
-            ui_->recipe_tree->setExpanded(index, !ui_->recipe_tree->isExpanded(index));
-        }
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-// What was opened last goes first.
-void Mealbuilder::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && !ui_->filter->text().isEmpty()) {
-        ui_->filter->clear();
-    } else if (event->key() == Qt::Key_Escape && return_mode_ != 0) {
-        ui_->close_button->click();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
 }
 
 // --- leaving ---------------------------------------------------------------------------------

@@ -108,7 +108,7 @@ void Mealbuilder::update_tree_hint() {
 }
 
 void Mealbuilder::narrow(const QString& filter) {
-    const QString marked = has_recipe() ? QStringLiteral("%1c").arg(shown_) : QStringLiteral("r0");
+    const QString marked = has_recipe() ? QStringLiteral("%1c").arg(shown_) : selected_key();
     model_->set_filter(filter);
     expand_tree();
     select_key(marked);

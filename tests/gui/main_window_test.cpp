@@ -143,12 +143,12 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
     for (const QAction* one : all_commands()) {
         if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
     }
-    EXPECT_EQ(enabled,
-              (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Save",
-                                     "mnuFile_SaveAs", "mnuFile_Close", "mnuFile_Exit",
-                                     "mnuProject_FoodInventory", "toolbar_1_7", "mnu_wam",
-                                     "mnu_tvkhelp", "mnuhelp_search", "mnu_about", "toolbar_1_1",
-                                     "toolbar_1_2", "toolbar_1_3", "toolbar_1_11", "toolbar_2_5"}));
+    EXPECT_EQ(enabled, (std::set<std::string>{
+                           "mnuFile_NewProject", "mnuFile_Open", "mnuFile_Save", "mnuFile_SaveAs",
+                           "mnuFile_Close", "mnuFile_Exit", "mnuProject_FoodInventory",
+                           "mnuProject_MealBuilder", "toolbar_1_7", "toolbar_1_9", "mnu_wam",
+                           "mnu_tvkhelp", "mnuhelp_search", "mnu_about", "toolbar_1_1",
+                           "toolbar_1_2", "toolbar_1_3", "toolbar_1_11", "toolbar_2_5"}));
 }
 
 TEST_F(MainWindow, ADisabledCommandSaysWhy) {
@@ -226,8 +226,8 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; the measures; Help without the lessons.
-    EXPECT_EQ(reached, 7 + 2 + 3);
+    // Six commands and the submenu of File; items, recipes, measures; Help without the lessons.
+    EXPECT_EQ(reached, 7 + 3 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {

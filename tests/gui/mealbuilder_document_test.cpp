@@ -127,6 +127,32 @@ TEST_F(RecipeDocuments, SavingTheProjectSavesTheTextFirst) {
     EXPECT_EQ(pane_text(), "Fry.");
 }
 
+TEST_F(RecipeDocuments, SavingTheProjectTakesASizeThatIsStillBeingTyped) {
+    open();
+    mark("1c");
+    auto& size = part<QLineEdit>("serving_size");
+    size.setFocus();
+    size.setText("6");
+    press("Ctrl+S");
+    EXPECT_EQ(meal_serving_size[1], 6);
+    EXPECT_EQ(label("calories_per_serving"), "60.00");
+    EXPECT_EQ(project_modified, i16_false);
+    EXPECT_FALSE(has_file("home000001.rtf"));
+}
+
+TEST_F(RecipeDocuments, ASizeThatIsStillBeingTypedStaysWithItsRecipe) {
+    open();
+    mark("1c");
+    auto& size = part<QLineEdit>("serving_size");
+    size.setFocus();
+    size.setText("6");
+    screen().setid(2);
+    screen().populate_tree_list(2);
+    EXPECT_EQ(meal_serving_size[1], 6);
+    EXPECT_EQ(meal_serving_size[2], 1);
+    EXPECT_EQ(size.text(), "1");
+}
+
 TEST_F(RecipeDocuments, ClosingTheProjectSavesTheText) {
     open();
     mark("1c");
