@@ -1,5 +1,6 @@
 #include "screens/recipe_pane.h"
 
+#include <QEvent>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
@@ -29,13 +30,20 @@ RecipePane::RecipePane(QWidget* parent)
     connect(toolbar_, &RecipeToolbar::picture_wanted, this, &RecipePane::InsertImage);
     connect(toolbar_, &RecipeToolbar::barcode_wanted, this, &RecipePane::barcode_wanted);
     connect(toolbar_, &RecipeToolbar::information_wanted, this, &RecipePane::information_wanted);
+    text_->take_paper(palette());
     set_editable(false);
+}
+
+void RecipePane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) text_->take_paper(palette());
 }
 
 void RecipePane::load(std::string_view rich_text) {
     const rtf::Content content = rtf::parse(rich_text);
     const QScopedValueRollback<bool> quiet(loading_, true);
     text_->replace_with(content);
+    settle_text();
     toolbar_->follow_caret();
 }
 
@@ -46,6 +54,7 @@ std::string RecipePane::rich_text() const {
 void RecipePane::clear() {
     const QScopedValueRollback<bool> quiet(loading_, true);
     text_->empty();
+    settle_text();
     toolbar_->follow_caret();
 }
 
@@ -58,11 +67,17 @@ void RecipePane::set_unchanged() {
 }
 
 void RecipePane::set_editable(bool editable) {
-    text_->setReadOnly(!editable);
-    text_->setEnabled(editable);
+    editable_ = editable;
+    const auto reading = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    text_->setTextInteractionFlags(editable ? Qt::TextEditorInteraction : reading);
     toolbar_->set_usable(editable);
     text_->setPlaceholderText(editable ? tr("Write down here how the recipe is made.")
                                        : tr("Choose a recipe to read it here."));
+    settle_text();
+}
+
+void RecipePane::settle_text() {
+    text_->setEnabled(editable_ || !text_->document()->isEmpty());
 }
 
 void RecipePane::add_text(const QString& text) {

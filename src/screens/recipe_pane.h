@@ -34,7 +34,8 @@ class RecipePane : public QWidget {
     bool is_changed() const;
     void set_unchanged();
 
-    // False: no recipe is shown; text and toolbar take nothing. So it is at first.
+    // False: nothing can be changed by the user, but a text that stands there can be read and
+    // copied. So it is at first.
     void set_editable(bool editable);
 
     // In place of the selection, in the format of the caret.
@@ -63,13 +64,18 @@ class RecipePane : public QWidget {
     void barcode_wanted();
     void information_wanted();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     void insert_picture_file(const std::string& path);
     void tell_refused_picture();
+    void settle_text();
 
     RecipeText* text_;
     RecipeToolbar* toolbar_;
     bool loading_ = false;
+    bool editable_ = false;
 };
 
 }  // namespace tavernook

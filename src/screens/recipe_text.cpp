@@ -1,8 +1,7 @@
 #include "screens/recipe_text.h"
 
-#include <QApplication>
+#include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
-#include <QTextDocumentFragment>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
@@ -71,7 +70,6 @@ RecipeText::RecipeText(QWidget* parent)
     keep_font();
     viewport()->setMouseTracking(true);
     document()->documentLayout()->registerHandler(QTextFormat::ImageObject, pictures_);
-    take_paper();
 }
 
 void RecipeText::replace_with(const rtf::Content& content) {
@@ -107,19 +105,6 @@ bool RecipeText::insert_picture(const QImage& picture) {
     return true;
 }
 
-void RecipeText::insert_content(const rtf::Content& content) {
-    QTextDocument piece;
-    piece.setDefaultFont(document()->defaultFont());
-    rtf::fill(piece, content);
-    for_each_picture(piece, [&](QTextCursor place, QTextImageFormat format) {
-        const QVariant picture = piece.resource(QTextDocument::ImageResource, format.name());
-        format.setName(add_picture(picture.value<QImage>()));
-        place.setCharFormat(format);
-    });
-    textCursor().insertFragment(QTextDocumentFragment(&piece));
-    ensureCursorVisible();
-}
-
 // What the layout takes for the resolution of the screen; points and lengths grow with it.
 void RecipeText::set_zoom(int percent) {
     percent = std::clamp(percent, smallest_zoom, largest_zoom);
@@ -142,11 +127,8 @@ void RecipeText::keep_font() {
     if (document()->defaultFont() != first_font()) document()->setDefaultFont(first_font());
 }
 
-void RecipeText::take_paper() {
-    if (taking_paper_) return;
-    taking_paper_ = true;
-    setPalette(paper(QApplication::palette()));
-    taking_paper_ = false;
+void RecipeText::take_paper(const QPalette& around) {
+    setPalette(paper(around));
 }
 
 void RecipeText::changeEvent(QEvent* event) {
@@ -154,10 +136,6 @@ void RecipeText::changeEvent(QEvent* event) {
     // The document's font is the recipe's and not the screen's.
     if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange) {
         keep_font();
-    }
-    if (event->type() == QEvent::ApplicationPaletteChange ||
-        event->type() == QEvent::PaletteChange) {
-        take_paper();
     }
 }
 
@@ -183,7 +161,8 @@ void RecipeText::run(Key key) {
         case Key::true_size:
             return set_zoom(100);
         case Key::redo:
-            return redo();
+            if (!isReadOnly()) redo();
+            return;
         case Key::none:
             return;
     }

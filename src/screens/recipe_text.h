@@ -27,6 +27,10 @@ class RecipeText : public QTextEdit {
     // none or has more dots than a recipe keeps.
     [[nodiscard]] bool insert_picture(const QImage& picture);
 
+    // Paper and ink in the colours of what is around, the lighter one as paper. It has to be told
+    // of each change: a palette of its own hears nothing of them.
+    void take_paper(const QPalette& around);
+
     // In hundredths of the true size, from 50 to 400.
     void set_zoom(int percent);
     int zoom() const { return zoom_; }
@@ -54,7 +58,6 @@ class RecipeText : public QTextEdit {
 
     static Key key_of(const QKeyEvent& event);
     void run(Key key);
-    void take_paper();
     void keep_font();
     QString add_picture(const QImage& picture);
     bool insert_rich_text(std::string_view bytes);
@@ -65,7 +68,6 @@ class RecipeText : public QTextEdit {
     QImage zoomed_device_;
     int zoom_ = 100;
     int pictures_added_ = 0;
-    bool taking_paper_ = false;
 };
 
 }  // namespace tavernook

@@ -2,6 +2,7 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QTextBlock>
 #include <QTextDocumentFragment>
 #include <QUrl>
 #include <algorithm>
@@ -57,6 +58,43 @@ QByteArray rich_text_in(const QMimeData& data) {
     return {};
 }
 
+// Words from one paragraph, without the paragraph's own form.
+void insert_words(QTextCursor cursor, const QTextBlock& words) {
+    for (auto part = words.begin(); !part.atEnd(); ++part) {
+        const QTextFragment piece = part.fragment();
+        cursor.insertText(piece.text(), piece.charFormat());
+    }
+}
+
+// Lists begin under an empty line instead of in it: that line goes.
+void insert_paragraphs(QTextCursor cursor, const QTextDocumentFragment& paragraphs, int count) {
+    const QTextDocument& document = *cursor.document();
+    const int before = document.blockCount();
+    const int place = cursor.position();
+    const bool on_empty_line = cursor.block().length() == 1;
+    cursor.insertFragment(paragraphs);
+    if (!on_empty_line || document.blockCount() < before + count) return;
+    cursor.setPosition(place);
+    cursor.deleteChar();
+}
+
+void insert_document(QTextCursor cursor, const QTextDocument& document) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    if (document.blockCount() == 1) {
+        insert_words(cursor, document.begin());
+    } else {
+        insert_paragraphs(cursor, QTextDocumentFragment(&document), document.blockCount());
+    }
+    cursor.endEditBlock();
+}
+
+int paragraphs_in(const QTextCursor& cursor) {
+    const QTextDocument& document = *cursor.document();
+    return document.findBlock(cursor.selectionEnd()).blockNumber() -
+           document.findBlock(cursor.selectionStart()).blockNumber() + 1;
+}
+
 }  // namespace
 
 void RecipeText::dragEnterEvent(QDragEnterEvent* event) {
@@ -108,12 +146,25 @@ bool RecipeText::insert_html(const QString& html) {
     return insert_rich_text(rtf::written(page));
 }
 
+void RecipeText::insert_content(const rtf::Content& content) {
+    QTextDocument piece;
+    piece.setDefaultFont(document()->defaultFont());
+    rtf::fill(piece, content);
+    for_each_picture(piece, [&](QTextCursor place, QTextImageFormat format) {
+        const QVariant picture = piece.resource(QTextDocument::ImageResource, format.name());
+        format.setName(add_picture(picture.value<QImage>()));
+        place.setCharFormat(format);
+    });
+    insert_document(textCursor(), piece);
+    ensureCursorVisible();
+}
+
 // With its pictures, as the place where it is pasted may be another recipe or another program.
 QMimeData* RecipeText::createMimeDataFromSelection() const {
     QTextDocument piece;
     piece.setDefaultFont(document()->defaultFont());
     const QTextDocumentFragment selected = textCursor().selection();
-    QTextCursor(&piece).insertFragment(selected);
+    insert_paragraphs(QTextCursor(&piece), selected, paragraphs_in(textCursor()));
     for_each_picture(piece, [&](const QTextCursor&, const QTextImageFormat& format) {
         const QUrl name(format.name());
         piece.addResource(QTextDocument::ImageResource, name,

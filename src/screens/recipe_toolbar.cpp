@@ -1,5 +1,6 @@
 #include "screens/recipe_toolbar.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -108,6 +109,7 @@ void RecipeToolbar::add_boxes() {
         if (done) back_to_text();
     });
     for (const ChoiceBox* box : {font_box_, size_box_}) {
+        box->view()->setAccessibleName(box->accessibleName());
         connect(box, &ChoiceBox::left, this, [this](bool by_escape) {
             follow_caret();
             if (by_escape) text_.setFocus();
@@ -198,6 +200,8 @@ void RecipeToolbar::name_buttons() {
     }
     auto* more = bar_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (more == nullptr) return;
+    // The style's own sign is hardly seen in dark palettes.
+    more->setIcon(icon(QStringLiteral("more")));
     more->setAccessibleName(tr("More commands"));
     more->setToolTip(tr("More commands"));
 }
