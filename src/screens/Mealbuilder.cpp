@@ -260,6 +260,7 @@ void Mealbuilder::new_category() {
     if (!name || trim(*name).empty()) return;
     const i16 row = new_catagory(trim(*name), recipe_category_type, selected_catagory());
     project_modified = i16_true;
+    ui_->filter->clear();  // it would hide a category that is empty
     select_key(QStringLiteral("%1r").arg(row));
 }
 

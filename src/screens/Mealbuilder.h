@@ -118,6 +118,7 @@ class Mealbuilder : public QWidget, public ports::Mealbuilder, public UnsavedEdi
     void narrow(const QString& filter);
     void find();
     void rename_marked();
+    bool is_naming() const;
     void show_tree_menu(const QPoint& place);
     bool filter_key(int key);
     void update_tree_hint();

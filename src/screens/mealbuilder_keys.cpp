@@ -14,7 +14,9 @@ void Mealbuilder::set_up_keys() {
     on_keys(*this, QKeySequence::Find, [this] { find(); });
     QTreeView& tree = *ui_->recipe_tree;
     on_keys(tree, QKeySequence::Delete, [this] { ui_->Toolbar1_3->trigger(); });
-    on_keys(tree, Qt::Key_Insert, [this] { ui_->Toolbar1_1->trigger(); });
+    on_keys(tree, Qt::Key_Insert, [this] {
+        if (!is_naming()) ui_->Toolbar1_1->trigger();
+    });
     on_keys(tree, Qt::Key_Slash, [this] { find(); });
     QTreeView& list = *ui_->ingredient_list;
     on_keys(list, Qt::Key_F2, [this] { ui_->change_quantity_button->click(); });
@@ -26,6 +28,11 @@ void Mealbuilder::set_up_keys() {
          std::initializer_list<QWidget*>{ui_->filter, ui_->recipe_tree, ui_->serving_unit}) {
         watched->installEventFilter(this);
     }
+}
+
+// The keys that a name does not take come on to the tree.
+bool Mealbuilder::is_naming() const {
+    return ui_->recipe_tree->isPersistentEditorOpen(ui_->recipe_tree->currentIndex());
 }
 
 bool Mealbuilder::eventFilter(QObject* watched, QEvent* event) {
@@ -40,8 +47,7 @@ bool Mealbuilder::eventFilter(QObject* watched, QEvent* event) {
     const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
     if (plain && watched == ui_->filter && filter_key(key.key())) return true;
     const QModelIndex index = ui_->recipe_tree->currentIndex();
-    const bool naming = ui_->recipe_tree->isPersistentEditorOpen(index);
-    if (plain && enter && watched == ui_->recipe_tree && !naming) {
+    if (plain && enter && watched == ui_->recipe_tree && !is_naming()) {
         if (model_->recipe_at(index) != 0) {
             pane_->setFocus(Qt::TabFocusReason);
         } else {

@@ -402,7 +402,7 @@ TEST_F(RecipeDocuments, TheInformationBlockTellsWhatIsOnTheScreen) {
     mark("1c");
     part<QLineEdit>("serving_size").setText("4");
     write("Fry.");
-    screen().AddMealInfo();
+    part<QAction>("recipe_information").trigger();
     const std::string rule(43, '_');
     EXPECT_EQ(pane_text(),
               "Fry.Ingredients\n" + rule + "\n1.5 Cup(s) Milk\n4 Cup(s) Flour\n" + rule +

@@ -142,8 +142,11 @@ TEST_F(RecipeManager, NewCategoryHangsUnderTheMarkedOne) {
     EXPECT_EQ(marked(), "3r");
     EXPECT_EQ(project_modified, i16_true);
     mark("r0");
+    part<QLineEdit>("filter").setText("pan");
+    mark("r0");
     expect_category("Soups");
     command("Toolbar1_2");
+    EXPECT_EQ(marked(), "4r");
     EXPECT_EQ(catagories[4].parent, 0);
     EXPECT_EQ(rows(), "[General [Breakfast [Sweet ] Pancakes Porridge ] [Soups ] Stew ] ");
 }

@@ -134,6 +134,19 @@ TEST_F(RecipeTree, F2RenamesACategory) {
     EXPECT_EQ(marked(), "2r");
 }
 
+TEST_F(RecipeTree, EnterAndInsertInANameLeaveTheTreeAlone) {
+    put_household();
+    open();
+    tree().setFocus();
+    mark("2r");
+    press("F2");
+    QTest::keyClick(tree().indexWidget(tree().currentIndex()), Qt::Key_Insert);
+    type_name("Morning");
+    EXPECT_TRUE(tree().isExpanded(model().index_of("2r")));
+    EXPECT_EQ(focused(), "recipe_tree");
+    EXPECT_EQ(catagories[2].name.trimmed(), "Morning");
+}
+
 TEST_F(RecipeTree, TheRootCannotBeGivenANewName) {
     open();
     tree().setFocus();
