@@ -17,6 +17,7 @@
 #include "app/program_start.h"
 #include "app/shots_inventory.h"
 #include "app/shots_lookups.h"
+#include "app/shots_recipes.h"
 #include "app/shots_sample.h"
 #include "core/main_commands.h"
 #include "core/program_state.h"
@@ -172,6 +173,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     take_settings(photographer, window);
     take_lookup_screens(window, take);
     take_inventory_screens(window, take);
+    take_recipe_screens(window, take);
     take_sample_screens(window, take);
 }
 

@@ -18,6 +18,7 @@
 #include "screens/icons.h"
 #include "screens/register_screens.h"
 #include "screens/shown_text.h"
+#include "screens/toolbar_parts.h"
 #include "shopping/shopping_list.h"
 #include "ui_FoodInventory.h"
 
@@ -61,18 +62,19 @@ FoodInventory::~FoodInventory() {
 }
 
 void FoodInventory::set_up_toolbars() {
-    set_up_toolbar(*ui_->item_toolbar_1, {{1, "new_item"},
-                                          {2, "new_category"},
-                                          {3, nullptr},
-                                          {4, "delete"},
-                                          {5, "copy"},
-                                          {6, "stores"},
-                                          {7, "units"},
-                                          {8, "import"},
-                                          {9, "export"},
-                                          {10, "usage"},
-                                          {11, "label"}});
-    set_up_toolbar(*ui_->item_toolbar_2, {{1, "accept"}});
+    fill_toolbar(*this, *ui_->item_toolbar_1,
+                 {{1, "new_item"},
+                  {2, "new_category"},
+                  {3, nullptr},
+                  {4, "delete"},
+                  {5, "copy"},
+                  {6, "stores"},
+                  {7, "units"},
+                  {8, "import"},
+                  {9, "export"},
+                  {10, "usage"},
+                  {11, "label"}});
+    fill_toolbar(*this, *ui_->item_toolbar_2, {{1, "accept"}});
     const int line = fontMetrics().height();
     ui_->item_toolbar_1->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
     ui_->item_toolbar_1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
@@ -88,26 +90,6 @@ void FoodInventory::set_up_toolbars() {
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.2);
     accept_button->setFont(large);
-}
-
-// A position without an icon is a separator.
-void FoodInventory::set_up_toolbar(QToolBar& bar,
-                                   const std::vector<std::pair<int, const char*>>& icons) {
-    bar.setAccessibleName(bar.windowTitle());
-    for (const auto& [position, name] : icons) {
-        if (name == nullptr) {
-            bar.addSeparator();
-            continue;
-        }
-        auto* action = findChild<QAction*>(action_name(bar, position));
-        action->setIcon(icon(QLatin1String(name)));
-        bar.addAction(action);
-        auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
-        button->setObjectName(action->objectName() + QLatin1String("_button"));
-        button->setText(action->text());  // with its mnemonic
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(action->iconText());
-    }
 }
 
 // As one reads: commands, list, fields, and what is done with them.

@@ -23,7 +23,6 @@ class QCalendarWidget;
 class QComboBox;
 class QFrame;
 class QPlainTextEdit;
-class QToolBar;
 
 namespace tavernook {
 
@@ -77,7 +76,6 @@ class FoodInventory : public QWidget, public ports::FoodInventory, public Unsave
     void when_clicked(const char* name, Command command);
 
     void set_up_toolbars();
-    void set_up_toolbar(QToolBar& bar, const std::vector<std::pair<int, const char*>>& icons);
     void set_up_commands();
     void set_up_fields();
     void set_up_tree();

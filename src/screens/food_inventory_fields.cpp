@@ -11,6 +11,7 @@
 #include "inventory/lots.h"
 #include "platform/platform.h"
 #include "screens/FoodInventory.h"
+#include "screens/name_boxes.h"
 #include "screens/quantity_box.h"
 #include "screens/shown_text.h"
 #include "ui_FoodInventory.h"
@@ -35,43 +36,6 @@ std::string typed_lines(const QPlainTextEdit& edit, i16 row) {
     if (typed == with_plain_line_ends(shown_text(stored))) return stored;
     QString lines = typed;
     return typed_text(lines.replace(QLatin1Char('\n'), QLatin1String("\r\n")));
-}
-
-void show_name(QComboBox& box, const QString& name) {
-    box.setCurrentIndex(box.findText(name, Qt::MatchFixedString));
-    box.setEditText(name);
-}
-
-template <typename Rows>
-QStringList live_names(const Rows& table) {
-    QStringList names;
-    for (const auto& record : table) {
-        if (record.in_use == 1 && !record.name.blank()) {
-            names.append(shown_text(record.name.trimmed()));
-        }
-    }
-    return names;
-}
-
-template <typename Rows>
-QString name_in(const Rows& table, i16 row) {
-    return row > 0 ? shown_text(table[row].name.trimmed()) : QString();
-}
-
-// A new list empties the boxes over it, which therefore get their texts back.
-void change_list(QStringListModel& list, const QStringList& names,
-                 const std::vector<QComboBox*>& over) {
-    if (list.stringList() == names) return;
-    QStringList shown;
-    std::vector<std::unique_ptr<QSignalBlocker>> silence;
-    for (QComboBox* box : over) {
-        shown.append(box->currentText());
-        silence.push_back(std::make_unique<QSignalBlocker>(box));
-    }
-    list.setStringList(names);
-    for (std::size_t i = 0; i < over.size(); ++i) {
-        show_name(*over[i], shown[static_cast<qsizetype>(i)]);
-    }
 }
 
 }  // namespace

@@ -50,7 +50,9 @@ void FoodInventory::set_up_keys() {
 }
 
 bool FoodInventory::tree_key(QKeyEvent& event) {
-    if (!is_plain(event)) return false;
+    // The keys that a name being typed does not take come on to the tree.
+    const bool naming = ui_->item_tree->isPersistentEditorOpen(ui_->item_tree->currentIndex());
+    if (naming || !is_plain(event)) return false;
     if (event.key() == Qt::Key_Slash) {
         ui_->filter->setFocus(Qt::ShortcutFocusReason);
         ui_->filter->selectAll();

@@ -8,6 +8,7 @@
 #include "core/project_data.h"
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
+#include "screens/catagory_places.h"
 #include "screens/icons.h"
 #include "screens/shown_text.h"
 
@@ -19,46 +20,9 @@ constexpr int root = 0;
 constexpr i16 general = 1;
 constexpr i16 gone = -1;  // a category that the filter leaves out
 
-// Small letters without their accents.
-QString folded(const QString& text) {
-    const bool plain =
-        std::all_of(text.begin(), text.end(), [](QChar letter) { return letter.unicode() < 0x80; });
-    if (plain) return text.toLower();
-    QString result;
-    for (const QChar letter : text.normalized(QString::NormalizationForm_KD)) {
-        if (letter.category() != QChar::Mark_NonSpacing) result += letter.toLower();
-    }
-    return result;
-}
-
 template <typename Record>
 QString name_of(const Record& record) {
     return shown_text(record.name.trimmed());
-}
-
-// The category beneath which a category is shown; 0 is the top. A circle of parents, or a parent
-// that is not shown, leads there.
-i16 catagory_above(i16 row) {
-    const i16 above = catagories[row].parent;
-    if (!is_item_catagory(above)) return 0;
-    i16 step = above;
-    for (int steps = 0; steps < catagory_capacity && is_item_catagory(step); ++steps) {
-        if (step == row) return 0;
-        step = catagories[step].parent;
-    }
-    return above;
-}
-
-std::vector<i16> sorted_catagories(bool backwards) {
-    std::vector<std::pair<QString, i16>> named;
-    for (i16 row = 1; row <= catagory_capacity; ++row) {
-        if (is_item_catagory(row)) named.emplace_back(folded(name_of(catagories[row])), row);
-    }
-    std::sort(named.begin(), named.end());
-    if (backwards) std::reverse(named.begin(), named.end());
-    std::vector<i16> rows;
-    for (const auto& [name, row] : named) rows.push_back(row);
-    return rows;
 }
 
 QString unit_name(i16 unit) {
@@ -171,7 +135,9 @@ void ItemTreeModel::build() {
     std::vector<int> node_of(catagory_capacity + 1, root);
     if (view_ == View::tree) {
         const bool backwards = sort_column_ == name_column && sort_order_ == Qt::DescendingOrder;
-        add_catagories(0, root, sorted_catagories(backwards), node_of);
+        std::vector<i16> sorted = sorted_catagories(is_item_catagory);
+        if (backwards) std::reverse(sorted.begin(), sorted.end());
+        add_catagories(0, root, sorted, node_of);
     }
     add_items(node_of);
     if (is_filtered()) drop_empty_catagories();
@@ -180,7 +146,7 @@ void ItemTreeModel::build() {
 void ItemTreeModel::add_catagories(i16 above, int parent, const std::vector<i16>& sorted,
                                    std::vector<int>& node_of) {
     for (const i16 row : sorted) {
-        if (catagory_above(row) != above) continue;
+        if (catagory_above(row, is_item_catagory) != above) continue;
         const int added = add_node(false, row, parent);
         node_of[static_cast<std::size_t>(row)] = added;
         add_catagories(row, added, sorted, node_of);

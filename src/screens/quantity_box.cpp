@@ -18,8 +18,16 @@ QuantityBox::QuantityBox(QWidget* parent)
 }
 
 void QuantityBox::set_value(f64 value, const char* mask) {
+    show_untouched(value, format_number(value, mask));
+}
+
+void QuantityBox::set_number(f64 value) {
+    show_untouched(value, number_text(value));
+}
+
+void QuantityBox::show_untouched(f64 value, const std::string& text) {
     value_ = value;
-    shown_ = shown_text(format_number(value, mask));
+    shown_ = shown_text(text);
     setText(shown_);
     setCursorPosition(0);
     mark();

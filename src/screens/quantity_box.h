@@ -21,6 +21,9 @@ class QuantityBox : public QLineEdit {
     // Shows the number under the mask and takes it as untouched.
     void set_value(f64 value, const char* mask);
 
+    // The same as plain number text.
+    void set_number(f64 value);
+
     // Empty, which counts as 0.
     void set_blank();
 
@@ -42,6 +45,7 @@ class QuantityBox : public QLineEdit {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    void show_untouched(f64 value, const std::string& text);
     void mark();
     QSize size_for(int letters) const;
 

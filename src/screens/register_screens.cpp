@@ -4,6 +4,7 @@
 #include "screens/FoodInventory.h"
 #include "screens/LotView.h"
 #include "screens/Main.h"
+#include "screens/Mealbuilder.h"
 #include "screens/StoresForm.h"
 #include "screens/UnitsForm.h"
 #include "screens/screen_registry.h"
@@ -28,6 +29,7 @@ void register_screens(Main& main) {
     ScreenRegistry& registry = main.registry();
     add<FoodInventory>(registry, "FoodInventory");
     add<LotView>(registry, "LotView");
+    add<Mealbuilder>(registry, "Mealbuilder");
     add<StoresForm>(registry, "StoresForm");
     add<UnitsForm>(registry, "UnitsForm");
     add<wam>(registry, "wam");
@@ -41,6 +43,11 @@ QWidget* show_screen(const QString& name) {
 QWidget* load_screen(const QString& name) {
     ScreenRegistry* registry = present_registry();
     return registry != nullptr && registry->load(name) ? registry->loaded(name) : nullptr;
+}
+
+bool knows_screen(const QString& name) {
+    const ScreenRegistry* registry = present_registry();
+    return registry != nullptr && registry->knows(name);
 }
 
 }  // namespace tavernook

@@ -218,6 +218,7 @@ TEST_F(ItemTree, ACategoryIsRenamedInPlaceTheFirstOneToo) {
     EXPECT_EQ(project_modified, i16_true);
     EXPECT_EQ(rows(), "[Dairy] Butter Milk [Staples] Rice ");
     EXPECT_EQ(marked(), "r1");
+    EXPECT_TRUE(tree().isExpanded(model().index_of("r1")));
 }
 
 TEST_F(ItemTree, F2OnAnItemLeadsToItsName) {

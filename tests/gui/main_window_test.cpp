@@ -150,6 +150,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnuFile_Close",
                                               "mnuFile_Exit",
                                               "mnuProject_FoodInventory",
+                                              "mnuProject_MealBuilder",
+                                              "toolbar_1_9",
                                               "toolbar_1_7",
                                               "mnu_wam",
                                               "Project_Setup",
@@ -240,9 +242,9 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; the settings, the measures and the items; Help without
-    // the lessons.
-    EXPECT_EQ(reached, 7 + 3 + 3);
+    // Six commands and the submenu of File; settings, items, recipes and measures; Help without the
+    // lessons.
+    EXPECT_EQ(reached, 7 + 4 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
