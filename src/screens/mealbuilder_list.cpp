@@ -16,6 +16,7 @@
 #include "recipes/recipe_names.h"
 #include "screens/Mealbuilder.h"
 #include "screens/ingredients_model.h"
+#include "screens/list_font.h"
 #include "screens/list_parts.h"
 #include "screens/name_boxes.h"
 #include "screens/quantity_box.h"
@@ -53,6 +54,7 @@ void Mealbuilder::set_up_list() {
     QTreeView& list = *ui_->ingredient_list;
     sorted_ingredients_->setSortRole(IngredientsModel::sort_role);
     dress_list(list);
+    follow_font_size(list);
     list.setModel(sorted_ingredients_);
     list.setDropIndicatorShown(false);
     list.header()->setSectionResizeMode(IngredientsModel::name_column, QHeaderView::Stretch);

@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "recipes/recipe_names.h"
 #include "screens/Mealbuilder.h"
+#include "screens/list_font.h"
 #include "screens/list_parts.h"
 #include "screens/recipe_tree_model.h"
 #include "screens/table_copy.h"
@@ -34,6 +35,7 @@ void Mealbuilder::set_up_tree() {
     tree.setAutoExpandDelay(600);
     copy_rows_by_keys(tree);
     space_rows(tree);
+    follow_font_size(tree);
     rename_ = new QAction(tr("Rename"), this);
     rename_->setObjectName(QStringLiteral("rename"));
     rename_->setShortcut(Qt::Key_F2);
