@@ -44,9 +44,8 @@ ShoppingList::ShoppingList(QWidget* parent)
     set_up_columns();
     set_up_pick_list();
     set_up_footer();
-    set_up_scanning();
     set_up_keys();
-    set_up_tab_order();
+    set_up_scanning();
     connect_commands();
     enter_presses_buttons(*this);
     set_shopping_list(this);

@@ -39,6 +39,7 @@ class ShoppingList : public QWidget, public ports::ShoppingList {
   protected:
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -50,7 +51,6 @@ class ShoppingList : public QWidget, public ports::ShoppingList {
     void set_up_footer();
     void set_up_scanning();
     void set_up_keys();
-    void set_up_tab_order();
     void connect_commands();
     void on_command(QAction* action, void (ShoppingList::*command)());
 

@@ -166,12 +166,16 @@ bool ShoppingList::find_key(QKeyEvent& key) {
 
 // --- scanning ----------------------------------------------------------------------------------
 
-// Codes are what the screen waits for where a scanner types them, names where there is none.
 void ShoppingList::follow_scanner() {
     ui_->Text1->follow_scanner_type();
+}
+
+// Codes are what the screen waits for where a scanner types them, names where there is none. No
+// focus proxy, as the Tab key's round would begin again there and leave parts out.
+void ShoppingList::focusInEvent(QFocusEvent* event) {
     QWidget* first = ui_->find_box;
     if (ScanEntry::is_typed_into()) first = ui_->Text1;
-    setFocusProxy(first);
+    first->setFocus(event->reason());
 }
 
 void ShoppingList::take_code(const std::string& code) {

@@ -157,20 +157,6 @@ void ShoppingList::set_up_keys() {
     connect(qApp, &QApplication::focusChanged, this, &ShoppingList::follow_focus);
 }
 
-// As one reads: commands, the list with what stands above it, what can be added.
-void ShoppingList::set_up_tab_order() {
-    std::vector<QWidget*> order;
-    for (QAction* action : ui_->list_toolbar->actions()) {
-        order.push_back(ui_->list_toolbar->widgetForAction(action));
-    }
-    for (QWidget* part :
-         std::initializer_list<QWidget*>{ui_->columns_button, ui_->Text1, ui_->shopping_list,
-                                         ui_->find_box, ui_->quick_pick_list, ui_->close_button}) {
-        order.push_back(part);
-    }
-    for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
-}
-
 void ShoppingList::on_command(QAction* action, void (ShoppingList::*command)()) {
     connect(action, &QAction::triggered, this,
             [this, command] { trap_in_screen([&] { (this->*command)(); }); });
