@@ -66,6 +66,7 @@ class ShoppingList : public QWidget, public ports::ShoppingList {
     void escape();
 
     // Columns and sort.
+    void fit_names();
     void switch_column(int column, bool shown);
     void follow_header();
     void recall_sort();

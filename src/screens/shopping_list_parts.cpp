@@ -61,6 +61,7 @@ void ShoppingList::switch_column(int column, bool shown) {
     QHeaderView* header = ui_->shopping_list->header();
     if (header->isSectionHidden(column) != shown) return;
     header->setSectionHidden(column, !shown);
+    fit_names();
     populate_list();
 }
 
@@ -73,6 +74,7 @@ void ShoppingList::follow_header() {
         action->setChecked(!header->isSectionHidden(column));
         ++column;
     }
+    fit_names();
 }
 
 // Before the header's own memory, which brings back the latest sort alone.
@@ -188,6 +190,8 @@ void ShoppingList::take_code(const std::string& code) {
 }
 
 bool ShoppingList::eventFilter(QObject* watched, QEvent* event) {
+    const bool is_view = watched == ui_->shopping_list->viewport();
+    if (is_view && event->type() == QEvent::Resize) fit_names();
     if (event->type() == QEvent::KeyPress) {
         auto& key = *static_cast<QKeyEvent*>(event);
         if (watched == ui_->find_box && find_key(key)) return true;

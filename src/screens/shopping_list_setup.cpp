@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -21,6 +22,7 @@ namespace tavernook {
 namespace {
 
 constexpr int message_panel = 1;
+constexpr int name_letters = 16;  // at least
 
 QFont larger(QFont font, double times) {
     font.setBold(true);
@@ -66,7 +68,7 @@ void ShoppingList::set_up_list() {
     QHeaderView* header = list.header();
     header->setSectionsMovable(false);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
-    const int letters[] = {24, 14, 14, 6, 10, 10, 12, 12};
+    const int letters[] = {name_letters, 16, 14, 6, 11, 12, 11, 11};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         header->resizeSection(column, letters_wide(*this, letters[column]));
     }
@@ -75,6 +77,14 @@ void ShoppingList::set_up_list() {
     ui_->main_splitter->setSizes({760, 280});
     ui_->main_splitter->setStretchFactor(0, 1);
     ui_->main_splitter->setStretchFactor(1, 0);
+}
+
+// The names get the room that the other columns leave.
+void ShoppingList::fit_names() {
+    const QTreeView& list = *ui_->shopping_list;
+    const int others = list.header()->length() - list.columnWidth(0);
+    const int room = list.viewport()->width() - others;
+    list.header()->resizeSection(0, std::max(room, letters_wide(*this, name_letters)));
 }
 
 // A column is shown or not by the header alone, which the screen's memory keeps.
@@ -118,7 +128,6 @@ void ShoppingList::set_up_pick_list() {
 void ShoppingList::set_up_footer() {
     for (QLabel* label : {ui_->count_label, ui_->tax_label, ui_->total_label}) {
         label->setTextFormat(Qt::PlainText);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
     ui_->tax_label->setAccessibleName(ui_->tax_caption->text());
     ui_->total_label->setAccessibleName(ui_->total_caption->text());
@@ -127,7 +136,7 @@ void ShoppingList::set_up_footer() {
 
 void ShoppingList::set_up_scanning() {
     ui_->Text1->set_collector(*ui_->Text2);
-    ui_->Text1->setMinimumWidth(letters_wide(*this, 26));
+    ui_->Text1->setMinimumWidth(letters_wide(*this, 16));
     connect(ui_->Text1, &ScanEntry::scanned, this, &ShoppingList::take_code);
     connect(ui_->Text1, &ScanEntry::unreadable, this, [] {
         main_window().set_status(message_panel, "No barcode could be read. Please scan again.");
@@ -151,7 +160,8 @@ void ShoppingList::set_up_keys() {
     });
     on_keys(*this, Qt::Key_Escape, [this] { escape(); });
     for (QWidget* watched :
-         std::initializer_list<QWidget*>{ui_->shopping_list, ui_->quick_pick_list, ui_->find_box}) {
+         std::initializer_list<QWidget*>{ui_->shopping_list, ui_->shopping_list->viewport(),
+                                         ui_->quick_pick_list, ui_->find_box}) {
         watched->installEventFilter(this);
     }
     connect(qApp, &QApplication::focusChanged, this, &ShoppingList::follow_focus);

@@ -1,6 +1,9 @@
 // What the shopping list's screen shows, and its commands.
+#include <QToolBar>
+
 #include "gui/shopping_list_fixture.h"
 #include "screens/FoodInventory.h"
+#include "screens/list_font.h"
 
 namespace tavernook {
 namespace {
@@ -219,6 +222,37 @@ TEST_F(ShoppingListScreen, PutInStockIsTheBiggestButton) {
         EXPECT_GT(stock.width(), part(other).width());
         EXPECT_GT(stock.font().pointSizeF(), part(other).font().pointSizeF());
     }
+}
+
+TEST_F(ShoppingListScreen, TheToolbarStandsInItsOrder) {
+    open_list();
+    Texts captions;
+    for (const QAction* one : part<QToolBar>("list_toolbar").actions()) {
+        captions.push_back(plain(one->text()));
+    }
+    EXPECT_EQ(captions, (Texts{"Add Items", "Print", "Save List", "Load List", "Put in Stock"}));
+}
+
+TEST_F(ShoppingListScreen, BothListsFollowTheFontSizeOfTheProject) {
+    font_size = 17;
+    open_list();
+    EXPECT_EQ(list().font().pointSize(), 17);
+    EXPECT_EQ(picks().font().pointSize(), 17);
+    apply_font_size(9);
+    EXPECT_EQ(list().font().pointSize(), 9);
+    EXPECT_EQ(picks().font().pointSize(), 9);
+    font_size = 0;
+}
+
+TEST_F(ShoppingListScreen, AnItemAcceptedOnItsFormComesOnTheListWhenItIsLow) {
+    items[salt].stock_quantity = 4;
+    items[salt].restock_quantity = 1;
+    open_list();
+    double_click_row(list(), 0);
+    food_inventory()->view_item(salt, i16_true);
+    food_inventory()->accept_item(false);
+    EXPECT_EQ(names(), (Texts{"Apples", "Milk", "Bread", "Salt"}));
+    expect_on_list(salt, 4);
 }
 
 TEST_F(ShoppingListScreen, WhatIsNotThereYetSaysSo) {
