@@ -126,7 +126,8 @@ void ShoppingList::fill_list2() {
 
 void ShoppingList::add_picked() {
     trap_in_screen([this] {
-        const i16 item = picks_->item_at(ui_->quick_pick_list->currentIndex().row());
+        const QModelIndexList marked = ui_->quick_pick_list->selectionModel()->selectedRows();
+        const i16 item = marked.isEmpty() ? i16{0} : picks_->item_at(marked.first().row());
         if (item == 0) return;
         if (items[item].in_use != 1) return populate_list2();
         add(item);

@@ -119,8 +119,8 @@ void ShoppingList::set_up_pick_list() {
     connect(&list, &QTreeView::viewportEntered, this, [this] { show_pick_tip({}); });
     connect(ui_->find_box, &QLineEdit::textChanged, this, [this] {
         populate_list2();
-        if (ui_->find_box->text().isEmpty() || picks_->rowCount() == 0) return;
-        ui_->quick_pick_list->setCurrentIndex(picks_->index(0, 0));
+        const bool narrowed = !ui_->find_box->text().isEmpty();
+        ui_->quick_pick_list->setCurrentIndex(narrowed ? picks_->index(0, 0) : QModelIndex());
     });
     ui_->find_box->setMinimumWidth(letters_wide(*this, 14));
 }

@@ -96,6 +96,18 @@ TEST_F(ShoppingListEntry, DownInTheFindBoxMarksWhatEnterAdds) {
     expect_on_list(bread, 2);
 }
 
+TEST_F(ShoppingListEntry, EnterInTheEmptyFindBoxAddsNothing) {
+    open_list();
+    press("Ctrl+F");
+    press("Return");
+    type("salt");
+    press("Escape");
+    press("Return");
+    expect_off_list(salt, 0);
+    expect_on_list(apples, 10);
+    EXPECT_EQ(project_modified, 0);
+}
+
 TEST_F(ShoppingListEntry, WhatNoNameHasIsSaidSo) {
     open_list();
     press("Ctrl+F");
