@@ -153,6 +153,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnuProject_MealBuilder",
                                               "toolbar_1_9",
                                               "toolbar_1_7",
+                                              "Project_ShoppingList",
+                                              "toolbar_2_3",
                                               "mnu_wam",
                                               "Project_Setup",
                                               "toolbar_1_5",
@@ -242,9 +244,9 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; settings, items, recipes and measures; Help without the
-    // lessons.
-    EXPECT_EQ(reached, 7 + 4 + 3);
+    // Six commands and the submenu of File; settings, items, recipes, measures and list; Help
+    // without the lessons.
+    EXPECT_EQ(reached, 7 + 5 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
