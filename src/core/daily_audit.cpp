@@ -1,13 +1,14 @@
 #include "core/daily_audit.h"
 
 #include <string>
-#include <utility>
 
 #include "basics/number_text.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
+#include "inventory/audit.h"
 #include "platform/platform.h"
+#include "shopping/shopping_list.h"
 
 namespace tavernook {
 
@@ -15,7 +16,12 @@ i16 audit_done_flag = i16_false;
 
 namespace {
 
-std::function<void()> audit_job;
+// The list on screen is computed anew like the one in the tables.
+void audit_and_list() {
+    audit_inventory();
+    build_shopping_list();
+    if (ports::ShoppingList* list = shopping_list()) list->populate_list();
+}
 
 bool is_audit_minute(const TimeOfDay& now) {
     const bool hour_fits = now.hour == audit_hour || now.hour == audit_hour - 12;
@@ -26,7 +32,7 @@ void check_clock() {
     const TimeOfDay now = time_from_date(platform_clock().now());
     if (audit_done_flag == 0 && project_open != 0 && is_audit_minute(now)) {
         audit_done_flag = i16_true;
-        run_audit();
+        audit_and_list();
     }
     if (now.minute != audit_minute) audit_done_flag = i16_false;
     main_window().set_status(activity_panel, "Ready");
@@ -41,16 +47,19 @@ void end_after(const Fault& fault) {
 
 }  // namespace
 
-void set_audit_job(std::function<void()> job) {
-    audit_job = std::move(job);
-}
-
-void run_audit() {
-    if (audit_job) audit_job();
-}
-
 void daily_audit_check() {
     trap(check_clock, end_after);
+}
+
+void audit_now() {
+    trap_in_main("Audit_Now", [] {
+        if (ports::MealPlan* planner = meal_plan()) planner->CalendarUpdate(ports::month_in_view);
+        audit_and_list();
+        ports::MealPlan* planner = meal_plan();
+        if (planner == nullptr) return;
+        planner->populate_day();
+        planner->set_firstcall();
+    });
 }
 
 void show_audit_time() {

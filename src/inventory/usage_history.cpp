@@ -28,6 +28,17 @@ void write_move(i16 item, const UsageEntry& entry) {
     files().open(working, OpenMode::read_write)->write(saved_length, encode_usage(entry));
 }
 
+void write_best_effort(i16 item, const UsageEntry& entry) {
+    try {
+        write_move(item, entry);
+    } catch (const Fault&) {
+        // The stock move counts, not its history.
+    }
+}
+
+bool moves_are_held = false;
+Table<UsageEntry, item_capacity> held_moves;  // kind 0 = none
+
 constexpr std::size_t bytes_at_once = usage_entry_size * 3000;
 
 std::string change_text(i16 item, const UsageEntry& entry) {
@@ -94,10 +105,23 @@ std::string encode_usage(const UsageEntry& entry) {
 }
 
 void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place) {
-    try {
-        write_move(item, {amount, platform_clock().now(), kind, lot_place});
-    } catch (const Fault&) {
-        // Best effort, as the header says.
+    const UsageEntry entry{amount, platform_clock().now(), kind, lot_place};
+    if (moves_are_held) {
+        held_moves[item] = entry;
+    } else {
+        write_best_effort(item, entry);
+    }
+}
+
+HeldUsage::HeldUsage() {
+    moves_are_held = true;
+}
+
+HeldUsage::~HeldUsage() {
+    moves_are_held = false;
+    for (i16 item = 0; item <= item_capacity; ++item) {
+        if (held_moves[item].kind != 0) write_best_effort(item, held_moves[item]);
+        held_moves[item] = UsageEntry{};
     }
 }
 

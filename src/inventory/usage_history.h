@@ -39,6 +39,17 @@ std::string encode_usage(const UsageEntry& entry);
 // depend on it. A history that cannot be written does not stop a stock move.
 void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place);
 
+// While one lives, moves are kept and not written; then each item's last one goes into its working
+// copy. Nothing else of them would stay, and long work writes a file an item instead of a file a
+// move. None may live while the project is saved. They do not nest.
+class HeldUsage {
+  public:
+    HeldUsage();
+    ~HeldUsage();
+    HeldUsage(const HeldUsage&) = delete;
+    HeldUsage& operator=(const HeldUsage&) = delete;
+};
+
 // The saved history as a fragment of HTML; "*" when there is none.
 std::string Get_Item_Usage(i16 item);
 

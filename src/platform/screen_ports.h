@@ -62,6 +62,8 @@ class Mealbuilder {
     virtual void populate_tree_list(i16 recipe) = 0;
 };
 
+inline constexpr i16 month_in_view = 100;  // a mode of CalendarUpdate
+
 class MealPlan {
   public:
     virtual ~MealPlan() = default;
@@ -72,7 +74,7 @@ class MealPlan {
 
     virtual void populate_day() = 0;               // the day of the selected date
     virtual void populate_days_Meals_Items() = 0;  // the list of current_day, then its totals
-    virtual void CalendarUpdate(i16 mode) = 0;     // the grid; 100 keeps the month in view
+    virtual void CalendarUpdate(i16 mode) = 0;     // the grid; 100 (month_in_view) keeps its month
     virtual void set_firstcall() = 0;              // counts as not yet drawn
     virtual void populate_meal_recommendations() = 0;
 

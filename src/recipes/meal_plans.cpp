@@ -4,6 +4,7 @@
 
 #include "core/project_data.h"
 #include "inventory/lots.h"
+#include "inventory/shown_quantity.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -58,8 +59,7 @@ void give_back(const StockReturns& returns) {
     for (const auto& [item, quantity] : returns) {
         ensure_lot_record(item);
         add_to_lots(item, quantity);
-        ports::FoodInventory* screen = food_inventory();
-        if (screen != nullptr && screen->getindex() == item) screen->refresh_quantity();
+        refresh_shown_quantity(item);
     }
 }
 

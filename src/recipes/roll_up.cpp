@@ -1,6 +1,7 @@
 #include "recipes/roll_up.h"
 
 #include "basics/number_text.h"
+#include "core/money_text.h"
 #include "core/project_data.h"
 
 namespace tavernook {
@@ -14,7 +15,7 @@ std::string unit_name(i16 unit) {
 }
 
 std::string money(f64 amount) {
-    return static_cast<char>(currency_symbol) + format_number(amount, "#0.00");
+    return money_text(amount, "#0.00");
 }
 
 f64 cost_of_serving(const ItemRecord& item) {

@@ -18,7 +18,7 @@
 #include "screens/icons.h"
 #include "screens/register_screens.h"
 #include "screens/shown_text.h"
-#include "shopping/shopping_flags.h"
+#include "shopping/shopping_list.h"
 #include "ui_FoodInventory.h"
 
 namespace tavernook {

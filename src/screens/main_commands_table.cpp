@@ -1,5 +1,6 @@
 #include "screens/main_commands_table.h"
 
+#include "core/daily_audit.h"
 #include "core/main_commands.h"
 #include "screens/Main.h"
 
@@ -33,6 +34,9 @@ void help_search(Main&) {
 }
 void about(Main& window) {
     window.show_about();
+}
+void audit(Main&) {
+    audit_now();
 }
 void tile(Main& window) {
     window.tile();
@@ -88,7 +92,7 @@ constexpr MainCommand commands[] = {
     {"toolbar_2_3", nullptr, "ShoppingList", Needs::project_button, "grocery_list", "See what has to be bought."},
     {"toolbar_2_4", nullptr, "BCBuild", Needs::project_button, "barcodes", "Make a sheet of barcode labels."},
     {"toolbar_2_5", nullptr, "wam", Needs::project_button, "measures", "See and change weights and measures."},
-    {"toolbar_2_6", nullptr, none, Needs::project_button, "audit", "Take what was planned out of the stock now."},
+    {"toolbar_2_6", audit, none, Needs::project_button, "audit", "Take what was planned out of the stock now."},
     {"toolbar_2_7", nullptr, "Calculator", Needs::nothing, "calculator", "Work something out."},
 };
 // clang-format on

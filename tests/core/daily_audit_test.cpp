@@ -1,8 +1,10 @@
 // The clock of the daily audit, tick by tick.
 #include "core/daily_audit.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
-#include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -12,11 +14,12 @@ namespace tavernook {
 
 namespace {
 
+using Texts = std::vector<std::string>;
+
 class DailyAudit : public testing::Test {
   protected:
     DailyAudit() {
         project_open = i16_true;
-        set_audit_job([this] { ++audits; });
         choose(14, 30);
     }
     void choose(i16 hour, i16 minute) {
@@ -26,17 +29,49 @@ class DailyAudit : public testing::Test {
     // The timer ticks at this time; the result is how many audits that brought.
     int tick(int day, int hour, int minute, int second = 0) {
         platform.clock.time = date_from_moment({2024, 5, day}, {hour, minute, second});
-        const int before = audits;
+        const int before = audits();
         daily_audit_check();
-        return audits - before;
+        return audits() - before;
+    }
+    int audits() const {
+        const auto& events = platform.progress.events();
+        return static_cast<int>(
+            std::count(events.begin(), events.end(),
+                       "load Auditing Inventory|Auditing Inventory...Please Wait"));
+    }
+    // A day whose audit shows a box: the shelf is empty.
+    ExpectedBox& plan_more_than_there_is() {
+        items[4].in_use = 1;
+        items[4].name = "Flour";
+        items[4].serving_size = 1;
+        items[4].servings_per_qty_unit = 1;
+        days[1].in_use = 1;
+        days[1].month = 5;
+        days[1].day = 15;
+        days[1].year = 2024;
+        days[1].planned_item[1] = 4;
+        day_quantities[1].item_quantity[1] = 3;
+        return platform.boxes.expect_message(
+            "The quantity that you provided is more than is currently in the inventory for item "
+            "Flour                            .  Cannot update Inventory.  Please adjust the "
+            "quantity to adjust.");
     }
     std::string shown_time() {
         show_audit_time();
         return platform.main.status[2];
     }
 
+    Texts screen_calls() const {
+        Texts found;
+        for (const std::string& step : platform.transcript) {
+            if (step.starts_with("window MealPlan") || step.starts_with("window ShoppingList")) {
+                found.push_back(step);
+            }
+        }
+        return found;
+    }
+
     TestPlatform platform;
-    int audits = 0;
 };
 
 TEST_F(DailyAudit, FiresOnceInTheChosenMinute) {
@@ -123,10 +158,7 @@ TEST_F(DailyAudit, DoesNotFireWithoutAProject) {
 
 TEST_F(DailyAudit, TheFlagIsUpBeforeTheAuditRuns) {
     // Ticks that come while the audit shows its boxes must not start another one.
-    set_audit_job([this] {
-        ++audits;
-        daily_audit_check();
-    });
+    plan_more_than_there_is().during([] { daily_audit_check(); });
     EXPECT_EQ(tick(15, 14, 30), 1);
 }
 
@@ -134,30 +166,70 @@ TEST_F(DailyAudit, EachTickSaysReady) {
     platform.main.status[3] = "Auditing...";
     tick(15, 10, 0);
     EXPECT_EQ(platform.main.status[3], "Ready");
-    set_audit_job([this] { platform.main.set_status(3, "Auditing..."); });
+    std::string meanwhile;
+    plan_more_than_there_is().during([&] { meanwhile = platform.main.status[3]; });
     tick(15, 14, 30);
+    EXPECT_EQ(meanwhile, "Auditing...");
     EXPECT_EQ(platform.main.status[3], "Ready");
 }
 
 TEST_F(DailyAudit, AnErrorInItIsToldAndEndsTheProgramWithoutSaving) {
     project_modified = i16_true;
     project_path = platform.path("home.tvk");
-    set_audit_job([] { throw Fault(fault_number::overflow); });
+    platform.clock.time = 1e9;  // beyond the year 9999
     platform.boxes.expect_message(
         "There has been an error in the Tavernook software.  Please report the error number 6 to "
         "Brenwyk Software.  Tavernook will now close.");
-    tick(15, 14, 30);
+    daily_audit_check();
     EXPECT_EQ(platform.main.program_ends, 1);
     EXPECT_EQ(platform.main.unloads, 0);
     EXPECT_TRUE(platform.files.log().empty());
     EXPECT_EQ(platform.transcript.back(), "window end program");
 }
 
-TEST_F(DailyAudit, ATickWithoutAnAuditJobIsHarmless) {
-    set_audit_job({});
-    tick(15, 14, 30);
-    EXPECT_EQ(audit_done_flag, -1);
+TEST_F(DailyAudit, TheAuditTakesThePlanAndTheListFollows) {
+    plan_more_than_there_is().during([] {
+        lots[4].lot_quantity[0] = 10;  // too late for the entry, in time for the list
+    });
+    items[4].stock_quantity = 12;
+    items[4].restock_quantity = 10;
+    EXPECT_EQ(tick(15, 14, 30), 1);
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_EQ(items[4].on_shopping_list, -1);
+    EXPECT_EQ(items[4].shopping_quantity, 2);
+}
+
+TEST_F(DailyAudit, NothingIsSentToTheWeb) {
+    ftp_send_after_audit = i16_true;
+    EXPECT_EQ(tick(15, 14, 30), 1);
     EXPECT_EQ(platform.main.status[3], "Ready");
+    EXPECT_EQ(platform.progress.events().back(), "hide");
+}
+
+TEST_F(DailyAudit, AListOnTheScreenIsShownAnew) {
+    FakeShoppingList list(platform.calls);
+    tick(15, 14, 30);
+    EXPECT_EQ(screen_calls(), (Texts{"window ShoppingList populate_list"}));
+    tick(15, 14, 31);
+    EXPECT_EQ(screen_calls().size(), 1u);
+}
+
+TEST_F(DailyAudit, AuditNowShowsThePlannerAnew) {
+    FakeMealPlan planner(platform.calls);
+    FakeShoppingList list(platform.calls);
+    audit_now();
+    EXPECT_EQ(audits(), 1);
+    EXPECT_EQ(screen_calls(),
+              (Texts{"window MealPlan CalendarUpdate 100", "window MealPlan CalendarUpdate 100",
+                     "window ShoppingList populate_list", "window MealPlan populate_day",
+                     "window MealPlan set_firstcall"}));
+}
+
+TEST_F(DailyAudit, AuditNowNeedsNoScreen) {
+    audit_now();
+    EXPECT_EQ(audits(), 1);
+    EXPECT_EQ(audit_done_flag, 0);
+    EXPECT_EQ(platform.main.status[3], "Auditing...");
 }
 
 TEST_F(DailyAudit, TheTimeIsShownWithAmAndPm) {

@@ -178,13 +178,11 @@ TEST_F(NewProject, AFileThatCannotBeWrittenLeavesTheProgramIdle) {
 
 TEST_F(NewProject, AnAuditCannotRunWhileTheFailureIsTold) {
     user_creates(cabin);
-    int audits = 0;
-    set_audit_job([&] { ++audits; });
     audit_hour = 12;
     audit_minute = 0;
     platform.boxes.expect_message(save_error(76)).during([] { daily_audit_check(); });
     user_creates(platform.path("no such folder/home.tvk"));
-    EXPECT_EQ(audits, 0);
+    EXPECT_EQ(audits(), 0);
     expect_idle();
 }
 

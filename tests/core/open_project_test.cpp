@@ -220,17 +220,13 @@ TEST_F(OpenProject, AFailedOpeningIsShownInThisOrder) {
 TEST_F(OpenProject, AnAuditCannotRunWhileTheDamageIsTold) {
     make_damaged(platform.path("damaged.tvk"));
     user_opens(home);
-    int audits = 0;
-    set_audit_job([&] { ++audits; });
-    audit_hour = 12;
-    audit_minute = 0;
     platform.boxes.expect_message(bad_record).during([] {
         audit_hour = 12;
         audit_minute = 0;
         daily_audit_check();
     });
     user_opens(platform.path("damaged.tvk"));
-    EXPECT_EQ(audits, 0);
+    EXPECT_EQ(audits(), 0);
 }
 
 TEST_F(OpenProject, ARecentFileThatIsGoneLeavesTheOpenProjectAloneWithoutAMessage) {
@@ -250,25 +246,38 @@ TEST_F(OpenProject, AfterAFailureTheNextFileOpens) {
     EXPECT_EQ(project_load_failed, 0);
 }
 
-TEST_F(OpenProject, AuditsWhenTheProjectWantsItBeforeTheToolbarComesOn) {
-    make_project(home, "Corner shop", [] { audit_on_startup = 1; });
-    start();
-    set_audit_job([&] { platform.transcript.push_back("audit of " + store()); });
-    user_opens(home);
-    const Steps told = steps();
-    const auto audit = std::find(told.begin(), told.end(), "audit of Corner shop");
-    ASSERT_NE(audit, told.end());
-    EXPECT_EQ(*(audit - 1), "progress bar 100");
-    EXPECT_EQ(*(audit + 1), "window toolbar 2");
-    EXPECT_EQ(std::count(told.begin(), told.end(), "audit of Corner shop"), 1);
+// An item that is low, and on the list by hand for another quantity.
+void put_on_list_by_hand() {
+    items[3].in_use = 1;
+    items[3].stock_quantity = 8;
+    items[3].on_shopping_list = -1;
+    items[3].shopping_quantity = 2.5;
 }
 
-TEST_F(OpenProject, DoesNotAuditOtherwise) {
-    int audits = 0;
-    set_audit_job([&] { ++audits; });
+TEST_F(OpenProject, AuditsWhenTheProjectWantsItBeforeTheToolbarComesOn) {
+    make_project(home, "Corner shop", [] {
+        audit_on_startup = 1;
+        put_on_list_by_hand();
+    });
+    start();
+    user_opens(home);
+    const Steps told = steps();
+    const auto audit = std::find(told.begin(), told.end(), "window status 3 Auditing...");
+    ASSERT_NE(audit, told.end());
+    EXPECT_EQ(*(audit - 1), "progress bar 100");
+    EXPECT_EQ(std::count(audit, told.end(), "window toolbar 2"), 2);
+    EXPECT_EQ(audits(), 1);
+    EXPECT_EQ(items[3].shopping_quantity, 8);
+}
+
+TEST_F(OpenProject, OtherwiseThereIsNoAuditAndAListMadeByHandStays) {
+    make_project(home, "Corner shop", put_on_list_by_hand);
+    start();
     audit_on_startup = -1;  // of a project before; this one's file says 0
     user_opens(home);
-    EXPECT_EQ(audits, 0);
+    EXPECT_EQ(audits(), 0);
+    EXPECT_EQ(items[3].on_shopping_list, -1);
+    EXPECT_EQ(items[3].shopping_quantity, 2.5);
 }
 
 TEST_F(OpenProject, ShowsTheToolbarTextWhenTheProjectWantsIt) {

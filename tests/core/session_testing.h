@@ -106,6 +106,13 @@ class SessionTest : public testing::Test {
         const std::string name = bytes.substr(position - 1 + 2, 12);
         return name.substr(0, name.find_last_not_of(' ') + 1);
     }
+    // How many audits the progress window has told of.
+    int audits() const {
+        const auto& events = platform.progress.events();
+        return static_cast<int>(
+            std::count(events.begin(), events.end(),
+                       "load Auditing Inventory|Auditing Inventory...Please Wait"));
+    }
     bool exists(const std::string& path) { return std::filesystem::exists(path); }
 
     // What the program told its windows, boxes and dialogs since the last call of forget_steps.

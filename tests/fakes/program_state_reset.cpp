@@ -7,6 +7,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "planning/planner_state.h"
+#include "shopping/list_rows.h"
 
 namespace tavernook {
 
@@ -26,6 +27,7 @@ void reset_tables() {
         catagory.parent = 0;
     }
     for (i16& item : expiring_items) item = 0;
+    for (i16& item : list_items) item = 0;
 }
 
 void reset_settings() {
@@ -76,7 +78,10 @@ void reset_status() {
     unit_edit_mode = 0;
     store_list_row = 0;
     unit_list_row = 0;
-    set_audit_job({});
+    list_count = 0;
+    selected_list_item = 0;
+    total_text.clear();
+    tax_text.clear();
     project_file_is_whole({});
 }
 

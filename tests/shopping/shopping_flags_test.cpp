@@ -1,4 +1,4 @@
-#include "shopping/shopping_flags.h"
+#include "shopping/shopping_list.h"
 
 #include <gtest/gtest.h>
 
