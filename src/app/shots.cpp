@@ -17,6 +17,7 @@
 #include "app/program_start.h"
 #include "app/shots_inventory.h"
 #include "app/shots_lookups.h"
+#include "app/shots_planner.h"
 #include "core/main_commands.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -160,6 +161,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     };
     take_lookup_screens(window, take);
     take_inventory_screens(window, take);
+    take_planner_screens(window, take);
 }
 
 int take_pictures(int argc, char** argv) {

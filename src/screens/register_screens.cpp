@@ -4,6 +4,7 @@
 #include "screens/FoodInventory.h"
 #include "screens/LotView.h"
 #include "screens/Main.h"
+#include "screens/MealPlan.h"
 #include "screens/StoresForm.h"
 #include "screens/UnitsForm.h"
 #include "screens/screen_registry.h"
@@ -28,6 +29,7 @@ void register_screens(Main& main) {
     ScreenRegistry& registry = main.registry();
     add<FoodInventory>(registry, "FoodInventory");
     add<LotView>(registry, "LotView");
+    add<MealPlan>(registry, "MealPlan");
     add<StoresForm>(registry, "StoresForm");
     add<UnitsForm>(registry, "UnitsForm");
     add<wam>(registry, "wam");

@@ -1,0 +1,31 @@
+#include "screens/toolbar_parts.h"
+
+#include <QAction>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "screens/icons.h"
+
+namespace tavernook {
+
+void fill_toolbar(QWidget& screen, QToolBar& bar,
+                  const std::vector<std::pair<int, const char*>>& icons) {
+    bar.setAccessibleName(bar.windowTitle());
+    for (const auto& [position, name] : icons) {
+        if (name == nullptr) {
+            bar.addSeparator();
+            continue;
+        }
+        auto* action =
+            screen.findChild<QAction*>(QStringLiteral("%1_%2").arg(bar.objectName()).arg(position));
+        action->setIcon(icon(QLatin1String(name)));
+        bar.addAction(action);
+        auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+        button->setObjectName(action->objectName() + QLatin1String("_button"));
+        button->setText(action->text());  // with its mnemonic
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(action->iconText());
+    }
+}
+
+}  // namespace tavernook

@@ -1,0 +1,17 @@
+// What the toolbars of the child screens have in common.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+class QToolBar;
+class QWidget;
+
+namespace tavernook {
+
+// Puts the screen's actions BAR_POSITION into the bar, each with its icon, its mnemonic, a place in
+// the tab order and a button named BAR_POSITION_button. A position without an icon is a separator.
+void fill_toolbar(QWidget& screen, QToolBar& bar,
+                  const std::vector<std::pair<int, const char*>>& icons);
+
+}  // namespace tavernook
