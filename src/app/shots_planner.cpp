@@ -110,7 +110,7 @@ void fill_days() {
             day_quantities[slot].meal_servings[place] = 2;
         }
         day.planned_item[1] = to_i16(1 + (n + 12) % 6);
-        day_quantities[slot].item_quantity[1] = 244;
+        day_quantities[slot].item_quantity[1] = 1;
     }
 }
 
@@ -134,6 +134,7 @@ void take_cell_menu(const TakePicture& take, Main& window, QWidget& screen) {
     menu->close();
     QLabel shown;
     shown.setPixmap(picture);
+    shown.resize(window.size());
     take(QStringLiteral("MealPlan_menu"), shown);
 }
 

@@ -125,6 +125,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     // Recommendations.
     std::string selected_recommendation() const;
     void plan_recommended(void (*add)(std::string_view key));
+    void keep_caption_whole();
     void focus_entry();
 
     // Barcodes and dropping.

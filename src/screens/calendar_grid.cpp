@@ -88,8 +88,8 @@ int CalendarGrid::cell_at(const QPoint& place) const {
 
 // --- words -------------------------------------------------------------------------------------
 
-QString CalendarGrid::column_name(int column) {
-    return QLocale().standaloneDayName(column == 0 ? 7 : column, QLocale::LongFormat);
+QString CalendarGrid::column_name(int column, QLocale::FormatType form) {
+    return QLocale().standaloneDayName(column == 0 ? 7 : column, form);
 }
 
 QString CalendarGrid::cell_name(int number) const {

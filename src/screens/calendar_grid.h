@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QLocale>
 #include <QWidget>
 #include <functional>
 
@@ -38,7 +39,8 @@ class CalendarGrid : public QWidget {
     QString cell_name(int number) const;
     QString cell_description(int number) const;
 
-    static QString column_name(int column);  // the weekday
+    // The weekday.
+    static QString column_name(int column, QLocale::FormatType form = QLocale::LongFormat);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -64,6 +66,7 @@ class CalendarGrid : public QWidget {
     int header_height() const;
     QFont name_font() const;
     int icon_side() const;
+    int widest_weekday() const;
     QColor mixed(QPalette::ColorRole role, QPalette::ColorRole other, double share) const;
     QColor background_of(int number) const;
 

@@ -1,5 +1,4 @@
 // How the calendar is drawn: colours of the palette only, sizes from the font.
-#include <QLocale>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStyle>
@@ -78,15 +77,23 @@ void CalendarGrid::paint_header(QPainter& painter) const {
     const QRect band(0, 0, width(), header_height());
     painter.fillRect(band, palette().color(QPalette::Window));
     painter.setPen(palette().color(QPalette::WindowText));
+    const QLocale::FormatType form = widest_weekday() > width() / columns - 2 * inset
+                                         ? QLocale::ShortFormat
+                                         : QLocale::LongFormat;
     for (int column = 0; column < columns; ++column) {
         const QRect cell = cell_rect(column);
-        const QRect place(cell.left(), 0, cell.width(), band.height());
-        QString name = column_name(column);
-        if (fontMetrics().horizontalAdvance(name) > place.width() - 2 * inset) {
-            name = QLocale().standaloneDayName(column == 0 ? 7 : column, QLocale::ShortFormat);
-        }
-        painter.drawText(place, Qt::AlignCenter, name);
+        painter.drawText(QRect(cell.left(), 0, cell.width(), band.height()), Qt::AlignCenter,
+                         column_name(column, form));
     }
+}
+
+int CalendarGrid::widest_weekday() const {
+    int widest = 0;
+    for (int column = 0; column < columns; ++column) {
+        const QString name = column_name(column, QLocale::LongFormat);
+        widest = std::max(widest, fontMetrics().horizontalAdvance(name));
+    }
+    return widest;
 }
 
 void CalendarGrid::paint_cell(QPainter& painter, int number) const {

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QDragMoveEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTreeView>
@@ -73,6 +74,10 @@ f64 planned_quantity(bool is_recipe, i16 number) {
 
 bool MealPlan::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->lv2->viewport()) return drag_over_list(*event);
+    if (watched == ui_->Label4) {
+        if (event->type() == QEvent::Resize) keep_caption_whole();
+        return false;
+    }
     // The wheel changes no month or year that the pointer happens to pass.
     const bool chooser = watched == ui_->Combo1 || watched == ui_->FlatScrollBar2;
     if (chooser && event->type() == QEvent::Wheel && !static_cast<QWidget*>(watched)->hasFocus()) {

@@ -25,6 +25,7 @@ void MealPlan::set_up_recommendations() {
     header.resizeSection(RecommendationsModel::quantity_column, letters_wide(*this, 12));
     connect(&list, &QTreeView::activated, this,
             [this] { run([this] { plan_recommended(add_recommended_meal_unless_zero); }); });
+    ui_->Label4->installEventFilter(this);
     const auto show_popup = [this] {
         if (selected_recommendation().empty()) return;
         update_commands();
@@ -48,6 +49,7 @@ void MealPlan::populate_meal_recommendations() {
         const int scrolled = list.verticalScrollBar()->value();
         MealRecommendations found = meal_recommendations();
         ui_->Label4->setText(shown_text(found.caption));
+        keep_caption_whole();
         list.setAccessibleDescription(ui_->Label4->text());
         recommended_->set_rows(std::move(found.rows));
         const int row = selected.isEmpty() ? -1 : recommended_->row_of(selected);
@@ -69,6 +71,13 @@ void MealPlan::plan_recommended(void (*add)(std::string_view key)) {
     if (key.empty() || !may_plan()) return;
     add(key);
     focus_entry();
+}
+
+// The caption breaks into more lines where it is narrow, and a splitter would cut them off.
+void MealPlan::keep_caption_whole() {
+    QLabel& caption = *ui_->Label4;
+    const int wanted = caption.heightForWidth(caption.width());
+    if (caption.minimumHeight() != wanted) caption.setMinimumHeight(wanted);
 }
 
 // Another screen that the user works in keeps the focus.
