@@ -78,14 +78,17 @@ void refuse_unfinished_file(File& file, const BlockPositions& positions) {
     throw Fault(fault_number::bad_record_number);
 }
 
-void read_project() {
+// True for a file that was written to its end.
+bool read_project() {
     BlockPositions positions;
+    bool whole = false;
     {
         const std::unique_ptr<File> file = open_to_read();
         save_progress().show();
         save_progress().workbar(0);
         read_sections_and_setup(*file, positions);
         refuse_unfinished_file(*file, positions);
+        whole = project_file::ends_with_meal_servings(*file, positions.meal_servings);
     }
     read_front_blocks();
     project_file::read_item_detail_block(*open_to_read(), positions.item_details);
@@ -94,14 +97,21 @@ void read_project() {
     project_file::read_meal_serving_block(*open_to_read(), positions.meal_servings);
     save_progress().workbar(100);
     project_file_is_whole(project_path);
+    return whole;
+}
+
+// What a damaged or shortened file lacks is not saved over it unasked.
+void audit_at_start(bool file_is_whole) {
+    const i16 saves = save_after_audit;
+    if (!file_is_whole) save_after_audit = 0;
+    audit_inventory();
+    build_shopping_list();
+    save_after_audit = saves;
 }
 
 // From here on the project is open; what the window shows follows.
-void bring_screens_up() {
-    if (audit_on_startup != 0) {
-        audit_inventory();
-        build_shopping_list();
-    }
+void bring_screens_up(bool file_is_whole) {
+    if (audit_on_startup != 0) audit_at_start(file_is_whole);
     main_window().set_toolbar_state(2);
     project_open = i16_true;
     show_audit_time();
@@ -147,8 +157,7 @@ void open_project() {
     if (!claim_project(project_path)) return give_up_opening();
     offer_previous_version(project_path);
     if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
-    read_project();
-    bring_screens_up();
+    bring_screens_up(read_project());
     keep_only_claim(project_path);
 }
 

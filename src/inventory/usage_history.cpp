@@ -31,7 +31,7 @@ void write_move(i16 item, const UsageEntry& entry) {
 void write_best_effort(i16 item, const UsageEntry& entry) {
     try {
         write_move(item, entry);
-    } catch (const Fault&) {
+    } catch (...) {
         // The stock move counts, not its history.
     }
 }

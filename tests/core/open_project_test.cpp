@@ -280,6 +280,40 @@ TEST_F(OpenProject, OtherwiseThereIsNoAuditAndAListMadeByHandStays) {
     EXPECT_EQ(items[3].shopping_quantity, 2.5);
 }
 
+TEST_F(OpenProject, TheAuditAtTheStartSavesWhenTheProjectWantsIt) {
+    make_project(home, "Corner shop", [] {
+        audit_on_startup = 1;
+        save_after_audit = 1;
+        days[1].in_use = 1;
+    });
+    start();
+    user_opens(home);
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_EQ(project_modified, 0);
+    mnuFile_Close();
+    user_opens(home);
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_EQ(audits(), 2);
+}
+
+TEST_F(OpenProject, TheAuditAtTheStartDoesNotSaveOverAShortenedFile) {
+    make_project(home, "Corner shop", [] {
+        audit_on_startup = 1;
+        save_after_audit = 1;
+        days[1].in_use = 1;
+    });
+    std::string bytes = read_whole_file(home);
+    bytes.resize(bytes.size() - 8);
+    write_whole_file(home, bytes);
+    start();
+    user_opens(home);
+    expect_open(home, "home.tvk");
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_EQ(save_after_audit, 1);
+    EXPECT_EQ(project_modified, i16_true);
+    EXPECT_TRUE(read_whole_file(home) == bytes);
+}
+
 TEST_F(OpenProject, ShowsTheToolbarTextWhenTheProjectWantsIt) {
     make_project(home, "Corner shop", [] { show_toolbar_text = -1; });
     start();

@@ -144,11 +144,11 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
         if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
     }
     EXPECT_EQ(enabled,
-              (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Save",
-                                     "mnuFile_SaveAs", "mnuFile_Close", "mnuFile_Exit",
-                                     "mnuProject_FoodInventory", "toolbar_1_7", "mnu_wam",
-                                     "mnu_tvkhelp", "mnuhelp_search", "mnu_about", "toolbar_1_1",
-                                     "toolbar_1_2", "toolbar_1_3", "toolbar_1_11", "toolbar_2_5"}));
+              (std::set<std::string>{
+                  "mnuFile_NewProject", "mnuFile_Open", "mnuFile_Save", "mnuFile_SaveAs",
+                  "mnuFile_Close", "mnuFile_Exit", "mnuProject_FoodInventory", "toolbar_1_7",
+                  "mnu_wam", "mnu_tvkhelp", "mnuhelp_search", "mnu_about", "toolbar_1_1",
+                  "toolbar_1_2", "toolbar_1_3", "toolbar_1_11", "toolbar_2_5", "toolbar_2_6"}));
 }
 
 TEST_F(MainWindow, ADisabledCommandSaysWhy) {
@@ -388,6 +388,46 @@ TEST_F(MainWindow, TheAuditWaitsForWorkAndBoxes) {
     EXPECT_TRUE(tick("timer_2"));
     EXPECT_TRUE(tick("timer_1"));
     EXPECT_EQ(panel(3), "Ready");
+}
+
+// A day of last year that takes one of ten bags of flour.
+void plan_a_bag_of_flour() {
+    items[7].in_use = 1;
+    items[7].serving_size = 2;
+    items[7].servings_per_qty_unit = 4;
+    items[7].quantity = 10;
+    days[1].in_use = 1;
+    days[1].month = days[1].day = 3;
+    days[1].year = 2023;
+    days[1].planned_item[1] = 7;
+    day_quantities[1].item_quantity[1] = 8;
+}
+
+TEST_F(MainWindow, AuditNowTakesThePlanOutOfTheStock) {
+    bring_project();
+    plan_a_bag_of_flour();
+    action("toolbar_2_6").trigger();
+    EXPECT_EQ(items[7].quantity, 9);
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_FALSE(window.progress().isVisible());
+    EXPECT_EQ(panel(3), "Auditing...");
+    EXPECT_EQ(shown_title(), "Tavernook - home.tvk*");
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Ready");
+    project_modified = 0;
+}
+
+TEST_F(MainWindow, TheChosenMinuteAuditsByItself) {
+    bring_project();
+    plan_a_bag_of_flour();
+    audit_hour = 12;  // it is 12:00
+    audit_minute = 0;
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(items[7].quantity, 9);
+    EXPECT_EQ(panel(3), "Ready");
+    EXPECT_TRUE(tick("timer_2"));
+    EXPECT_EQ(shown_title(), "Tavernook - home.tvk*");
+    project_modified = 0;
 }
 
 TEST_F(MainWindow, EndingTheProgramAsksAndStoresNothing) {

@@ -1,9 +1,8 @@
-#include "shopping/shopping_list.h"
-
 #include <gtest/gtest.h>
 
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "shopping/shopping_list.h"
 
 namespace tavernook {
 

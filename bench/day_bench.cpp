@@ -1,0 +1,255 @@
+// What a day brings on a full project: the scan that decides what must be bought, and the audit.
+// The scan stands beside one pass over the bytes that it must look at (goal: a ratio of 3) and
+// beside SQLite, in memory and indexed, which selects the same items from the same data
+// ("sqlite_ratio" is SQLite's time in scans, goal: 10).
+#include <algorithm>
+#include <cstdlib>
+#include <optional>
+#include <sqlite3.h>
+
+#include "fakes/test_platform.h"
+#include "inventory/audit.h"
+#include "inventory/lots.h"
+#include "shopping/shopping_list.h"
+#include "support/generated_projects.h"
+#include "yardstick.h"
+
+namespace tavernook {
+namespace {
+
+// A box would mean that the measured work is not what it should be.
+class NoBoxes : public Boxes {
+  public:
+    Answer message(std::string_view, Buttons, std::string_view, DefaultButton) override {
+        std::abort();
+    }
+    std::optional<std::string> input(std::string_view, std::string_view,
+                                     std::string_view) override {
+        std::abort();
+    }
+};
+
+class NoProgress : public ports::SaveProgress {
+  public:
+    void load(std::string_view, std::string_view) override {}
+    void show() override {}
+    void set_label(std::string_view) override {}
+    void workbar(int) override {}
+    void hide() override {}
+    void unload() override {}
+};
+
+// A full project on the real disk, without the records that the fakes keep.
+struct FullHousehold {
+    FullHousehold() {
+        fill_full_project();
+        save_after_audit = 0;
+        project_path = "/home/me/bench.tvk";
+        project_name = "bench.tvk";
+        reports = platform.system.program + "/reports";
+        platform.disk.make_folder(reports);
+        set_platform({.clock = &platform.clock,
+                      .boxes = &boxes,
+                      .files = &platform.disk,
+                      .system_info = &platform.system,
+                      .save_progress = &progress,
+                      .main = &platform.main,
+                      .screens = &platform.screens,
+                      .replace_item = &platform.replace_item});
+    }
+
+    TestPlatform platform;
+    NoBoxes boxes;
+    NoProgress progress;
+    std::string reports;
+};
+
+// --- what must be bought
+// --------------------------------------------------------------------------
+
+unsigned long long pass_over_stock() {
+    const auto lot_entries = static_cast<std::size_t>(lots.entries());
+    return pass_over(items) + sum_of_words(&lots[0], sizeof(LotRecord) * lot_entries);
+}
+
+int listed_items() {
+    return static_cast<int>(std::count_if(items.begin(), items.end(), [](const ItemRecord& item) {
+        return item.on_shopping_list != 0;
+    }));
+}
+
+// The items and their lots as two tables, the lots in the order of their key.
+class StockDatabase {
+  public:
+    StockDatabase() {
+        if (sqlite3_open(":memory:", &database_) != SQLITE_OK) std::abort();
+        run("create table item (number integer primary key, in_use integer, stock real,"
+            " restock real, storage_time integer, last_restock real)");
+        run("create table lot (item integer, place integer, quantity real,"
+            " primary key (item, place)) without rowid");
+        run("begin");
+        for (i16 item = 1; item <= item_capacity; ++item) insert(item);
+        run("commit");
+        run("create index kept on item (in_use, stock)");
+        run("analyze");
+        query_ = prepared(
+            "select number, expiring, stock - quantity from (select i.number as number,"
+            " i.stock as stock, i.restock as restock, max(0, sum(l.quantity)) as quantity,"
+            " i.storage_time <> 0 and ?1 - i.last_restock + ?2 >= i.storage_time as expiring"
+            " from item i join lot l on l.item = i.number"
+            " where i.in_use <> 0 and i.stock <> 0 group by i.number)"
+            " where expiring or quantity <= restock");
+    }
+    ~StockDatabase() {
+        sqlite3_finalize(query_);
+        sqlite3_close(database_);
+    }
+    StockDatabase(const StockDatabase&) = delete;
+    StockDatabase& operator=(const StockDatabase&) = delete;
+
+    // How many items must be bought; each one's amount is fetched.
+    int count_wanted(Date now) {
+        sqlite3_reset(query_);
+        sqlite3_bind_double(query_, 1, now);
+        sqlite3_bind_double(query_, 2, expiration_warning_days);
+        int rows = 0;
+        double amount = 0;
+        while (sqlite3_step(query_) == SQLITE_ROW) {
+            amount += sqlite3_column_double(query_, 2);
+            ++rows;
+        }
+        benchmark::DoNotOptimize(amount);
+        return rows;
+    }
+
+  private:
+    void run(const char* statement) {
+        if (sqlite3_exec(database_, statement, nullptr, nullptr, nullptr) != SQLITE_OK) {
+            std::abort();
+        }
+    }
+    sqlite3_stmt* prepared(const char* text) {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(database_, text, -1, &statement, nullptr) != SQLITE_OK) {
+            std::abort();
+        }
+        return statement;
+    }
+    void insert(i16 number) {
+        const ItemRecord& item = items[number];
+        sqlite3_stmt* row = prepared("insert into item values (?1, ?2, ?3, ?4, ?5, ?6)");
+        sqlite3_bind_int(row, 1, number);
+        sqlite3_bind_int(row, 2, item.in_use);
+        sqlite3_bind_double(row, 3, item.stock_quantity);
+        sqlite3_bind_double(row, 4, item.restock_quantity);
+        sqlite3_bind_int(row, 5, item.storage_time);
+        sqlite3_bind_double(row, 6, item.last_restock_date);
+        sqlite3_step(row);
+        sqlite3_finalize(row);
+        for (int place = 0; place < lot_places; ++place) {
+            sqlite3_stmt* lot = prepared("insert into lot values (?1, ?2, ?3)");
+            sqlite3_bind_int(lot, 1, number);
+            sqlite3_bind_int(lot, 2, place);
+            sqlite3_bind_double(lot, 3, lots[number].lot_quantity[static_cast<std::size_t>(place)]);
+            sqlite3_step(lot);
+            sqlite3_finalize(lot);
+        }
+    }
+
+    sqlite3* database_ = nullptr;
+    sqlite3_stmt* query_ = nullptr;
+};
+
+void scan_what_must_be_bought(benchmark::State& state) {
+    const FullHousehold household;
+    StockDatabase database;
+    const Date now = platform_clock().now();
+    build_shopping_list();
+    if (database.count_wanted(now) != listed_items()) std::abort();
+    measure(state, pass_over_stock, build_shopping_list);
+    constexpr int queries = 20;
+    Stopwatch::time_point start = Stopwatch::now();
+    for (int turn = 0; turn < queries; ++turn) database.count_wanted(now);
+    const double sqlite = seconds_since(start) / queries;
+    start = Stopwatch::now();
+    for (int turn = 0; turn < queries; ++turn) build_shopping_list();
+    state.counters["sqlite_us"] = sqlite * 1e6;
+    state.counters["sqlite_ratio"] = sqlite / (seconds_since(start) / queries);
+}
+
+// --- the audit
+// ------------------------------------------------------------------------------------
+
+void refill_lots() {
+    for (i16 item = 1; item <= item_capacity; ++item) {
+        lots[item].lot_quantity.fill(2000);
+        items[item].quantity = lot_total(item);
+    }
+}
+
+double count_of_moves() {
+    double moves = 0;
+    for (i16 day = 1; day <= day_capacity; ++day) {
+        moves += day_places + day_places * ingredient_places;
+    }
+    return moves;
+}
+
+// 30 items and 30 recipes of 50 ingredients on each of 1,095 days, with the history on the disk.
+// `saved` = every item has a saved history, which its working copy begins with.
+void audit_all_days(benchmark::State& state, bool saved) {
+    FullHousehold household;
+    household.platform.clock.time = 47000;  // behind the last day
+    const std::string entry(21, '\1');
+    const auto prepare = [&] {
+        for (const std::string& name : household.platform.disk.list(household.reports, ".tmp")) {
+            household.platform.disk.remove(household.reports + "/" + name);
+        }
+        for (i16 item = 1; saved && item <= item_capacity; ++item) {
+            const std::string number = std::to_string(1000000 + item).substr(1);
+            const std::string path = household.reports + "/bench" + number + ".dat";
+            household.platform.disk.open(path, OpenMode::read_write)->write(0, entry);
+        }
+        for (i16 day = 1; day <= day_capacity; ++day) days[day].audited = 0;
+        refill_lots();
+        household.platform.transcript.clear();
+        household.platform.calls.clear();
+    };
+    // The yardstick: reading the plan and the stock once.
+    const auto pass = [] {
+        return pass_over(days) + pass_over(day_quantities) + pass_over_stock();
+    };
+    double total = 0;
+    measure(
+        state, pass,
+        [&] {
+            const Stopwatch::time_point start = Stopwatch::now();
+            audit_inventory();
+            total += seconds_since(start);
+        },
+        prepare);
+    if (days[day_capacity].audited == 0) std::abort();
+    state.counters["moves"] = count_of_moves();
+    state.counters["ns_a_move"] =
+        total / static_cast<double>(state.iterations()) / count_of_moves() * 1e9;
+}
+
+void audit_of_1095_full_days(benchmark::State& state) {
+    audit_all_days(state, false);
+}
+
+void audit_of_1095_full_days_behind_saved_histories(benchmark::State& state) {
+    audit_all_days(state, true);
+}
+
+BENCHMARK(scan_what_must_be_bought)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(audit_of_1095_full_days)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(audit_of_1095_full_days_behind_saved_histories)
+    ->UseManualTime()
+    ->Iterations(2)
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tavernook
+
+BENCHMARK_MAIN();

@@ -1,0 +1,179 @@
+// The list by hand: additions, drops, removals and the two boxes.
+#include "shopping/shopping_fixture.h"
+
+namespace tavernook {
+namespace {
+
+using ListByHand = ShoppingTest;
+
+TEST_F(ListByHand, AnAdditionIsOneMore) {
+    add_to_list(bread);
+    expect_on_list(bread, 1);
+    EXPECT_EQ(project_modified, i16_true);
+    add_to_list(bread);
+    expect_on_list(bread, 2);
+}
+
+TEST_F(ListByHand, AnAdditionCountsFromWhatWasBoughtLast) {
+    put_on_list(bread, 2.5);
+    items[bread].on_shopping_list = 0;
+    add_to_list(bread);
+    expect_on_list(bread, 3.5);
+}
+
+TEST_F(ListByHand, ThereIsNoItem0) {
+    EXPECT_EQ(fault_of([] { add_to_list(0); }), 9);
+    EXPECT_EQ(fault_of([] { remove_from_list(0); }), 9);
+    EXPECT_EQ(fault_of([] { add_recipe_to_list(0); }), 9);
+    EXPECT_EQ(items[0].on_shopping_list, 0);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(ListByHand, ARemovalClearsBothFields) {
+    put_on_list(bread, 2.5);
+    remove_from_list(bread);
+    expect_off_list(bread, 0);
+    EXPECT_EQ(project_modified, i16_true);
+}
+
+// --- recipes
+// --------------------------------------------------------------------------------------
+
+class RecipeOnList : public ShoppingTest {
+  protected:
+    static constexpr i16 toast = 6;
+    RecipeOnList() {
+        meals[toast].in_use = 1;
+        meals[toast].ingredient_item[1] = bread;
+        meals[toast].ingredient_qty[1] = 12;
+        meals[toast].ingredient_item[50] = milk;
+        meals[toast].ingredient_qty[50] = 5;
+    }
+};
+
+TEST_F(RecipeOnList, EachIngredientGetsOneMoreThanTheItemOfTheRecipesNumber) {
+    items[toast].shopping_quantity = 2.5;
+    put_on_list(milk, 40);
+    add_recipe_to_list(toast);
+    expect_on_list(bread, 3.5);
+    expect_on_list(milk, 3.5);
+    expect_off_list(toast, 2.5);
+    EXPECT_EQ(project_modified, i16_true);
+}
+
+TEST_F(RecipeOnList, AnIngredientOfThatVeryNumberCountsForThoseBehindIt) {
+    meals[toast].ingredient_item[2] = toast;
+    add_recipe_to_list(toast);
+    expect_on_list(bread, 1);
+    expect_on_list(toast, 1);
+    expect_on_list(milk, 2);
+}
+
+TEST_F(RecipeOnList, ARecipeWithoutIngredientsChangesNothing) {
+    add_recipe_to_list(7);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(RecipeOnList, AnIngredientThatIsNoneStopsItBeforeAnythingHasChanged) {
+    meals[toast].ingredient_item[2] = -4;
+    EXPECT_EQ(fault_of([] { add_recipe_to_list(toast); }), 9);
+    expect_off_list(bread, 0);
+}
+
+TEST_F(RecipeOnList, DropsAreToldApartByTheirLetter) {
+    drop_on_list("i9");
+    expect_on_list(bread, 1);
+    expect_off_list(milk, 0);
+    drop_on_list("m6");
+    expect_on_list(milk, 1);
+}
+
+TEST_F(RecipeOnList, OtherDropsChangeNothing) {
+    for (const char* text : {"", "i", "m", "x9", "9", "i0", "i-9", "i10001", "i99999999999"}) {
+        drop_on_list(text);
+    }
+    EXPECT_EQ(project_modified, 0);
+    EXPECT_EQ(fault_of([] { drop_on_list("m1001"); }), 9);
+}
+
+// --- the two boxes
+// --------------------------------------------------------------------------------
+
+class ListBoxes : public ShoppingTest {
+  protected:
+    ListBoxes() {
+        put_on_list(milk, 2.5);
+        items[milk].store_order = 7;
+    }
+    void type_quantity(std::optional<std::string> typed) {
+        platform.boxes.expect_input("Current Quantity = 6\nEnter new quantity:", "Change Quantity",
+                                    "2.5", std::move(typed));
+        change_shopping_quantity(milk);
+    }
+    void type_order(std::optional<std::string> typed) {
+        platform.boxes.expect_input("Current store order = 7\nEnter new store order:",
+                                    "Change Store Order", "7", std::move(typed));
+        change_store_order(milk);
+    }
+};
+
+TEST_F(ListBoxes, TheQuantityBecomesTheNumber) {
+    type_quantity("4.25");
+    expect_on_list(milk, 4.25);
+    EXPECT_EQ(project_modified, i16_true);
+}
+
+TEST_F(ListBoxes, AWordBehindTheNumberIsNoHindrance) {
+    type_quantity(" 3 bottles");
+    expect_on_list(milk, 3);
+}
+
+TEST_F(ListBoxes, ANegativeQuantityIsTaken) {
+    type_quantity("-2");
+    expect_on_list(milk, -2);
+}
+
+TEST_F(ListBoxes, ACommaBeforeADigitIsThePoint) {
+    type_quantity("1,5");
+    expect_on_list(milk, 1.5);
+}
+
+TEST_F(ListBoxes, AnEmptyAnswerIs0) {
+    type_quantity("");
+    expect_on_list(milk, 0);
+}
+
+TEST_F(ListBoxes, AnAnswerThatIsNoNumberIs0) {
+    type_quantity("some");
+    expect_on_list(milk, 0);
+}
+
+TEST_F(ListBoxes, CancelChangesNothing) {
+    type_quantity(std::nullopt);
+    expect_on_list(milk, 2.5);
+    type_order(std::nullopt);
+    EXPECT_EQ(items[milk].store_order, 7);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(ListBoxes, TheStoreOrderChangesTheItem) {
+    type_order("12");
+    EXPECT_EQ(items[milk].store_order, 12);
+    EXPECT_EQ(project_modified, i16_true);
+}
+
+TEST_F(ListBoxes, AStoreOrderIsRoundedHalfToEven) {
+    type_order("12.5");
+    EXPECT_EQ(items[milk].store_order, 12);
+}
+
+TEST_F(ListBoxes, AStoreOrderBeyond16BitsChangesNothing) {
+    platform.boxes.expect_input(
+        "Current store order = 7\nEnter new store order:", "Change Store Order", "7", "32768");
+    EXPECT_EQ(fault_of([] { change_store_order(milk); }), 6);
+    EXPECT_EQ(items[milk].store_order, 7);
+    EXPECT_EQ(project_modified, 0);
+}
+
+}  // namespace
+}  // namespace tavernook
