@@ -93,12 +93,12 @@ void lay_over(i16 source, i16 target) {
     }
 }
 
-int copy_onto(const DateRange& range) {
+int copy_onto(const DateRange& range, i16 source) {
     int copied = 0;
     for (i16 n = 0; n < range.count; ++n) {
         const i16 target = target_of(range.date(n));
         if (target == 0) continue;
-        lay_over(copy_source_day, target);
+        lay_over(source, target);
         ++copied;
     }
     return copied;
@@ -129,7 +129,7 @@ int copy_day(Date first, Date last, i16 no_refresh) {
     const DateRange range = range_of(first, last);
     const bool only_opened = current_day != 0 && days[current_day].in_use == 0;
     project_modified = i16_true;
-    const int copied = copy_onto(range);
+    const int copied = copy_onto(range, copy_source_day);
     // Otherwise the next entry would take the copy over to the selected date.
     if (only_opened && days[current_day].in_use != 0) current_day = slot_of_selected_date();
     pending_calendar_refresh = i16_true;
