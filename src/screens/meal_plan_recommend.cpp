@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "core/trap.h"
 #include "planning/recommendations.h"
@@ -76,7 +77,7 @@ void MealPlan::plan_recommended(void (*add)(std::string_view key)) {
 // The caption breaks into more lines where it is narrow, and a splitter would cut them off.
 void MealPlan::keep_caption_whole() {
     QLabel& caption = *ui_->Label4;
-    const int wanted = caption.heightForWidth(caption.width());
+    const int wanted = std::max(0, caption.heightForWidth(caption.width()));
     if (caption.minimumHeight() != wanted) caption.setMinimumHeight(wanted);
 }
 
