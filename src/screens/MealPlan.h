@@ -136,7 +136,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void take_entry();
     void plan_code(const std::string& code);
     void plan_entry(bool is_recipe, i16 number);
-    bool may_drop(const QDate& date, const QString& text) const;
+    bool may_drop(const QDate& date, const QString& text);  // says why not
     void drop(const QString& text);
     bool drag_over_list(QEvent& event);
 

@@ -38,7 +38,9 @@ void MealPlan::set_up_month_bar() {
     for (int month = 1; month <= months_in_year; ++month) {
         ui_->Combo1->addItem(QLocale().standaloneMonthName(month));
     }
-    ui_->FlatScrollBar2->findChild<QLineEdit*>()->setObjectName(QStringLiteral("Label11"));
+    auto* year = ui_->FlatScrollBar2->findChild<QLineEdit*>();
+    year->setObjectName(QStringLiteral("Label11"));
+    year->setAccessibleName(ui_->FlatScrollBar2->accessibleName());
     connect(ui_->Combo1, &QComboBox::activated, this,
             [this](int month) { show_month(QDate(month_.year(), month + 1, 1)); });
     connect(ui_->FlatScrollBar2, &QSpinBox::valueChanged, this,

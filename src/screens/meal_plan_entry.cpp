@@ -33,6 +33,13 @@ bool is_enter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
+// A list that the keys come to has a row for them to work on.
+void mark_first_row(QObject* watched) {
+    auto* list = qobject_cast<QTreeView*>(watched);
+    if (list == nullptr || list->selectionModel()->hasSelection()) return;
+    list->setCurrentIndex(list->model()->index(0, 0));
+}
+
 // The one character that the key writes; null for every other key.
 QChar written(const QKeyEvent& key) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -87,6 +94,9 @@ bool MealPlan::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         year_digits_.clear();
         ui_->Text2->clear();
+        if (static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+            mark_first_row(watched);
+        }
     }
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     const auto& key = *static_cast<QKeyEvent*>(event);
@@ -128,7 +138,8 @@ bool MealPlan::scanner_key(QWidget& at, const QKeyEvent& key) {
     if (&at == ui_->FlatScrollBar2) return year_key(key);
     const QChar letter = written(key);
     if (letter.isNull()) {
-        if (!key.text().isEmpty()) ui_->Text2->clear();
+        const bool part_of_letter = key.key() == Qt::Key_Shift || key.key() == Qt::Key_CapsLock;
+        if (!part_of_letter) ui_->Text2->clear();
         return false;
     }
     const bool finds_rows = qobject_cast<QAbstractItemView*>(&at) != nullptr || &at == ui_->Combo1;
@@ -208,10 +219,12 @@ void MealPlan::plan_entry(bool is_recipe, i16 number) {
 // --- dropping ----------------------------------------------------------------------------------
 
 // On the dates of audited days it is refused.
-bool MealPlan::may_drop(const QDate& date, const QString& text) const {
-    if (dragged(text).number == 0) return false;
+bool MealPlan::may_drop(const QDate& date, const QString& text) {
+    if (busy_ || dragged(text).number == 0) return false;
     for (const i16 slot : live_days_of(civil_date_of(date))) {
-        if (days[slot].audited != 0) return false;
+        if (days[slot].audited == 0) continue;
+        say(tr("%1 is audited. Nothing can be dropped on it.").arg(spoken_date(date)));
+        return false;
     }
     return true;
 }
@@ -227,10 +240,9 @@ bool MealPlan::drag_over_list(QEvent& event) {
     if (!drop_now && !over) return false;
     auto& dragging = static_cast<QDropEvent&>(event);
     const QString text = dragging.mimeData()->text();
-    const bool fits = may_drop(selected_date(), text) && !busy_;
+    const bool fits = may_drop(selected_date(), text);
     dragging.setAccepted(fits);
     if (drop_now && fits) run([&] { drop(text); });
-    if (!fits && dragged(text).number != 0) may_plan();
     return true;
 }
 

@@ -71,6 +71,7 @@ class MealPlanTest : public ChildScreenTest {
         item.barcode = no_barcode;
         init_lot_record(slot);
         lots[slot].lot_quantity[0] = quantity;
+        lots[slot].expiration_date[0] = 46000;  // far off
     }
 
     static void put_recipe(i16 slot, const char* name, f64 yield) {
