@@ -138,6 +138,18 @@ void take_cell_menu(const TakePicture& take, Main& window, QWidget& screen) {
     take(QStringLiteral("MealPlan_menu"), shown);
 }
 
+void take_with_large_text(const TakePicture& take, Main& window) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(large.pointSizeF() * 2);
+    QApplication::setFont(large);
+    window.resize(1600, 1000);
+    QWidget& screen = *show_screen(QStringLiteral("MealPlan"));
+    take(QStringLiteral("MealPlan_large_text"), window);
+    screen.parentWidget()->close();
+    QApplication::setFont(before);
+}
+
 }  // namespace
 
 void take_planner_screens(Main& window, const TakePicture& take) {
@@ -159,14 +171,8 @@ void take_planner_screens(Main& window, const TakePicture& take) {
     take_cell_menu(take, window, screen);
     window.resize(900, 600);
     take(QStringLiteral("MealPlan_small"), window);
-    QFont large = QApplication::font();
-    const QFont before = large;
-    large.setPointSizeF(large.pointSizeF() * 2);
-    QApplication::setFont(large);
-    window.resize(1200, 800);
-    take(QStringLiteral("MealPlan_large_text"), window);
-    QApplication::setFont(before);
     screen.parentWidget()->close();
+    take_with_large_text(take, window);
     reset_project_tables();
     lots.clear();
     window.resize(size);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QSortFilterProxyModel>
 #include <QToolButton>
 #include <vector>
@@ -170,6 +171,14 @@ void MealPlan::set_up_keys() {
     }
     ui_->lv2->viewport()->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, &MealPlan::follow_focus);
+}
+
+// Not every system makes a request for the context menu of these keys.
+void MealPlan::open_menu_by_keys(QWidget& part) {
+    on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), part.mapToGlobal(QPoint()));
+        QApplication::sendEvent(&part, &event);
+    });
 }
 
 void MealPlan::closeEvent(QCloseEvent* event) {

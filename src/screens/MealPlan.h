@@ -85,8 +85,10 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void set_up_tab_order();
     void set_up_keys();
     void first_view();
+    void open_menu_by_keys(QWidget& part);
     void follow_focus(const QWidget* before, const QWidget* now);
     void update_commands();
+    void say(const QString& text);  // in the status bar
 
     // The calendar.
     QDate selected_date() const;
@@ -104,6 +106,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void delete_here();
     bool calendar_key(const QKeyEvent& key);
     bool calendar_shortcut(const QKeyEvent& key);
+    bool pastes_text() const;
 
     // The day.
     bool day_is_held() const;  // current_day is a day of the selected date
@@ -135,12 +138,11 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void start_entry(const QString& text);
     void take_entry();
     void plan_code(const std::string& code);
-    void plan_entry(bool is_recipe, i16 number);
+    void plan_entry(bool is_recipe, i16 number, f64 quantity);
+    void say_planned(bool is_recipe, i16 number);
     bool may_drop(const QDate& date, const QString& text);  // says why not
     void drop(const QString& text);
     bool drag_over_list(QEvent& event);
-
-    void say(const QString& text);
 
     std::unique_ptr<Ui::MealPlan> ui_;
     DayListModel* day_list_;

@@ -55,8 +55,8 @@ QColor CalendarGrid::mixed(QPalette::ColorRole role, QPalette::ColorRole other,
 }
 
 QColor CalendarGrid::background_of(int number) const {
-    if (number == drop_cell_) return mixed(QPalette::Base, QPalette::Highlight, 0.35);
-    if (number == selected_) return mixed(QPalette::Base, QPalette::Highlight, 0.18);
+    if (number == drop_cell_) return mixed(QPalette::Base, QPalette::Highlight, 0.45);
+    if (number == selected_) return mixed(QPalette::Base, QPalette::Highlight, 0.25);
     return palette().color(cell(number).in_month ? QPalette::Base : QPalette::Window);
 }
 
@@ -126,10 +126,10 @@ void CalendarGrid::paint_number(QPainter& painter, const QRect& line,
     if (cell.today) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(palette().color(QPalette::Highlight));
+        painter.setBrush(palette().color(QPalette::Text));
         painter.drawRoundedRect(badge, inset, inset);
         painter.setRenderHint(QPainter::Antialiasing, false);
-        text = palette().color(QPalette::HighlightedText);
+        text = palette().color(QPalette::Base);
     }
     painter.setPen(text);
     painter.drawText(badge, Qt::AlignCenter, number);
@@ -176,11 +176,11 @@ void CalendarGrid::paint_names(QPainter& painter, QRect area, const CalendarCell
 
 // Thicker while the keys go to the calendar.
 void CalendarGrid::paint_frame(QPainter& painter, const QRect& rect) const {
-    const int thick = hasFocus() ? 3 : 1;
+    const int thick = hasFocus() ? 4 : 2;
     painter.setPen(QPen(palette().color(QPalette::Highlight), thick, Qt::SolidLine, Qt::SquareCap,
                         Qt::MiterJoin));
     const int half = thick / 2;
-    painter.drawRect(rect.adjusted(half, half, -half - 1, -half - 1));
+    painter.drawRect(rect.adjusted(half, half, -half, -half));
 }
 
 }  // namespace tavernook

@@ -1,4 +1,6 @@
 // The calendar of the planner: which month and which date it shows, its keys and its popup menu.
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
@@ -54,6 +56,7 @@ void MealPlan::set_up_calendar() {
     connect(&grid, &CalendarGrid::chosen, this,
             [this](int cell) { run([this, cell] { select_cell(cell); }); });
     connect(&grid, &CalendarGrid::menu_wanted, this, &MealPlan::show_cell_menu);
+    open_menu_by_keys(grid);
     grid.set_drop_rule([this](int cell, const QString& text) {
         return may_drop(ui_->calendar_grid->cell(cell).date, text);
     });
@@ -180,12 +183,18 @@ bool MealPlan::calendar_shortcut(const QKeyEvent& key) {
         run([this] { copy_day_shown(false); });
     } else if (key.matches(QKeySequence::Cut)) {
         run([this] { copy_day_shown(true); });
-    } else if (key.matches(QKeySequence::Paste)) {
+    } else if (key.matches(QKeySequence::Paste) && !pastes_text()) {
         run([this] { paste_here(); });
     } else {
         return false;
     }
     return true;
+}
+
+// A code from another program, as long as no day waits to be pasted.
+bool MealPlan::pastes_text() const {
+    return !day_clipboard.filled && ui_->Text1->hasFocus() &&
+           !QGuiApplication::clipboard()->text().isEmpty();
 }
 
 // --- popup menu --------------------------------------------------------------------------------

@@ -64,6 +64,7 @@ void MealPlan::set_up_day_list() {
     connect(&list, &QTreeView::customContextMenuRequested, this, show_popup);
     on_keys(list, Qt::Key_F2, [this] { ui_->mealplan_mod_qty->trigger(); });
     on_keys(list, QKeySequence::Delete, [this] { ui_->Toolbar2_3->trigger(); });
+    open_menu_by_keys(list);
 }
 
 // --- what is known of the day ------------------------------------------------------------------
@@ -183,16 +184,12 @@ std::string MealPlan::selected_day_key() {
 // --- what is done ------------------------------------------------------------------------------
 
 void MealPlan::Add_Item(i16 item, f64 servings) {
-    trap_in_screen([&] {
-        if (may_plan()) tavernook::Add_Item(item, servings);
-    });
+    trap_in_screen([&] { plan_entry(false, item, servings); });
     update_commands();
 }
 
 void MealPlan::add_meal(i16 recipe, f64 quantity) {
-    trap_in_screen([&] {
-        if (may_plan()) tavernook::add_meal(recipe, quantity);
-    });
+    trap_in_screen([&] { plan_entry(true, recipe, quantity); });
     update_commands();
 }
 

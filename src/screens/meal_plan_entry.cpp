@@ -200,15 +200,20 @@ void MealPlan::plan_code(const std::string& code) {
     if (!meaning.known()) {
         return say(tr("No recipe and no item has the barcode %1.").arg(shown_text(trim(code))));
     }
-    plan_entry(meaning.recipe != 0, meaning.recipe != 0 ? meaning.recipe : meaning.item);
+    plan_entry(meaning.recipe != 0, meaning.recipe != 0 ? meaning.recipe : meaning.item, 1.0);
 }
 
-void MealPlan::plan_entry(bool is_recipe, i16 number) {
+void MealPlan::plan_entry(bool is_recipe, i16 number, f64 quantity) {
+    if (!may_plan()) return;
     if (is_recipe) {
-        tavernook::add_meal(number, 1.0);
+        tavernook::add_meal(number, quantity);
     } else {
-        tavernook::Add_Item(number, 1.0);
+        tavernook::Add_Item(number, quantity);
     }
+    say_planned(is_recipe, number);
+}
+
+void MealPlan::say_planned(bool is_recipe, i16 number) {
     const QString name = is_recipe ? recipe_name(number) : item_name(number);
     const QString unit = is_recipe ? recipe_unit(number) : serving_unit(number);
     const QString quantity = shown_text(number_text(planned_quantity(is_recipe, number)));
@@ -231,7 +236,7 @@ bool MealPlan::may_drop(const QDate& date, const QString& text) {
 
 void MealPlan::drop(const QString& text) {
     const Dragged entry = dragged(text);
-    if (entry.number != 0 && may_plan()) plan_entry(entry.is_recipe, entry.number);
+    if (entry.number != 0) plan_entry(entry.is_recipe, entry.number, 1.0);
 }
 
 bool MealPlan::drag_over_list(QEvent& event) {

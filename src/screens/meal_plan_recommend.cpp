@@ -5,7 +5,9 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "core/project_data.h"
 #include "core/trap.h"
+#include "planning/planner_state.h"
 #include "planning/recommendations.h"
 #include "screens/MealPlan.h"
 #include "screens/list_parts.h"
@@ -35,6 +37,7 @@ void MealPlan::set_up_recommendations() {
             ui_->recommendations->viewport()->mapToGlobal(row.bottomLeft()));
     };
     connect(&list, &QTreeView::customContextMenuRequested, this, show_popup);
+    open_menu_by_keys(list);
     when_triggered(ui_->Recommend_Add_Meal, [this] { plan_recommended(add_recommended_meal); });
     when_triggered(ui_->Recommend_View_Item,
                    [this] { show_item(recommended_item(selected_recommendation())); });
@@ -70,7 +73,11 @@ std::string MealPlan::selected_recommendation() const {
 void MealPlan::plan_recommended(void (*add)(std::string_view key)) {
     const std::string key = selected_recommendation();
     if (key.empty() || !may_plan()) return;
+    const DayRecord day = days[current_day];
+    const DayQuantityRecord quantities = day_quantities[current_day];
     add(key);
+    const bool same = days[current_day] == day && day_quantities[current_day] == quantities;
+    if (!same) say_planned(true, recommended_recipe(key));
     focus_entry();
 }
 

@@ -240,6 +240,7 @@ TEST_F(PlannerDay, TheInventoryHandsItsItemToTheDay) {
     settle();
     EXPECT_FALSE(inventory->isVisible());
     EXPECT_EQ(plan_shown(), Texts{"Milk 750 gram(s)"});
+    EXPECT_EQ(panel(1), "Milk is planned on Monday, May 20: 750 gram(s) now.");
     EXPECT_TRUE(grid().cell(may_20).planned);
 }
 
@@ -318,6 +319,20 @@ TEST_F(PlannerDay, ComingBackShowsWhatWasChangedElsewhere) {
     settle();
     EXPECT_EQ(plan_shown(), (Texts{"Broth 2 Cup(s)", "Milk 7 gram(s)"}));
     EXPECT_EQ(grid().cell(may_15).names, (QStringList{"Broth", "Milk"}));
+}
+
+TEST_F(PlannerDay, CountedAsNotYetDrawnItIsDrawnAtItsNextShow) {
+    open_planner();
+    click_cell(may_20);
+    put_day(9, 5, 20);
+    put_recipe_on(9, 1, soup, 2);
+    window.registry().hide_all();
+    meal_plan()->set_firstcall();
+    show_screen("MealPlan");
+    settle();
+    EXPECT_EQ(told_date(), "5/20/2024");
+    EXPECT_EQ(plan_shown(), Texts{"Soup 2 Cup(s)"});
+    EXPECT_TRUE(grid().cell(may_20).planned);
 }
 
 TEST_F(PlannerDay, AnItemThatCannotBeCountedIsTold) {

@@ -187,10 +187,26 @@ TEST_F(PlannerPopup, DeletingAnEmptyDateChangesNoDay) {
 }
 
 TEST_F(PlannerPopup, PastingWithoutACopySaysSo) {
+    QApplication::clipboard()->clear();
     open_planner();
     press("Ctrl+V");
     EXPECT_EQ(panel(1), "Copy or cut a day first.");
     EXPECT_EQ(project_modified, i16_false);
+}
+
+TEST_F(PlannerPopup, ACodeOfAnotherProgramIsPastedWhileNoDayWaits) {
+    QApplication::clipboard()->setText("tvk7");
+    open_planner();
+    press("Ctrl+V");
+    EXPECT_EQ(entry().text(), "tvk7");
+    press("Escape");
+    click_cell(may_16);
+    press("Ctrl+C");
+    click_cell(may_20);
+    entry().setFocus();
+    press("Ctrl+V");
+    EXPECT_EQ(entry().text(), "");
+    EXPECT_EQ(held(20), "Soup 3,Milk 500,");
 }
 
 TEST_F(PlannerPopup, WithATextInTheEntryBoxTheKeysEditIt) {
@@ -220,6 +236,18 @@ TEST_F(PlannerPopup, AddsByTheOtherScreens) {
     settle();
     choose("popmenu_add_item");
     EXPECT_TRUE(is_open("FoodInventory"));
+}
+
+TEST_F(PlannerPopup, ShiftF10OpensTheMenus) {
+    open_planner();
+    click_cell(may_16);
+    for (const auto& [where, menu] :
+         {std::pair("calendar_grid", "popmenu"), std::pair("lv2", "mealplanpop")}) {
+        part(where).setFocus(Qt::TabFocusReason);
+        press("Shift+F10");
+        EXPECT_TRUE(part<QMenu>(menu).isVisible()) << menu;
+        press("Escape");
+    }
 }
 
 TEST_F(PlannerPopup, AChoiceIsCarriedOutOnceAndNoneIsNone) {

@@ -69,11 +69,13 @@ TEST_F(PlannerRecommendations, ADoubleClickAddsWhatIsNotZero) {
     double_click_row(recommended(), 0);
     EXPECT_EQ(plan_shown(), Texts{"Soup 2 Cup(s)"});
     EXPECT_EQ(focused(), "Text1");
+    EXPECT_EQ(panel(1), "Soup is planned on Wednesday, May 15: 2 Cup(s) now.");
     expect_quantity_box("Add", "0");
     double_click_row(recommended(), 1);
     expect_quantity_box("Add", std::nullopt);
     double_click_row(recommended(), 1);
     EXPECT_EQ(plan_shown(), Texts{"Soup 2 Cup(s)"});
+    EXPECT_EQ(panel(1), "");
 }
 
 TEST_F(PlannerRecommendations, ThePopupAddsWhateverIsTyped) {
