@@ -81,8 +81,11 @@ f64 planned_quantity(bool is_recipe, i16 number) {
 
 bool MealPlan::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->lv2->viewport()) return drag_over_list(*event);
-    if (watched == ui_->Label4) {
-        if (event->type() == QEvent::Resize) keep_caption_whole();
+    if (event->type() == QEvent::Resize) {
+        const auto& resize = *static_cast<QResizeEvent*>(event);
+        const bool wider = resize.size().width() != resize.oldSize().width();
+        if (watched == ui_->Label4 && wider) keep_caption_whole();
+        if (watched == ui_->Toolbar2 && wider) fit_day_commands();
         return false;
     }
     // The wheel changes no month or year that the pointer happens to pass.
