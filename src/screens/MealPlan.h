@@ -133,6 +133,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void focus_entry();
 
     // Barcodes and dropping.
+    bool key_pressed(QObject& watched, const QKeyEvent& key);
     bool entry_key(const QKeyEvent& key);
     bool scanner_key(QWidget& at, const QKeyEvent& key);
     bool year_key(const QKeyEvent& key);
