@@ -4,6 +4,7 @@
 #include "screens/FoodInventory.h"
 #include "screens/LotView.h"
 #include "screens/Main.h"
+#include "screens/MealPlan.h"
 #include "screens/Mealbuilder.h"
 #include "screens/ShoppingList.h"
 #include "screens/StoresForm.h"
@@ -32,6 +33,7 @@ void register_screens(Main& main) {
     add<LotView>(registry, "LotView");
     add<Mealbuilder>(registry, "Mealbuilder");
     add<ShoppingList>(registry, "ShoppingList");
+    add<MealPlan>(registry, "MealPlan");
     add<StoresForm>(registry, "StoresForm");
     add<UnitsForm>(registry, "UnitsForm");
     add<wam>(registry, "wam");

@@ -3,11 +3,13 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QStringList>
+#include <algorithm>
 
 #include "barcodes/find_barcode.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 #include "screens/ShoppingList.h"
+#include "screens/catagory_places.h"
 #include "screens/list_parts.h"
 #include "screens/rows_in_place.h"
 #include "screens/shopping_rows_model.h"
@@ -108,15 +110,13 @@ void ShoppingList::changeEvent(QEvent* event) {
 
 void ShoppingList::fill_list2() {
     const QStringList words =
-        ui_->find_box->text().toCaseFolded().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        folded(ui_->find_box->text()).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     std::vector<i16> found = quick_pick_items();
     const bool any = !found.empty();
     std::erase_if(found, [&words](i16 item) {
-        const QString name = shown_text(items[item].name.trimmed()).toCaseFolded();
-        for (const QString& word : words) {
-            if (!name.contains(word)) return true;
-        }
-        return false;
+        const QString name = folded(shown_text(items[item].name.trimmed()));
+        return std::any_of(words.begin(), words.end(),
+                           [&name](const QString& word) { return !name.contains(word); });
     });
     refill_in_place(*ui_->quick_pick_list, *picks_, found);
     hint_when_empty(*ui_->quick_pick_list, any ? tr("No item has this in its name.")

@@ -11,10 +11,10 @@
 #include "core/trap.h"
 #include "platform/platform.h"
 #include "screens/ShoppingList.h"
-#include "screens/icons.h"
 #include "screens/list_font.h"
 #include "screens/list_parts.h"
 #include "screens/shopping_rows_model.h"
+#include "screens/toolbar_parts.h"
 #include "ui_ShoppingList.h"
 
 namespace tavernook {
@@ -34,24 +34,11 @@ QFont larger(QFont font, double times) {
 
 void ShoppingList::set_up_toolbar() {
     QToolBar& bar = *ui_->list_toolbar;
-    bar.setAccessibleName(bar.windowTitle());
     const int line = fontMetrics().height();
     bar.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
     bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    const std::pair<QAction*, const char*> commands[] = {{ui_->list_toolbar_1, "new_item"},
-                                                         {ui_->list_toolbar_2, "print"},
-                                                         {ui_->list_toolbar_3, "save"},
-                                                         {ui_->list_toolbar_4, "open"},
-                                                         {ui_->list_toolbar_5, "put_in_stock"}};
-    for (const auto& [action, name] : commands) {
-        action->setIcon(icon(QLatin1String(name)));
-        bar.addAction(action);
-        auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
-        button->setObjectName(action->objectName() + QLatin1String("_button"));
-        button->setText(action->text());  // with its mnemonic
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(action->iconText());
-    }
+    fill_toolbar(*this, bar,
+                 {{1, "new_item"}, {2, "print"}, {3, "save"}, {4, "open"}, {5, "put_in_stock"}});
     auto* stock = qobject_cast<QToolButton*>(bar.widgetForAction(ui_->list_toolbar_5));
     stock->setAutoRaise(false);
     stock->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

@@ -158,6 +158,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnu_wam",
                                               "Project_Setup",
                                               "toolbar_1_5",
+                                              "mnuProject_MealPlanning",
+                                              "toolbar_1_8",
                                               "mnu_tvkhelp",
                                               "mnuhelp_search",
                                               "mnu_about",
@@ -244,9 +246,9 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; settings, items, recipes, measures and list; Help
-    // without the lessons.
-    EXPECT_EQ(reached, 7 + 5 + 3);
+    // Six commands and the submenu of File; settings, items, recipes, planner, measures and list;
+    // Help without the lessons.
+    EXPECT_EQ(reached, 7 + 6 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
@@ -328,6 +330,8 @@ TEST_F(MainWindow, TheStartPageOffersTheTwoCommandsAndTheRecentProjects) {
     EXPECT_TRUE(link->isVisible());
     link->click();
     EXPECT_EQ(project_open, i16_true);
+    window.registry().hide_all();  // the planner has come up
+    settle();
     EXPECT_EQ(window.findChild<QLabel*>("start_heading")->text(), "home.tvk");
     EXPECT_TRUE(line->text().startsWith("This household is open."));
     EXPECT_FALSE(window.findChild<QWidget*>("start_new")->isVisible());

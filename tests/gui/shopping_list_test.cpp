@@ -263,6 +263,20 @@ TEST_F(ShoppingListScreen, WhatIsNotThereYetSaysSo) {
     }
 }
 
+TEST_F(ShoppingListScreen, FindingTakesNoNoticeOfCapitalsAndAccents) {
+    put_food(4,
+             "Cr\xE8me fra\xEE"
+             "che",
+             1, 1, 1, "5555");
+    open_list();
+    const int all = picks().model()->rowCount();
+    find_box().setText("CREME fraiche");
+    ASSERT_EQ(picks().model()->rowCount(), 1);
+    EXPECT_EQ(picks().model()->index(0, 0).data().toString(), QString::fromUtf8("Crème fraîche"));
+    find_box().clear();
+    EXPECT_EQ(picks().model()->rowCount(), all);
+}
+
 TEST_F(ShoppingListScreen, CloseLeavesTheScreen) {
     open_list();
     click("close_button");
