@@ -21,6 +21,6 @@ ScannedCode meaning_of_code(std::string_view code);
 // The first live item of that barcode, capitals counting and blanks around both not; 0 when there
 // is none, and for "empty" and a blank code, which no item bears. Of a longer code the 32 bytes
 // count that an item can bear.
-i16 find_live_item_by_barcode(std::string_view barcode);
+i16 find_scanned_item(std::string_view barcode);
 
 }  // namespace tavernook

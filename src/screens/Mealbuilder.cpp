@@ -159,14 +159,10 @@ void Mealbuilder::set_up_commands() {
 void Mealbuilder::update_commands() {
     const QModelIndex marked = ui_->recipe_tree->currentIndex();
     const bool recipe = has_recipe();
-    const bool planner_is_there = knows_screen(planner()) || meal_plan() != nullptr;
     ui_->Toolbar1_3->setEnabled(marked.isValid());
     rename_->setEnabled(marked.isValid());
     ui_->Toolbar1_4->setEnabled(recipe);
-    ui_->Toolbar1_5->setEnabled(recipe && planner_is_there);
-    ui_->Toolbar1_5->setToolTip(planner_is_there
-                                    ? tr("Put this recipe on the day that the planner shows.")
-                                    : tr("There is no meal planner to add the recipe to."));
+    ui_->Toolbar1_5->setEnabled(recipe);
     ingredients_->set_takes_drops(recipe);
     for (QWidget* part : std::initializer_list<QWidget*>{
              ui_->add_ingredient_button, ui_->remove_ingredient_button, ui_->figures_group}) {
@@ -317,12 +313,8 @@ void Mealbuilder::add_to_plan() {
     const f64 quantity = leading_number(with_decimal_point(*typed));
     if (quantity == 0) return;
     load_screen(planner());
-    ports::MealPlan* plan = meal_plan();
-    if (plan == nullptr) return tell("There is no meal planner to add the recipe to.");
-    plan->add_meal(shown_, quantity);
-    project_modified = i16_true;
-    const std::string name(meals[shown_].name.trimmed());
-    tell(number_text(quantity) + " " + unit + " of \"" + name + "\" added to the plan.");
+    // The planner tells what is planned now.
+    if (ports::MealPlan* plan = meal_plan()) plan->add_meal(shown_, quantity);
 }
 
 // --- keys ------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 
+#include "barcodes/scanners.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
@@ -101,8 +102,8 @@ void ProjectSetup::show_audit_time_lists() {
 void ProjectSetup::show_scanner() {
     const bool known = scanner_type >= 0 && scanner_type < scanner_types;
     ui_->scanner_list->setCurrentIndex(known ? scanner_type : -1);
-    if (scanner_type == batch_scanner_type) {
-        ui_->scanner_list->setItemText(batch_scanner_type, QStringLiteral("CS1504 scanner"));
+    if (scanner_type == batch_scanner) {
+        ui_->scanner_list->setItemText(batch_scanner, QStringLiteral("CS1504 scanner"));
     }
     const bool port_known = scanner_comm_port >= 1 && scanner_comm_port <= comm_ports;
     ui_->port_list->setCurrentIndex(port_known ? scanner_comm_port - 1 : -1);
@@ -110,7 +111,7 @@ void ProjectSetup::show_scanner() {
 }
 
 void ProjectSetup::update_port() {
-    const bool needed = ui_->scanner_list->currentIndex() == batch_scanner_type;
+    const bool needed = ui_->scanner_list->currentIndex() == batch_scanner;
     ui_->port_list->setEnabled(needed);
     ui_->port_label->setEnabled(needed);
 }

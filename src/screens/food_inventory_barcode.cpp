@@ -4,7 +4,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "barcodes/cue_cat.h"
+#include "barcodes/scanners.h"
 #include "basics/text.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -20,8 +20,6 @@
 namespace tavernook {
 
 namespace {
-
-enum Scanner : i16 { keyboard_wedge = 0, batch_scanner = 1, cue_cat = 2, no_scanner = 3 };
 
 constexpr int message_panel = 1;
 
@@ -70,7 +68,7 @@ void FoodInventory::start_capture() {
 void FoodInventory::finish_capture() {
     ui_->Text14->setText(ui_->Text14->text() + ui_->Text13->text());
     const std::string line(trim(typed_text(ui_->Text14->text())));
-    const std::string code = scanner_type == cue_cat ? decode_cue_cat(line) : line;
+    const std::string code = code_in_line(line);
     const bool unreadable = code.empty() && !line.empty();
     cancel_capture();
     if (unreadable) {

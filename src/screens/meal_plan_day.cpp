@@ -20,6 +20,7 @@
 #include "screens/calendar_grid.h"
 #include "screens/day_list_model.h"
 #include "screens/icons.h"
+#include "screens/list_font.h"
 #include "screens/list_parts.h"
 #include "screens/register_screens.h"
 #include "screens/shown_text.h"
@@ -45,6 +46,7 @@ void MealPlan::set_up_day_list() {
     QTreeView& list = *ui_->lv2;
     sorted_day_->setSortRole(DayListModel::sort_role);
     dress_list(list);
+    follow_font_size(list);
     list.setModel(sorted_day_);
     list.setAcceptDrops(true);
     list.viewport()->setAcceptDrops(true);

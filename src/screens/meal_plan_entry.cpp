@@ -7,8 +7,8 @@
 #include <QMimeData>
 #include <QTreeView>
 
-#include "barcodes/cue_cat.h"
 #include "barcodes/scanned_code.h"
+#include "barcodes/scanners.h"
 #include "basics/number_text.h"
 #include "basics/text.h"
 #include "core/project_data.h"
@@ -24,8 +24,6 @@
 namespace tavernook {
 
 namespace {
-
-enum Scanner : i16 { keyboard_wedge = 0, batch_scanner = 1, cue_cat = 2, no_scanner = 3 };
 
 constexpr int year_letters = 4;
 
@@ -197,8 +195,8 @@ void MealPlan::take_entry() {
         line = boxes().input("Enter Barcode", "Barcode Entry", line).value_or("");
     }
     if (trim(line).empty()) return;
-    const std::string code = scanner_type == cue_cat ? decode_cue_cat(line) : line;
-    if (trim(code).empty()) return say(tr("No barcode could be read. Please scan again."));
+    const std::string code = code_in_line(line);
+    if (code.empty()) return say(tr("No barcode could be read. Please scan again."));
     plan_code(code);
 }
 

@@ -10,6 +10,7 @@
 #include "planning/planner_state.h"
 #include "planning/recommendations.h"
 #include "screens/MealPlan.h"
+#include "screens/list_font.h"
 #include "screens/list_parts.h"
 #include "screens/recommendations_model.h"
 #include "screens/shown_text.h"
@@ -20,6 +21,7 @@ namespace tavernook {
 void MealPlan::set_up_recommendations() {
     QTreeView& list = *ui_->recommendations;
     dress_list(list);
+    follow_font_size(list);
     list.setModel(recommended_);
     hint_when_empty(list, tr("Recipes that use up what is past its date come here."));
     QHeaderView& header = *list.header();

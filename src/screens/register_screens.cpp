@@ -49,9 +49,4 @@ QWidget* load_screen(const QString& name) {
     return registry != nullptr && registry->load(name) ? registry->loaded(name) : nullptr;
 }
 
-bool knows_screen(const QString& name) {
-    const ScreenRegistry* registry = present_registry();
-    return registry != nullptr && registry->knows(name);
-}
-
 }  // namespace tavernook

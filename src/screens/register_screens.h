@@ -19,7 +19,4 @@ QWidget* show_screen(const QString& name);
 // The same, but a screen that is not loaded yet stays unseen until it is shown.
 QWidget* load_screen(const QString& name);
 
-// Whether the program has a screen of that name.
-bool knows_screen(const QString& name);
-
 }  // namespace tavernook

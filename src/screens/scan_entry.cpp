@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "barcodes/cue_cat.h"
+#include "barcodes/scanners.h"
 #include "basics/text.h"
 #include "core/project_data.h"
 #include "core/trap.h"
@@ -12,8 +12,6 @@
 namespace tavernook {
 
 namespace {
-
-enum Scanner : i16 { keyboard_wedge = 0, batch_scanner = 1, cue_cat = 2, no_scanner = 3 };
 
 bool is_enter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
@@ -103,7 +101,7 @@ void ScanEntry::take_line(const QString& line) {
     trap_in_screen([&] {
         const std::string typed = typed_text(line);
         if (trim(typed).empty()) return;
-        const std::string code = scanner_type == cue_cat ? decode_cue_cat(trim(typed)) : typed;
+        const std::string code = code_in_line(typed);
         if (code.empty()) {
             Q_EMIT unreadable();
         } else {

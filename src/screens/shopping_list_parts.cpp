@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "barcodes/find_barcode.h"
+#include "barcodes/scanned_code.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 #include "screens/ShoppingList.h"

@@ -51,24 +51,24 @@ TEST_F(ScannedCodes, TheFirstLiveItemOfABarcodeCounts) {
 }
 
 TEST_F(ScannedCodes, CapitalsOfABarcodeCount) {
-    EXPECT_EQ(find_live_item_by_barcode("Ab-1"), 9999);
-    EXPECT_EQ(find_live_item_by_barcode("ab-1"), 0);
+    EXPECT_EQ(find_scanned_item("Ab-1"), 9999);
+    EXPECT_EQ(find_scanned_item("ab-1"), 0);
 }
 
 TEST_F(ScannedCodes, NobodyBearsABlankCodeOrTheWordForNone) {
     put_item(10, "");
     put_item(11, no_barcode);
-    EXPECT_EQ(find_live_item_by_barcode(""), 0);
-    EXPECT_EQ(find_live_item_by_barcode("   "), 0);
-    EXPECT_EQ(find_live_item_by_barcode("empty"), 0);
-    EXPECT_EQ(find_live_item_by_barcode("gone"), 0);
+    EXPECT_EQ(find_scanned_item(""), 0);
+    EXPECT_EQ(find_scanned_item("   "), 0);
+    EXPECT_EQ(find_scanned_item("empty"), 0);
+    EXPECT_EQ(find_scanned_item("gone"), 0);
 }
 
 TEST_F(ScannedCodes, OfALongCodeTheBytesCountThatAnItemBears) {
     const std::string code(40, '8');
     put_item(12, code.c_str());
-    EXPECT_EQ(find_live_item_by_barcode(code), 12);
-    EXPECT_EQ(find_live_item_by_barcode(std::string(31, '8')), 0);
+    EXPECT_EQ(find_scanned_item(code), 12);
+    EXPECT_EQ(find_scanned_item(std::string(31, '8')), 0);
 }
 
 }  // namespace

@@ -263,16 +263,14 @@ TEST_F(RecipeManager, RefreshMarksTheProjectAndReadsAnew) {
     EXPECT_EQ(label("total_calories"), "90");
 }
 
-TEST_F(RecipeManager, AddToPlanNeedsAPlanner) {
+TEST_F(RecipeManager, AddToPlanNeedsARecipe) {
     put_household();
     open();
-    mark("1c");
     EXPECT_FALSE(part<QAction>("Toolbar1_5").isEnabled());
-    EXPECT_EQ(part<QAction>("Toolbar1_5").toolTip(),
-              "There is no meal planner to add the recipe to.");
-    add_planner_screen();
     mark("2c");
     EXPECT_TRUE(part<QAction>("Toolbar1_5").isEnabled());
+    EXPECT_EQ(part<QAction>("Toolbar1_5").toolTip(),
+              "Put this recipe on the day that the planner shows.");
 }
 
 TEST_F(RecipeManager, AddToPlanHandsTheQuantityOver) {
@@ -296,6 +294,24 @@ TEST_F(RecipeManager, AddToPlanHandsTheQuantityOver) {
     command("Toolbar1_5");
     EXPECT_EQ(calls.entries,
               (std::vector<std::string>{"MealPlan add_meal 1 2.5", "MealPlan add_meal 1 -1"}));
+}
+
+TEST_F(RecipeManager, AddToPlanLoadsThePlannerAndPlansOnTheDayItShows) {
+    put_household();
+    meals[1].serving_size_units = 2;
+    open();
+    mark("1c");
+    platform.boxes.expect_input("Meal Quantity to Add. 1 Servings = 1 Cup(s)", "Meal Quantity", "1",
+                                "3");
+    command("Toolbar1_5");
+    ASSERT_NE(meal_plan(), nullptr);
+    EXPECT_EQ(days[1].in_use, 1);
+    EXPECT_EQ(days[1].month, 5);  // 15 May 2024
+    EXPECT_EQ(days[1].day, 15);
+    EXPECT_EQ(days[1].year, 2024);
+    EXPECT_EQ(days[1].planned_meal[1], 1);
+    EXPECT_EQ(day_quantities[1].meal_servings[1], 3);
+    EXPECT_EQ(project_modified, i16_true);
 }
 
 TEST_F(RecipeManager, ThePlannerComesBackToTheFrontWhenItAskedForARecipe) {
@@ -416,19 +432,13 @@ TEST_F(RecipeManager, TabGoesFromTheCommandsToTheText) {
     open();
     mark("1c");
     choose_ingredient(0);
-    const std::vector<std::string> order{"Toolbar1_1_button",
-                                         "Toolbar1_2_button",
-                                         "Toolbar1_3_button",
-                                         "Toolbar1_4_button",
-                                         "filter",
-                                         "recipe_tree",
-                                         "ingredient_list",
-                                         "add_ingredient_button",
-                                         "change_quantity_button",
-                                         "open_item_button",
-                                         "remove_ingredient_button",
-                                         "serving_size",
-                                         "serving_unit"};
+    const std::vector<std::string> order{"Toolbar1_1_button",     "Toolbar1_2_button",
+                                         "Toolbar1_3_button",     "Toolbar1_4_button",
+                                         "Toolbar1_5_button",     "filter",
+                                         "recipe_tree",           "ingredient_list",
+                                         "add_ingredient_button", "change_quantity_button",
+                                         "open_item_button",      "remove_ingredient_button",
+                                         "serving_size",          "serving_unit"};
     part<QToolButton>("Toolbar1_1_button").setFocus();
     for (const std::string& name : order) {
         EXPECT_EQ(focused(), name);

@@ -1,7 +1,6 @@
 // What comes on the list: by the Quick Pick List, by a drop and by the scanner.
 #include <QDropEvent>
 
-#include "barcodes/find_barcode.h"
 #include "gui/shopping_list_fixture.h"
 
 namespace tavernook {
