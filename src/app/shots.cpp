@@ -176,9 +176,9 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     take_lookup_screens(window, take);
     take_inventory_screens(window, take);
     take_recipe_screens(window, take);
-    take_sample_screens(window, take);
     take_shopping_screens(window, take);
     take_planner_screens(window, take);
+    take_sample_screens(window, take);
 }
 
 int take_pictures(int argc, char** argv) {

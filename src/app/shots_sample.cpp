@@ -3,10 +3,12 @@
 #include <QPushButton>
 
 #include "app/program_start.h"
+#include "core/daily_audit.h"
 #include "core/main_commands.h"
 #include "core/program_state.h"
 #include "inventory/items.h"
 #include "platform/platform.h"
+#include "recipes/meals.h"
 #include "screens/Main.h"
 #include "screens/register_screens.h"
 
@@ -36,6 +38,17 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     food_inventory()->populate_Alpha();
     take_item(window, take, "Whole Milk", "sample_item_list");
     screen->parentWidget()->close();
+    show_screen(QStringLiteral("Mealbuilder"));
+    for (const char* recipe : {"Buttermilk Pancakes", "Tomato Soup"}) {
+        mealbuilder()->set_meal(find_meal_by_name(recipe));
+        take(QStringLiteral("sample_recipe_") + QLatin1String(recipe).left(4), window);
+    }
+    show_screen(QStringLiteral("ShoppingList"));
+    take(QStringLiteral("sample_shopping_list"), window);
+    audit_now();
+    show_screen(QStringLiteral("MealPlan"));
+    take(QStringLiteral("sample_after_audit"), window);
+    project_modified = i16_false;
     project_close();
     window.resize(size);
 }

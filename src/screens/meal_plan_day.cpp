@@ -52,9 +52,9 @@ void MealPlan::set_up_day_list() {
     list.viewport()->setAcceptDrops(true);
     list.verticalScrollBar()->setObjectName(QStringLiteral("FlatScrollBar1"));
     QHeaderView& header = *list.header();
-    header.setStretchLastSection(true);
-    header.resizeSection(DayListModel::name_column, letters_wide(*this, 24));
+    header.setSectionResizeMode(DayListModel::name_column, QHeaderView::Stretch);
     header.resizeSection(DayListModel::quantity_column, letters_wide(*this, 10));
+    header.resizeSection(DayListModel::unit_column, letters_wide(*this, 13));
     connect(&list, &QTreeView::activated, this, [this](const QModelIndex& index) {
         run([&] { open_entry(index.data(DayListModel::key_role).toString()); });
     });

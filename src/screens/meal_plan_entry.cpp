@@ -83,6 +83,7 @@ f64 planned_quantity(bool is_recipe, i16 number) {
 
 bool MealPlan::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->lv2->viewport()) return drag_over_list(*event);
+    if (watched == ui_->Toolbar2 && event->type() == QEvent::FontChange) fit_day_commands();
     if (event->type() == QEvent::Resize) {
         const auto& resize = *static_cast<QResizeEvent*>(event);
         const bool wider = resize.size().width() != resize.oldSize().width();

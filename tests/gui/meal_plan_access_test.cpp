@@ -159,11 +159,11 @@ TEST_F(PlannerAccess, EnterInTheCalendarOpensTheRecipes) {
 
 TEST_F(PlannerAccess, SizesColumnsAndSplittersComeBack) {
     open_planner();
-    part<QTreeView>("lv2").header()->resizeSection(0, 211);
+    part<QTreeView>("lv2").header()->resizeSection(1, 111);
     screen->parentWidget()->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open_planner();
-    EXPECT_EQ(part<QTreeView>("lv2").header()->sectionSize(0), 211);
+    EXPECT_EQ(part<QTreeView>("lv2").header()->sectionSize(1), 111);
 }
 
 TEST_F(PlannerAccess, TheCalendarIsDrawnAtEverySize) {
