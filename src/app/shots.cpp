@@ -19,6 +19,7 @@
 #include "app/shots_lookups.h"
 #include "app/shots_recipes.h"
 #include "app/shots_sample.h"
+#include "app/shots_planner.h"
 #include "core/main_commands.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -175,6 +176,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     take_inventory_screens(window, take);
     take_recipe_screens(window, take);
     take_sample_screens(window, take);
+    take_planner_screens(window, take);
 }
 
 int take_pictures(int argc, char** argv) {

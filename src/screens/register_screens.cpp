@@ -5,6 +5,7 @@
 #include "screens/LotView.h"
 #include "screens/Main.h"
 #include "screens/Mealbuilder.h"
+#include "screens/MealPlan.h"
 #include "screens/StoresForm.h"
 #include "screens/UnitsForm.h"
 #include "screens/screen_registry.h"
@@ -30,6 +31,7 @@ void register_screens(Main& main) {
     add<FoodInventory>(registry, "FoodInventory");
     add<LotView>(registry, "LotView");
     add<Mealbuilder>(registry, "Mealbuilder");
+    add<MealPlan>(registry, "MealPlan");
     add<StoresForm>(registry, "StoresForm");
     add<UnitsForm>(registry, "UnitsForm");
     add<wam>(registry, "wam");

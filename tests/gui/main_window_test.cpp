@@ -153,6 +153,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnuProject_MealBuilder",
                                               "toolbar_1_9",
                                               "toolbar_1_7",
+                                              "mnuProject_MealPlanning",
+                                              "toolbar_1_8",
                                               "mnu_wam",
                                               "Project_Setup",
                                               "toolbar_1_5",
@@ -242,9 +244,9 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; settings, items, recipes and measures; Help without the
-    // lessons.
-    EXPECT_EQ(reached, 7 + 4 + 3);
+    // Six commands and the submenu of File; settings, items, recipes, the planner and measures;
+    // Help without the lessons.
+    EXPECT_EQ(reached, 7 + 5 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
@@ -326,6 +328,8 @@ TEST_F(MainWindow, TheStartPageOffersTheTwoCommandsAndTheRecentProjects) {
     EXPECT_TRUE(link->isVisible());
     link->click();
     EXPECT_EQ(project_open, i16_true);
+    window.registry().hide_all();  // the planner has come up
+    settle();
     EXPECT_EQ(window.findChild<QLabel*>("start_heading")->text(), "home.tvk");
     EXPECT_TRUE(line->text().startsWith("This household is open."));
     EXPECT_FALSE(window.findChild<QWidget*>("start_new")->isVisible());
