@@ -17,9 +17,10 @@
 #include "app/program_start.h"
 #include "app/shots_inventory.h"
 #include "app/shots_lookups.h"
+#include "app/shots_planner.h"
 #include "app/shots_recipes.h"
 #include "app/shots_sample.h"
-#include "app/shots_planner.h"
+#include "app/shots_shopping.h"
 #include "core/main_commands.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -177,6 +178,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     take_recipe_screens(window, take);
     take_sample_screens(window, take);
     take_planner_screens(window, take);
+    take_shopping_screens(window, take);
 }
 
 int take_pictures(int argc, char** argv) {

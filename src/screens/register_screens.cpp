@@ -4,8 +4,9 @@
 #include "screens/FoodInventory.h"
 #include "screens/LotView.h"
 #include "screens/Main.h"
-#include "screens/Mealbuilder.h"
 #include "screens/MealPlan.h"
+#include "screens/Mealbuilder.h"
+#include "screens/ShoppingList.h"
 #include "screens/StoresForm.h"
 #include "screens/UnitsForm.h"
 #include "screens/screen_registry.h"
@@ -32,6 +33,7 @@ void register_screens(Main& main) {
     add<LotView>(registry, "LotView");
     add<Mealbuilder>(registry, "Mealbuilder");
     add<MealPlan>(registry, "MealPlan");
+    add<ShoppingList>(registry, "ShoppingList");
     add<StoresForm>(registry, "StoresForm");
     add<UnitsForm>(registry, "UnitsForm");
     add<wam>(registry, "wam");

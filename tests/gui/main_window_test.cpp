@@ -155,6 +155,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "toolbar_1_7",
                                               "mnuProject_MealPlanning",
                                               "toolbar_1_8",
+                                              "Project_ShoppingList",
+                                              "toolbar_2_3",
                                               "mnu_wam",
                                               "Project_Setup",
                                               "toolbar_1_5",
@@ -244,9 +246,9 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; settings, items, recipes, the planner and measures;
-    // Help without the lessons.
-    EXPECT_EQ(reached, 7 + 5 + 3);
+    // Six commands and the submenu of File; settings, items, recipes, the planner, the list and
+    // measures; Help without the lessons.
+    EXPECT_EQ(reached, 7 + 6 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
