@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QSortFilterProxyModel>
 #include <QToolButton>
 #include <vector>
@@ -75,7 +76,7 @@ void MealPlan::set_up_toolbars() {
     ui_->Toolbar1->setIconSize(QSize(line, line));
     ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     ui_->Toolbar2->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    ui_->Toolbar2->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    ui_->Toolbar2->installEventFilter(this);
     auto* first = qobject_cast<QToolButton*>(ui_->Toolbar2->widgetForAction(ui_->Toolbar2_1));
     first->setAutoRaise(false);
     QFont large = first->font();
@@ -108,6 +109,8 @@ void MealPlan::set_up_sizes() {
     ui_->month_splitter->setStretchFactor(1, 0);
     for (QTreeView* list : {ui_->lv2, ui_->recommendations}) {
         list->setMinimumHeight(list->fontMetrics().height() * 4);
+        const int title = list->fontMetrics().horizontalAdvance(QStringLiteral("Quantity"));
+        list->header()->setMinimumSectionSize(title + letters_wide(*this, 2));
     }
     ui_->lv2->setMinimumWidth(letters_wide(*this, 36));
     ui_->recommendations->setMinimumWidth(letters_wide(*this, 30));
@@ -171,6 +174,13 @@ void MealPlan::set_up_keys() {
     }
     ui_->lv2->viewport()->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, &MealPlan::follow_focus);
+}
+
+// With large text there is room for the pictures only; their names are in the tooltips.
+void MealPlan::fit_day_commands() {
+    QToolBar& bar = *ui_->Toolbar2;
+    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    if (bar.sizeHint().width() > bar.width()) bar.setToolButtonStyle(Qt::ToolButtonIconOnly);
 }
 
 // Not every system makes a request for the context menu of these keys.

@@ -85,6 +85,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void set_up_tab_order();
     void set_up_keys();
     void first_view();
+    void fit_day_commands();
     void open_menu_by_keys(QWidget& part);
     void follow_focus(const QWidget* before, const QWidget* now);
     void update_commands();
@@ -132,6 +133,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     void focus_entry();
 
     // Barcodes and dropping.
+    bool key_pressed(QObject& watched, const QKeyEvent& key);
     bool entry_key(const QKeyEvent& key);
     bool scanner_key(QWidget& at, const QKeyEvent& key);
     bool year_key(const QKeyEvent& key);

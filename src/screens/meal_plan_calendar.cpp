@@ -82,6 +82,9 @@ void MealPlan::CalendarUpdate(i16 mode) {
         draw_calendar();
         pending_calendar_refresh = i16_false;
     });
+    // An audit by the clock has no other word for the day shown.
+    set_day_editable(day_is_held() && !day_is_audited());
+    update_commands();
 }
 
 void MealPlan::draw_calendar() {

@@ -33,6 +33,10 @@ bool is_enter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
+bool is_part_of_letter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Shift || key.key() == Qt::Key_CapsLock;
+}
+
 // A list that the keys come to has a row for them to work on.
 void mark_first_row(QObject* watched) {
     auto* list = qobject_cast<QTreeView*>(watched);
@@ -81,8 +85,11 @@ f64 planned_quantity(bool is_recipe, i16 number) {
 
 bool MealPlan::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui_->lv2->viewport()) return drag_over_list(*event);
-    if (watched == ui_->Label4) {
-        if (event->type() == QEvent::Resize) keep_caption_whole();
+    if (event->type() == QEvent::Resize) {
+        const auto& resize = *static_cast<QResizeEvent*>(event);
+        const bool wider = resize.size().width() != resize.oldSize().width();
+        if (watched == ui_->Label4 && wider) keep_caption_whole();
+        if (watched == ui_->Toolbar2 && wider) fit_day_commands();
         return false;
     }
     // The wheel changes no month or year that the pointer happens to pass.
@@ -98,20 +105,22 @@ bool MealPlan::eventFilter(QObject* watched, QEvent* event) {
             mark_first_row(watched);
         }
     }
-    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
-    const auto& key = *static_cast<QKeyEvent*>(event);
-    bool done = false;
-    if (watched == ui_->Text1) {
-        done = entry_key(key);
-    } else if (watched == ui_->calendar_grid) {
-        done = calendar_key(key);
-        if (!done && is_enter(key)) {
+    const bool key = event->type() == QEvent::KeyPress;
+    return (key && key_pressed(*watched, *static_cast<QKeyEvent*>(event))) ||
+           QWidget::eventFilter(watched, event);
+}
+
+// True when the key has done its work.
+bool MealPlan::key_pressed(QObject& watched, const QKeyEvent& key) {
+    if (&watched == ui_->Text1) return entry_key(key);
+    if (&watched == ui_->calendar_grid) {
+        if (calendar_key(key)) return true;
+        if (is_enter(key)) {
             ui_->Toolbar2_1->trigger();
-            done = true;
+            return true;
         }
     }
-    if (!done && watched != ui_->Text1) done = scanner_key(*static_cast<QWidget*>(watched), key);
-    return done || QWidget::eventFilter(watched, event);
+    return scanner_key(static_cast<QWidget&>(watched), key);
 }
 
 // The keys of the calendar as long as the box is empty; with a text in it they edit that.
@@ -138,8 +147,7 @@ bool MealPlan::scanner_key(QWidget& at, const QKeyEvent& key) {
     if (&at == ui_->FlatScrollBar2) return year_key(key);
     const QChar letter = written(key);
     if (letter.isNull()) {
-        const bool part_of_letter = key.key() == Qt::Key_Shift || key.key() == Qt::Key_CapsLock;
-        if (!part_of_letter) ui_->Text2->clear();
+        if (!is_part_of_letter(key)) ui_->Text2->clear();
         return false;
     }
     const bool finds_rows = qobject_cast<QAbstractItemView*>(&at) != nullptr || &at == ui_->Combo1;
@@ -159,7 +167,7 @@ bool MealPlan::scanner_key(QWidget& at, const QKeyEvent& key) {
 bool MealPlan::year_key(const QKeyEvent& key) {
     const QChar letter = written(key);
     if (letter.isNull()) {
-        year_digits_.clear();
+        if (!is_part_of_letter(key)) year_digits_.clear();
         return false;
     }
     year_digits_ += letter;

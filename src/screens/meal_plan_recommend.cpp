@@ -21,6 +21,7 @@ void MealPlan::set_up_recommendations() {
     QTreeView& list = *ui_->recommendations;
     dress_list(list);
     list.setModel(recommended_);
+    hint_when_empty(list, tr("Recipes that use up what is past its date come here."));
     QHeaderView& header = *list.header();
     header.setStretchLastSection(false);
     header.setSectionResizeMode(RecommendationsModel::meal_column, QHeaderView::Stretch);
@@ -54,8 +55,8 @@ void MealPlan::populate_meal_recommendations() {
         MealRecommendations found = meal_recommendations();
         ui_->Label4->setText(shown_text(found.caption));
         keep_caption_whole();
-        list.setAccessibleDescription(ui_->Label4->text());
         recommended_->set_rows(std::move(found.rows));
+        list.setAccessibleDescription(ui_->Label4->text());
         const int row = selected.isEmpty() ? -1 : recommended_->row_of(selected);
         if (row >= 0) list.setCurrentIndex(recommended_->index(row, 0));
         list.verticalScrollBar()->setValue(scrolled);

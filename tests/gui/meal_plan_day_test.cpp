@@ -123,6 +123,20 @@ TEST_F(PlannerDay, EditingAnAuditedDaySettlesAndOpensIt) {
     EXPECT_FALSE(grid().cell(may_15).audited);
 }
 
+TEST_F(PlannerDay, AnAuditByTheClockClosesTheDayShown) {
+    plan_today();
+    open_planner();
+    EXPECT_TRUE(enabled("Toolbar2_1"));
+    audit_hour = 12;  // it is 12:00
+    audit_minute = 0;
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_FALSE(enabled("Toolbar2_1"));
+    EXPECT_TRUE(enabled("Toolbar2_4"));
+    EXPECT_TRUE(is_grey());
+    EXPECT_EQ(label("day_state"), "Audited: taken out of the stock");
+}
+
 TEST_F(PlannerDay, AddingTheSameTwiceAddsTheQuantities) {
     open_planner();
     planner().Add_Item(milk, 1);
