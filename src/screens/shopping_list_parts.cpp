@@ -119,9 +119,8 @@ void ShoppingList::fill_list2() {
         return false;
     });
     refill_in_place(*ui_->quick_pick_list, *picks_, found);
-    hint_when_empty(*ui_->quick_pick_list,
-                    any ? tr("No item has this in its name.")
-                        : tr("No items yet. Press \"Add Items\" to enter some."));
+    hint_when_empty(*ui_->quick_pick_list, any ? tr("No item has this in its name.")
+                                               : tr("No items yet. Press \"Add Items\"."));
 }
 
 void ShoppingList::add_picked() {

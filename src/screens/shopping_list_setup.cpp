@@ -68,7 +68,7 @@ void ShoppingList::set_up_list() {
     QHeaderView* header = list.header();
     header->setSectionsMovable(false);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
-    const int letters[] = {name_letters, 16, 14, 6, 11, 12, 11, 11};
+    const int letters[] = {name_letters, 18, 14, 6, 11, 11, 10, 11};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         header->resizeSection(column, letters_wide(*this, letters[column]));
     }
