@@ -263,16 +263,16 @@ TEST_F(RecipeManager, RefreshMarksTheProjectAndReadsAnew) {
     EXPECT_EQ(label("total_calories"), "90");
 }
 
-TEST_F(RecipeManager, AddToPlanNeedsAPlanner) {
+TEST_F(RecipeManager, AddToPlanNeedsARecipe) {
     put_household();
     open();
-    mark("1c");
+    tree().setCurrentIndex({});
+    settle();
     EXPECT_FALSE(part<QAction>("Toolbar1_5").isEnabled());
-    EXPECT_EQ(part<QAction>("Toolbar1_5").toolTip(),
-              "There is no meal planner to add the recipe to.");
-    add_planner_screen();
-    mark("2c");
+    mark("1c");
     EXPECT_TRUE(part<QAction>("Toolbar1_5").isEnabled());
+    EXPECT_EQ(part<QAction>("Toolbar1_5").toolTip(),
+              "Put this recipe on the day that the planner shows.");
 }
 
 TEST_F(RecipeManager, AddToPlanHandsTheQuantityOver) {
@@ -420,6 +420,7 @@ TEST_F(RecipeManager, TabGoesFromTheCommandsToTheText) {
                                          "Toolbar1_2_button",
                                          "Toolbar1_3_button",
                                          "Toolbar1_4_button",
+                                         "Toolbar1_5_button",
                                          "filter",
                                          "recipe_tree",
                                          "ingredient_list",
