@@ -176,7 +176,8 @@ void HouseholdDay::bought_and_put_in_stock() {
     open_shopping_list();
     // One unit of salt by hand: (24.50 + 0.40) x 1.075 = 26.7675.
     double_click_row(part<QTreeView>("quick_pick_list"), 4);
-    EXPECT_EQ(shopping_shown()[4], "Salt 1.00 $0.40");
+    EXPECT_EQ(shopping_shown(), (Texts{"Flour 2.75 $3.30", "Milk 5.50 $8.80", "Eggs 8.00 $2.40",
+                                       "Cream 2.00 $4.00", "Salt 1.00 $0.40", "Butter .75 $6.00"}));
     EXPECT_EQ(label("total_label"), "$26.77");
     platform.clock.time = shopping_time = may_15 + 20.0 / 24;
     trigger("list_toolbar_5");
