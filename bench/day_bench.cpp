@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <optional>
-#include <sqlite3.h>
 
+#include "database.h"
 #include "fakes/test_platform.h"
 #include "inventory/audit.h"
 #include "inventory/lots.h"
@@ -82,17 +82,19 @@ int listed_items() {
 class StockDatabase {
   public:
     StockDatabase() {
-        if (sqlite3_open(":memory:", &database_) != SQLITE_OK) std::abort();
-        run("create table item (number integer primary key, in_use integer, stock real,"
+        database_.run(
+            "create table item (number integer primary key, in_use integer, stock real,"
             " restock real, storage_time integer, last_restock real)");
-        run("create table lot (item integer, place integer, quantity real,"
+        database_.run(
+            "create table lot (item integer, place integer, quantity real,"
             " primary key (item, place)) without rowid");
-        run("begin");
-        for (i16 item = 1; item <= item_capacity; ++item) insert(item);
-        run("commit");
-        run("create index kept on item (in_use, stock)");
-        run("analyze");
-        query_ = prepared(
+        database_.run("begin");
+        fill();
+        database_.run("commit");
+        database_.run("create index kept on item (in_use, stock)");
+        database_.run("analyze");
+        query_.emplace(
+            database_,
             "select number, expiring, stock - quantity from (select i.number as number,"
             " i.stock as stock, i.restock as restock, max(0, sum(l.quantity)) as quantity,"
             " i.storage_time <> 0 and ?1 - i.last_restock + ?2 >= i.storage_time as expiring"
@@ -100,22 +102,14 @@ class StockDatabase {
             " where i.in_use <> 0 and i.stock <> 0 group by i.number)"
             " where expiring or quantity <= restock");
     }
-    ~StockDatabase() {
-        sqlite3_finalize(query_);
-        sqlite3_close(database_);
-    }
-    StockDatabase(const StockDatabase&) = delete;
-    StockDatabase& operator=(const StockDatabase&) = delete;
 
     // How many items must be bought; each one's amount is fetched.
     int count_wanted(Date now) {
-        sqlite3_reset(query_);
-        sqlite3_bind_double(query_, 1, now);
-        sqlite3_bind_double(query_, 2, expiration_warning_days);
+        query_->bind(1, now).bind(2, int{expiration_warning_days});
         int rows = 0;
         double amount = 0;
-        while (sqlite3_step(query_) == SQLITE_ROW) {
-            amount += sqlite3_column_double(query_, 2);
+        while (query_->next_row()) {
+            amount += query_->number(2);
             ++rows;
         }
         benchmark::DoNotOptimize(amount);
@@ -123,41 +117,23 @@ class StockDatabase {
     }
 
   private:
-    void run(const char* statement) {
-        if (sqlite3_exec(database_, statement, nullptr, nullptr, nullptr) != SQLITE_OK) {
-            std::abort();
-        }
-    }
-    sqlite3_stmt* prepared(const char* text) {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(database_, text, -1, &statement, nullptr) != SQLITE_OK) {
-            std::abort();
-        }
-        return statement;
-    }
-    void insert(i16 number) {
-        const ItemRecord& item = items[number];
-        sqlite3_stmt* row = prepared("insert into item values (?1, ?2, ?3, ?4, ?5, ?6)");
-        sqlite3_bind_int(row, 1, number);
-        sqlite3_bind_int(row, 2, item.in_use);
-        sqlite3_bind_double(row, 3, item.stock_quantity);
-        sqlite3_bind_double(row, 4, item.restock_quantity);
-        sqlite3_bind_int(row, 5, item.storage_time);
-        sqlite3_bind_double(row, 6, item.last_restock_date);
-        sqlite3_step(row);
-        sqlite3_finalize(row);
-        for (int place = 0; place < lot_places; ++place) {
-            sqlite3_stmt* lot = prepared("insert into lot values (?1, ?2, ?3)");
-            sqlite3_bind_int(lot, 1, number);
-            sqlite3_bind_int(lot, 2, place);
-            sqlite3_bind_double(lot, 3, lots[number].lot_quantity[static_cast<std::size_t>(place)]);
-            sqlite3_step(lot);
-            sqlite3_finalize(lot);
+    void fill() {
+        Statement row(database_, "insert into item values (?1, ?2, ?3, ?4, ?5, ?6)");
+        Statement lot(database_, "insert into lot values (?1, ?2, ?3)");
+        for (i16 number = 1; number <= item_capacity; ++number) {
+            const ItemRecord& item = items[number];
+            row.bind(1, number).bind(2, item.in_use).bind(3, item.stock_quantity);
+            row.bind(4, item.restock_quantity).bind(5, item.storage_time);
+            row.bind(6, item.last_restock_date).carry_out();
+            for (int place = 0; place < lot_places; ++place) {
+                const f64 held = lots[number].lot_quantity[static_cast<std::size_t>(place)];
+                lot.bind(1, number).bind(2, place).bind(3, held).carry_out();
+            }
         }
     }
 
-    sqlite3* database_ = nullptr;
-    sqlite3_stmt* query_ = nullptr;
+    Database database_;
+    std::optional<Statement> query_;
 };
 
 void scan_what_must_be_bought(benchmark::State& state) {

@@ -10,6 +10,7 @@
 #include "basics/date.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "painting.h"
 #include "planning/recommendations.h"
 #include "screens/MealPlan.h"
 #include "screens/calendar_grid.h"
@@ -52,7 +53,8 @@ struct FullPlanner {
         planner->show();
         system_calendar.resize(780, 400);
         system_calendar.show();
-        QApplication::processEvents();
+        paint_changes(*planner);
+        paint_changes(system_calendar);
     }
 
     template <typename Part>
@@ -61,7 +63,7 @@ struct FullPlanner {
     }
     void turn_system_calendar() {
         system_calendar.showNextMonth();
-        QApplication::processEvents();
+        paint_changes(system_calendar);
     }
 
     TestPlatform platform;
@@ -71,12 +73,11 @@ struct FullPlanner {
 
 void month_redraw(benchmark::State& state) {
     FullPlanner full;
-    auto& grid = full.part<CalendarGrid>("calendar_grid");
     measure(
         state,
         [&] {
             full.planner->CalendarUpdate(ports::month_in_view);
-            grid.repaint();
+            paint_changes(*full.planner);
         },
         [&] { full.turn_system_calendar(); });
 }
@@ -90,7 +91,7 @@ void day_switch(benchmark::State& state) {
         [&] {
             cell = (cell + 1) % calendar_cell_count;
             grid.choose(cell);
-            QApplication::processEvents();
+            paint_changes(*full.planner);
         },
         [&] { full.turn_system_calendar(); });
 }
@@ -103,13 +104,13 @@ void opening(benchmark::State& state) {
             full.planner = std::make_unique<MealPlan>();
             full.planner->resize(1200, 700);
             full.planner->show();
-            QApplication::processEvents();
+            paint_changes(*full.planner);
         },
         [] {
             QCalendarWidget calendar;
             calendar.resize(780, 400);
             calendar.show();
-            QApplication::processEvents();
+            paint_changes(calendar);
         });
 }
 
@@ -121,7 +122,7 @@ void recommendations_of_everything(benchmark::State& state) {
         state,
         [&] {
             full.planner->populate_meal_recommendations();
-            QApplication::processEvents();
+            paint_changes(*full.planner);
         },
         [] { benchmark::DoNotOptimize(meal_recommendations()); });
     state.counters["rows"] = full.part<QTreeView>("recommendations").model()->rowCount();
@@ -139,7 +140,7 @@ void recommendations_sorted_and_scrolled(benchmark::State& state) {
             column = (column + 1) % 3;
             list.sortByColumn(column, Qt::DescendingOrder);
             list.verticalScrollBar()->setValue(list.verticalScrollBar()->maximum() / 2);
-            QApplication::processEvents();
+            paint_changes(*full.planner);
         },
         [] { benchmark::DoNotOptimize(meal_recommendations()); });
 }

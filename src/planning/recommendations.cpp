@@ -1,6 +1,8 @@
 #include "planning/recommendations.h"
 
+#include <numeric>
 #include <optional>
+#include <span>
 
 #include "basics/number_text.h"
 #include "core/project_data.h"
@@ -31,38 +33,42 @@ std::vector<ExpiringItem> items_past_their_dates() {
 }
 
 // The live recipes of each item, ascending and each once: the answers of meal_uses_item for all
-// items from one pass over the recipes.
+// items from two passes over the recipes.
 class RecipesOfItems {
   public:
     RecipesOfItems() {
-        for (i16 recipe = 1; recipe <= meal_capacity; ++recipe) {
-            if (meals[recipe].in_use == 1) enter(recipe);
-        }
+        for_each_use([this](std::size_t item, i16) { ++first_[item + 1]; });
+        std::partial_sum(first_.begin(), first_.end(), first_.begin());
+        recipes_.resize(first_.back());
+        std::vector<std::size_t> next = first_;
+        for_each_use([&](std::size_t item, i16 recipe) { recipes_[next[item]++] = recipe; });
     }
 
-    const std::vector<i16>& of(i16 item) const { return recipes_[static_cast<std::size_t>(item)]; }
+    std::span<const i16> of(i16 number) const {
+        const auto item = static_cast<std::size_t>(number);
+        return std::span(recipes_).subspan(first_[item], first_[item + 1] - first_[item]);
+    }
 
   private:
-    void enter(i16 recipe) {
-        for (std::size_t place = 1; place <= ingredient_places; ++place) {
-            const i16 item = meals[recipe].ingredient_item[place];
-            if (item < 1 || item > item_capacity) continue;
-            std::vector<i16>& held = recipes_[static_cast<std::size_t>(item)];
-            if (held.empty() || held.back() != recipe) held.push_back(recipe);
+    template <typename Use>
+    static void for_each_use(Use use) {
+        std::vector<i16> latest(item_capacity + 1);
+        for (i16 recipe = 1; recipe <= meal_capacity; ++recipe) {
+            const MealRecord& meal = meals[recipe];
+            if (meal.in_use != 1) continue;
+            for (std::size_t place = 1; place <= ingredient_places; ++place) {
+                const i16 number = meal.ingredient_item[place];
+                if (number < 1 || number > item_capacity) continue;
+                const auto item = static_cast<std::size_t>(number);
+                if (latest[item] != recipe) use(item, recipe);
+                latest[item] = recipe;
+            }
         }
     }
 
-    std::vector<std::vector<i16>> recipes_{item_capacity + 1};
+    std::vector<std::size_t> first_ = std::vector<std::size_t>(item_capacity + 2);  // by item
+    std::vector<i16> recipes_;
 };
-
-Recommendation row_of(const ExpiringItem& expiring, i16 recipe) {
-    return {.item = expiring.item,
-            .recipe = recipe,
-            .key = item_key(expiring.item, recipe),
-            .recipe_name = std::string(meals[recipe].name.trimmed()),
-            .item_name = std::string(items[expiring.item].name.trimmed()),
-            .quantity = number_text(expiring.quantity)};
-}
 
 std::string caption_of(bool found) {
     if (!found) return "Tavernook has no meal recommendations at this time.";
@@ -78,6 +84,10 @@ f64 ask_quantity(std::string_view title) {
 
 }  // namespace
 
+std::string recommendation_key(const Recommendation& row) {
+    return item_key(row.item, row.recipe);
+}
+
 MealRecommendations meal_recommendations() {
     MealRecommendations found;
     const std::vector<ExpiringItem> expiring = items_past_their_dates();
@@ -85,7 +95,7 @@ MealRecommendations meal_recommendations() {
         const RecipesOfItems recipes;
         for (const ExpiringItem& item : expiring) {
             for (const i16 recipe : recipes.of(item.item)) {
-                found.rows.push_back(row_of(item, recipe));
+                found.rows.push_back({item.item, recipe, item.quantity});
             }
         }
     }

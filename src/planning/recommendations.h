@@ -12,11 +12,11 @@ namespace tavernook {
 struct Recommendation {
     i16 item = 0;
     i16 recipe = 0;
-    std::string key;  // "i" item ":" recipe
-    std::string recipe_name;
-    std::string item_name;
-    std::string quantity;  // of the item, past its date; a plain number
+    f64 quantity = 0;  // of the item, past its date
 };
+
+// The key of its row: "i" item ":" recipe.
+std::string recommendation_key(const Recommendation& row);
 
 struct MealRecommendations {
     std::vector<Recommendation> rows;  // by items, then by recipes, both ascending

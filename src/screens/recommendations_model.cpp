@@ -7,6 +7,7 @@
 
 #include "basics/number_text.h"
 #include "screens/icons.h"
+#include "screens/plan_names.h"
 #include "screens/shown_text.h"
 
 namespace tavernook {
@@ -14,12 +15,12 @@ namespace tavernook {
 namespace {
 
 // Where each number stands among the names of all, by the user's language; capitals do not count.
-std::map<i16, f64> places_by_name(const std::map<i16, std::string>& names) {
+std::map<i16, f64> places_by_name(const std::map<i16, QString>& names) {
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<std::pair<QCollatorSortKey, i16>> sorted;
     for (const auto& [number, name] : names) {
-        sorted.emplace_back(collator.sortKey(shown_text(name)), number);
+        sorted.emplace_back(collator.sortKey(name), number);
     }
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
@@ -48,13 +49,14 @@ std::vector<f64> RecommendationsModel::ranks() const {
     std::vector<f64> found(rows_.size());
     if (column_ == quantity_column) {
         std::transform(rows_.begin(), rows_.end(), found.begin(),
-                       [](const Recommendation& row) { return leading_number(row.quantity); });
+                       [](const Recommendation& row) { return row.quantity; });
         return found;
     }
     const bool meal = column_ == meal_column;
-    std::map<i16, std::string> names;
+    std::map<i16, QString> names;
     for (const Recommendation& row : rows_) {
-        names.try_emplace(meal ? row.recipe : row.item, meal ? row.recipe_name : row.item_name);
+        QString& name = names[meal ? row.recipe : row.item];
+        if (name.isEmpty()) name = meal ? recipe_name(row.recipe) : item_name(row.item);
     }
     const std::map<i16, f64> places = places_by_name(names);
     std::transform(rows_.begin(), rows_.end(), found.begin(), [&](const Recommendation& row) {
@@ -101,8 +103,10 @@ void RecommendationsModel::sort(int column, Qt::SortOrder order) {
 
 int RecommendationsModel::row_of(const QString& key) const {
     const std::string wanted = key.toStdString();
+    const i16 item = recommended_item(wanted);
+    const i16 recipe = recommended_recipe(wanted);
     for (int row = 0; row < rowCount(); ++row) {
-        if (at(row).key == wanted) return row;
+        if (at(row).item == item && at(row).recipe == recipe) return row;
     }
     return -1;
 }
@@ -121,15 +125,15 @@ QVariant RecommendationsModel::data(const QModelIndex& index, int role) const {
     const bool number = index.column() == quantity_column;
     switch (role) {
         case Qt::DisplayRole:
-            if (number) return shown_text(row.quantity);
-            return shown_text(index.column() == meal_column ? row.recipe_name : row.item_name);
+            if (number) return shown_text(number_text(row.quantity));
+            return index.column() == meal_column ? recipe_name(row.recipe) : item_name(row.item);
         case Qt::DecorationRole:
             return index.column() == meal_column ? QVariant(icon_) : QVariant();
         case Qt::TextAlignmentRole:
             return int(number ? Qt::AlignRight | Qt::AlignVCenter
                               : Qt::AlignLeft | Qt::AlignVCenter);
         case key_role:
-            return shown_text(row.key);
+            return shown_text(recommendation_key(row));
         default:
             return {};
     }

@@ -1,5 +1,5 @@
-// The recommended meals: recipe, item and how much of it is past its date. Sorting compares ranks
-// that are worked out once, so that tens of thousands of rows turn at once.
+// The recommended meals: recipe, item and how much of it is past its date. It holds numbers, and
+// sorting compares ranks that are worked out once, so that tens of thousands of rows turn at once.
 #pragma once
 
 #include <QAbstractTableModel>

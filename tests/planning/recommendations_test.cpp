@@ -28,21 +28,21 @@ class Recommendations : public PlanningTest {
 
     static Texts keys() {
         Texts found;
-        for (const Recommendation& row : meal_recommendations().rows) found.push_back(row.key);
+        for (const Recommendation& row : meal_recommendations().rows) {
+            found.push_back(recommendation_key(row));
+        }
         return found;
     }
 };
 
-TEST_F(Recommendations, ARowNamesRecipeItemAndQuantity) {
+TEST_F(Recommendations, ARowTellsRecipeItemAndQuantity) {
     expire(flour, 2.5, 40);
     const MealRecommendations found = meal_recommendations();
     ASSERT_EQ(found.rows.size(), 1u);
     EXPECT_EQ(found.rows[0].item, flour);
     EXPECT_EQ(found.rows[0].recipe, bread);
-    EXPECT_EQ(found.rows[0].key, "i7:4");
-    EXPECT_EQ(found.rows[0].recipe_name, "Bread");
-    EXPECT_EQ(found.rows[0].item_name, "Flour");
-    EXPECT_EQ(found.rows[0].quantity, "2.5");
+    EXPECT_EQ(recommendation_key(found.rows[0]), "i7:4");
+    EXPECT_EQ(found.rows[0].quantity, 2.5);
     EXPECT_EQ(found.caption,
               "The meals listed below have expired items or are going to expire within the next 10 "
               "days.  Tavernook recommends using these meals or items soon.  Double Click on the "
