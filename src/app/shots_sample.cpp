@@ -30,6 +30,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     const QSize size = window.size();
     window.resize(1200, 800);
     window.findChild<QPushButton*>(QStringLiteral("start_sample"))->click();
+    window.set_status(activity_panel, "Ready");  // as the next tick of the timer does
     take(QStringLiteral("sample_open"), window);
     QWidget* screen = show_screen(QStringLiteral("FoodInventory"));
     take(QStringLiteral("sample_items"), window);
@@ -46,6 +47,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     show_screen(QStringLiteral("ShoppingList"));
     take(QStringLiteral("sample_shopping_list"), window);
     audit_now();
+    window.set_status(activity_panel, "Ready");
     show_screen(QStringLiteral("MealPlan"));
     take(QStringLiteral("sample_after_audit"), window);
     project_modified = i16_false;
