@@ -86,14 +86,13 @@ void Mealbuilder::set_up_toolbar() {
     ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
 }
 
-// Shares of the room until the user arranges them otherwise: most of it is for the text.
+// Shares of the room until the user arranges them otherwise: most of it is for the text, in a small
+// window too.
 void Mealbuilder::set_up_sizes() {
     ui_->main_splitter->setSizes({300, 900});
     ui_->main_splitter->setStretchFactor(0, 0);
     ui_->main_splitter->setStretchFactor(1, 1);
     ui_->recipe_splitter->setSizes({200, 500});
-    ui_->recipe_splitter->setStretchFactor(0, 0);
-    ui_->recipe_splitter->setStretchFactor(1, 1);
     ui_->ingredients_splitter->setSizes({600, 300});
     ui_->ingredients_splitter->setStretchFactor(0, 1);
     ui_->ingredients_splitter->setStretchFactor(1, 0);
