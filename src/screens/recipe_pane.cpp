@@ -85,12 +85,14 @@ void RecipePane::add_text(const QString& text) {
     text_->ensureCursorVisible();
 }
 
-void RecipePane::add_line(const QString& text) {
+void RecipePane::add_lines(const QStringList& lines) {
     text_->moveCursor(QTextCursor::End);
     QTextCursor cursor = text_->textCursor();
     cursor.beginEditBlock();
-    cursor.insertText(text);
-    cursor.insertBlock();
+    for (const QString& line : lines) {
+        cursor.insertText(line);
+        cursor.insertBlock();
+    }
     cursor.endEditBlock();
     text_->ensureCursorVisible();
 }

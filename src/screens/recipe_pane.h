@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QImage>
-#include <QString>
+#include <QStringList>
 #include <QWidget>
 #include <string>
 #include <string_view>
@@ -40,8 +40,8 @@ class RecipePane : public QWidget {
 
     // In place of the selection, in the format of the caret.
     void add_text(const QString& text);
-    // The caret goes to the end; the text and a line break follow.
-    void add_line(const QString& text);
+    // The caret goes to the end; each line and its line break follow. One undo takes all back.
+    void add_lines(const QStringList& lines);
 
     // At the caret, shown no wider than the pane. False, and nothing is changed, where it is none
     // or too large for a recipe.

@@ -100,7 +100,9 @@ bool RecipeText::insert_picture(const QImage& picture) {
     const QSizeF size = shown_size(picture.size());
     format.setWidth(size.width());
     format.setHeight(size.height());
+    const QTextCharFormat letters = currentCharFormat();
     textCursor().insertImage(format);
+    if (!letters.isImageFormat()) setCurrentCharFormat(letters);
     ensureCursorVisible();
     return true;
 }

@@ -82,6 +82,16 @@ TEST_F(RecipePaneExchange, ABitmapComesAtTheCaret) {
     EXPECT_EQ(text().toPlainText(), "Soup");
 }
 
+TEST_F(RecipePaneExchange, LettersBehindAPictureLookLikeThoseBeforeIt) {
+    pane.load(R"({\rtf1{\fonttbl{\f0 Arial;}}\b\fs36 Soup\par})");
+    put_caret(4);
+    ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
+    ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
+    type("salt");
+    EXPECT_EQ(saved_look("salt").fontWeight(), QFont::Bold);
+    EXPECT_EQ(saved_look("salt").fontPointSize(), 18);
+}
+
 TEST_F(RecipePaneExchange, ACancelledDialogChangesNothing) {
     insert_image(cancelled);
     EXPECT_FALSE(pane.is_changed());
@@ -292,7 +302,7 @@ TEST_F(RecipePaneExchange, DroppedTextIsTaken) {
 TEST_F(RecipePaneExchange, AddingATextLeavesTheClipboardAlone) {
     QApplication::clipboard()->setText("hers");
     pane.add_text("salt");
-    pane.add_line("pepper");
+    pane.add_lines({"pepper"});
     ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
     pane.insert_barcode_of(7);
     EXPECT_EQ(QApplication::clipboard()->text(), "hers");

@@ -356,10 +356,11 @@ TEST_F(RecipePaneTest, ATextIsOneRunInTheLookOfTheCaret) {
 TEST_F(RecipePaneTest, LinesComeAtTheEnd) {
     pane.load(R"({\rtf1 Soup\par})");
     put_caret(0);
-    pane.add_line("Ingredients");
-    pane.add_line("1 cup salt");
+    pane.add_lines({"Ingredients", "1 cup salt"});
     EXPECT_EQ(saved_text(), "SoupIngredients\n1 cup salt\n");
     EXPECT_TRUE(text().textCursor().atEnd());
+    press("Ctrl+Z");
+    EXPECT_EQ(saved_text(), "Soup");
 }
 
 TEST_F(RecipePaneTest, NothingCanBeDoneWithoutARecipe) {
