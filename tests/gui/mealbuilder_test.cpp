@@ -364,6 +364,24 @@ TEST_F(RecipeManager, ARecipeThatIsGoneIsNotShownAnyMore) {
     EXPECT_EQ(screen().get_mealid(), 0);
 }
 
+TEST_F(RecipeManager, TheTextHasMostOfTheRoomInASmallWindowToo) {
+    open();
+    window.resize(900, 620);
+    settle();
+    EXPECT_GT(part<QWidget>("recipe_pane").height(),
+              part<QWidget>("ingredients_splitter").height());
+}
+
+TEST_F(RecipeManager, NamesThatAreCutShortAreToldByTheirRows) {
+    put_household();
+    open();
+    mark("1c");
+    EXPECT_EQ(tree().currentIndex().data(Qt::ToolTipRole).toString(),
+              label("recipe_heading").c_str());
+    const QModelIndex name = list().model()->index(0, IngredientsModel::name_column);
+    EXPECT_EQ(name.data(Qt::ToolTipRole).toString(), "Milk");
+}
+
 TEST_F(RecipeManager, RemembersItsSplitters) {
     open();
     part<QSplitter>("main_splitter").setSizes({500, 600});
