@@ -100,6 +100,7 @@ void RecipeToolbar::add_boxes() {
            "nearer to the eye."));
     size_box_->setMinimumContentsLength(3);
     for (const char* size : sizes) size_box_->addItem(QLatin1String(size));
+    size_box_->setCompleter(nullptr);  // it would make a 72 of a 7
     connect(font_box_, &ChoiceBox::chosen, this, [this](const QString& family, bool done) {
         set_family(family);
         if (done) back_to_text();

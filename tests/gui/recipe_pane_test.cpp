@@ -267,7 +267,12 @@ TEST_F(RecipePaneTest, ASizeIsChosenOrTyped) {
     EXPECT_TRUE(text().hasFocus());
 
     const int choices = box.count();
-    for (const auto& [typed, counts] : {std::pair{"15", 15.0}, {"10,5", 10.5}, {"11.2", 11.0}}) {
+    for (const auto& [typed, counts] : {std::pair{"15", 15.0},
+                                        {"10,5", 10.5},
+                                        {"11.2", 11.0},
+                                        {"7", 7.0},
+                                        {"1", 1.0},
+                                        {"999", 999.0}}) {
         box.setFocus(Qt::TabFocusReason);
         type(typed);
         press("Return");
@@ -295,6 +300,17 @@ TEST_F(RecipePaneTest, WhatIsNoSizeChangesNothing) {
     EXPECT_EQ(box.currentText(), "10");
     EXPECT_TRUE(text().hasFocus());
     EXPECT_FALSE(pane.is_changed());
+}
+
+TEST_F(RecipePaneTest, ASizeThatIsBeingTypedIsLeftAlone) {
+    pane.load(R"({\rtf1\fs20 Soup\par})");
+    auto& box = part<QComboBox>("recipe_font_size");
+    box.setFocus(Qt::TabFocusReason);
+    type("1");
+    text().moveCursor(QTextCursor::End);
+    EXPECT_EQ(box.currentText(), "1");
+    press("Escape");
+    EXPECT_EQ(box.currentText(), "10");
 }
 
 TEST_F(RecipePaneTest, TheFontsAreLookedUpWhenTheBoxIsUsed) {
