@@ -124,6 +124,31 @@ TEST_F(RecipePaneExchange, PicturesWithoutDotsOrWithTooManyAreRefused) {
     EXPECT_FALSE(pane.is_changed());
 }
 
+// What is read again takes no further picture beyond 100 million dots.
+TEST_F(RecipePaneExchange, PicturesThatAreTooMuchTogetherAreRefused) {
+    pane.hide();
+    QImage large(5000, 6000, QImage::Format_Mono);
+    large.fill(0);
+    for (int count = 0; count < 3; ++count) ASSERT_TRUE(pane.insert_picture(large));
+    pane.set_unchanged();
+    EXPECT_FALSE(pane.insert_picture(large));
+    platform.boxes.expect_message("The recipe has no room for a further picture of this size.");
+    const std::string path = platform.path("large.bmp");
+    ASSERT_TRUE(large.save(QString::fromStdString(path)));
+    insert_image(path);
+    EXPECT_FALSE(pane.is_changed());
+    EXPECT_TRUE(pane.insert_picture(plain_picture(4, 2)));
+}
+
+TEST_F(RecipePaneExchange, AFileThatIsLongerThanAnyPictureIsNotRead) {
+    const std::string path = platform.path("long.bmp");
+    platform.disk.open(path, OpenMode::read_write)->write(120'004'096, "x");
+    platform.boxes.expect_message(
+        "This picture is too large for a recipe. Please make it smaller first.");
+    insert_image(path);
+    EXPECT_FALSE(pane.is_changed());
+}
+
 TEST_F(RecipePaneExchange, TheBarcodeOfARecipeComesAtTheCaret) {
     pane.load(R"({\rtf1 Soup\par})");
     pane.insert_barcode_of(7);
@@ -180,7 +205,8 @@ TEST_F(RecipePaneExchange, APictureIsPasted) {
 TEST_F(RecipePaneExchange, APastedPictureThatIsTooLargeIsTold) {
     auto* data = new QMimeData;
     data->setImageData(QImage(6000, 5001, QImage::Format_Grayscale8));
-    platform.boxes.expect_message("This picture is too large for a recipe, or it cannot be shown.");
+    platform.boxes.expect_message(
+        "This picture is too large for a recipe, there is no room for it, or it cannot be shown.");
     paste(data);
     QCoreApplication::processEvents();
     EXPECT_FALSE(pane.is_changed());
