@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basics/values.h"
 
@@ -57,6 +58,9 @@ class RecipePane : public QWidget {
     // `Toolbar2`, for commands of the screen's own.
     QToolBar& toolbar();
     QTextEdit& text();
+
+    // What the tab key stops at: the toolbar, then the text.
+    std::vector<QWidget*> parts_in_order();
 
   Q_SIGNALS:
     // The user, or a call other than load and clear, changed the document.

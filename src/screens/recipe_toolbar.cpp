@@ -236,6 +236,10 @@ void RecipeToolbar::connect_buttons() {
     connect(&text_, &QTextEdit::textChanged, this, &RecipeToolbar::follow_caret);
 }
 
+std::vector<QWidget*> RecipeToolbar::tab_stops() const {
+    return {font_box_, size_box_, bar_->widgetForAction(bold_)};
+}
+
 void RecipeToolbar::set_usable(bool usable) {
     setEnabled(usable);
     for (QAction* action : own_) action->setEnabled(usable);
