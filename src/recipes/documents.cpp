@@ -101,6 +101,12 @@ std::string read_document(const std::string& path) {
     return bytes;
 }
 
+void require_readable_length(std::string_view rich_text) {
+    if (static_cast<i64>(rich_text.size()) <= longest_document) return;
+    throw Fault(fault_number::overflow,
+                "The text and its pictures are too large for a recipe.  Take a picture out.");
+}
+
 void replace_document(const std::string& path, std::string_view bytes) {
     replace_file(path, bytes);
     files().flush_folder(folder_of(path));
@@ -180,6 +186,7 @@ StoredDocument stored_document(i16 slot) {
 
 void store_document(i16 slot, std::string_view rich_text) {
     std::string& entry = entry_at(slot);
+    require_readable_length(rich_text);
     const std::string path = new_document_path(slot);
     make_folder();
     keep_content_before(path, document_backup_path(slot));

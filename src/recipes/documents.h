@@ -43,9 +43,10 @@ std::string document_backup_path(i16 slot);
 // longest_document, and those of the file layer. The entry stays in any case.
 StoredDocument stored_document(i16 slot);
 
-// Replaces the file of current_document_entry in one step, makes it the slot's entry and marks the
-// project as modified (a mere migration of the old form does not). A Fault leaves the entry and the
-// old file as they were, unless only the flush of the folder failed.
+// Fault 6, with a description of its own, for a text beyond longest_document, which could not be
+// read again. Replaces the file of current_document_entry in one step, makes it the slot's entry
+// and marks the project as modified (a mere migration of the old form does not). A Fault leaves the
+// entry and the old file as they were, unless only the flush of the folder failed.
 void store_document(i16 slot, std::string_view rich_text);
 
 // The text of a recipe that is being deleted goes into the ".bak" file. The project on the disk

@@ -12,7 +12,6 @@ namespace {
 constexpr std::size_t deepest_group = 200;
 constexpr std::size_t most_paragraphs = 200'000;
 constexpr std::size_t most_runs = 500'000;
-constexpr long long most_pixels = 100'000'000;
 
 [[noreturn]] void damaged() {
     throw Fault(fault_number::bad_record_number);
@@ -171,7 +170,7 @@ void Parser::take_picture_text(std::string_view text) {
 void Parser::finish_picture() {
     const QByteArray bytes = std::exchange(picture_bytes_, {});
     if (state_.destination != Destination::body || state_.look.hidden) return;
-    if (pixels_ >= most_pixels) return;
+    if (pixels_ >= most_picture_pixels) return;
     Picture picture{decoded_picture(picture_kind_, bytes), 0, 0};
     if (picture.image.isNull()) return;
     pixels_ += static_cast<long long>(picture.image.width()) * picture.image.height();

@@ -86,19 +86,19 @@ void Mealbuilder::set_up_toolbar() {
     ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
 }
 
-// Shares of the room until the user arranges them otherwise: most of it is for the text.
+// Shares of the room until the user arranges them otherwise: most of it is for the text, in a small
+// window too.
 void Mealbuilder::set_up_sizes() {
     ui_->main_splitter->setSizes({300, 900});
     ui_->main_splitter->setStretchFactor(0, 0);
     ui_->main_splitter->setStretchFactor(1, 1);
     ui_->recipe_splitter->setSizes({200, 500});
-    ui_->recipe_splitter->setStretchFactor(0, 0);
-    ui_->recipe_splitter->setStretchFactor(1, 1);
     ui_->ingredients_splitter->setSizes({600, 300});
     ui_->ingredients_splitter->setStretchFactor(0, 1);
     ui_->ingredients_splitter->setStretchFactor(1, 0);
     ui_->ingredient_list->setMinimumWidth(letters_wide(*ui_->ingredient_list, 30));
     ui_->filter->setMinimumWidth(letters_wide(*ui_->filter, 14));
+    ui_->recipe_tree->setMinimumWidth(letters_wide(*ui_->recipe_tree, 30));
     QFont large = ui_->recipe_heading->font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.3);
@@ -117,9 +117,9 @@ void Mealbuilder::set_up_tab_order() {
              ui_->serving_size, ui_->serving_unit, ui_->write_anew_button}) {
         order.push_back(part);
     }
+    for (QWidget* part : pane_->parts_in_order()) order.push_back(part);
+    order.push_back(ui_->close_button);
     for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
-    setTabOrder(order.back(), pane_);
-    setTabOrder(pane_, ui_->close_button);
 }
 
 void Mealbuilder::run(const std::function<void()>& command) {
@@ -278,8 +278,10 @@ void Mealbuilder::delete_recipe(i16 recipe) {
     if (recipe != shown_) return;
     const QModelIndex above = ui_->recipe_tree->currentIndex().parent();
     const QString next = above.data(RecipeTreeModel::key_role).toString();
+    const std::string name(meals[recipe].name.trimmed());
     if (delete_meal(recipe, false) != meal_deleted) return;
     project_modified = i16_true;
+    tell("The recipe \"" + name + "\" is deleted.");
     const bool kept = keep_deleted_text(recipe);
     if (kept) {
         show_nothing();

@@ -2,12 +2,18 @@
 // are.
 #pragma once
 
+#include <QImage>
 #include <QObject>
 #include <QTextCursor>
 #include <QTextObjectInterface>
 #include <functional>
 
 namespace tavernook {
+
+// 0 for a picture that is none.
+inline long long dots_of(const QImage& picture) {
+    return static_cast<long long>(picture.width()) * picture.height();
+}
 
 // Calls `visit` with each picture of the document, selected by the cursor.
 void for_each_picture(QTextDocument& document,

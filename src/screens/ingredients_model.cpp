@@ -38,6 +38,7 @@ QVariant IngredientsModel::data(const QModelIndex& index, int role) const {
     const bool is_name = index.column() == name_column;
     switch (role) {
         case Qt::DisplayRole:
+        case Qt::ToolTipRole:
             return shown_text(is_name ? line.name : line.amount);
         case Qt::TextAlignmentRole:
             return alignment_of(is_name);

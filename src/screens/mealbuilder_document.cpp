@@ -202,7 +202,9 @@ void Mealbuilder::add_text(std::string_view text) {
 void Mealbuilder::AddMealInfo() {
     if (!holds_text()) return;
     store_serving();
-    for (const std::string& line : information_lines(figures_)) pane_->add_line(shown_text(line));
+    QStringList lines;
+    for (const std::string& line : information_lines(figures_)) lines.append(shown_text(line));
+    pane_->add_lines(lines);
 }
 
 }  // namespace tavernook

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "basics/number_text.h"
+#include "basics/text.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
@@ -58,7 +59,7 @@ void Mealbuilder::set_up_list() {
     list.setModel(sorted_ingredients_);
     list.setDropIndicatorShown(false);
     list.header()->setSectionResizeMode(IngredientsModel::name_column, QHeaderView::Stretch);
-    list.header()->resizeSection(IngredientsModel::amount_column, letters_wide(list, 16));
+    list.header()->resizeSection(IngredientsModel::amount_column, letters_wide(list, 13));
     connect(&list, &QTreeView::activated, ui_->open_item_button, &QAbstractButton::click);
     connect(&list, &QTreeView::customContextMenuRequested, this, &Mealbuilder::show_list_menu);
     connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -155,7 +156,11 @@ bool Mealbuilder::take_serving() {
     if (other_size) meal_serving_size[shown_] = ui_->serving_size->value();
     if (row != 0) meals[shown_].serving_size_units = row;
     if (other_size || row != 0) project_modified = i16_true;
-    return other_size || ui_->serving_unit->currentText() != shown_unit_;
+    const bool other_unit = ui_->serving_unit->currentText() != shown_unit_;
+    if (other_unit && row == 0 && !trim(unit).empty()) {
+        tell("There is no unit \"" + unit + "\"; the recipe keeps its unit.");
+    }
+    return other_size || other_unit;
 }
 
 void Mealbuilder::store_serving() {

@@ -19,7 +19,8 @@ RecipePane::RecipePane(QWidget* parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(toolbar_);
     column->addWidget(text_, 1);
-    setTabOrder(toolbar_, text_);
+    const std::vector<QWidget*> parts = parts_in_order();
+    for (std::size_t i = 1; i < parts.size(); ++i) setTabOrder(parts[i - 1], parts[i]);
     setFocusProxy(text_);
     connect(text_, &QTextEdit::textChanged, this, [this] {
         if (!loading_) Q_EMIT changed();
@@ -85,12 +86,14 @@ void RecipePane::add_text(const QString& text) {
     text_->ensureCursorVisible();
 }
 
-void RecipePane::add_line(const QString& text) {
+void RecipePane::add_lines(const QStringList& lines) {
     text_->moveCursor(QTextCursor::End);
     QTextCursor cursor = text_->textCursor();
     cursor.beginEditBlock();
-    cursor.insertText(text);
-    cursor.insertBlock();
+    for (const QString& line : lines) {
+        cursor.insertText(line);
+        cursor.insertBlock();
+    }
     cursor.endEditBlock();
     text_->ensureCursorVisible();
 }
@@ -105,6 +108,12 @@ QToolBar& RecipePane::toolbar() {
 
 QTextEdit& RecipePane::text() {
     return *text_;
+}
+
+std::vector<QWidget*> RecipePane::parts_in_order() {
+    std::vector<QWidget*> parts = toolbar_->tab_stops();
+    parts.push_back(text_);
+    return parts;
 }
 
 }  // namespace tavernook

@@ -3,10 +3,11 @@
 #pragma once
 
 #include <QImage>
-#include <QString>
+#include <QStringList>
 #include <QWidget>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basics/values.h"
 
@@ -40,8 +41,8 @@ class RecipePane : public QWidget {
 
     // In place of the selection, in the format of the caret.
     void add_text(const QString& text);
-    // The caret goes to the end; the text and a line break follow.
-    void add_line(const QString& text);
+    // The caret goes to the end; each line and its line break follow. One undo takes all back.
+    void add_lines(const QStringList& lines);
 
     // At the caret, shown no wider than the pane. False, and nothing is changed, where it is none
     // or too large for a recipe.
@@ -57,6 +58,9 @@ class RecipePane : public QWidget {
     // `Toolbar2`, for commands of the screen's own.
     QToolBar& toolbar();
     QTextEdit& text();
+
+    // What the tab key stops at: the toolbar, then the text.
+    std::vector<QWidget*> parts_in_order();
 
   Q_SIGNALS:
     // The user, or a call other than load and clear, changed the document.

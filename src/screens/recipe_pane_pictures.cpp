@@ -45,13 +45,16 @@ void RecipePane::insert_picture_file(const std::string& path) {
     const QImage picture = bytes ? picture_in(*bytes, too_large) : QImage();
     if (too_large) {
         boxes().message("This picture is too large for a recipe. Please make it smaller first.");
-    } else if (!insert_picture(picture)) {
+    } else if (picture.isNull()) {
         boxes().message("This file holds no picture that can be shown.");
+    } else if (!insert_picture(picture)) {
+        boxes().message("The recipe has no room for a further picture of this size.");
     }
 }
 
 void RecipePane::tell_refused_picture() {
-    boxes().message("This picture is too large for a recipe, or it cannot be shown.");
+    boxes().message(
+        "This picture is too large for a recipe, there is no room for it, or it cannot be shown.");
 }
 
 void RecipePane::InsertImage() {

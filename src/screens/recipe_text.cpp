@@ -92,15 +92,27 @@ QString RecipeText::add_picture(const QImage& picture) {
     return name;
 }
 
+// A document with more would lose its last pictures when it is read again.
+bool RecipeText::has_room_for(long long dots) const {
+    for_each_picture(*document(), [&](const QTextCursor&, const QTextImageFormat& format) {
+        const QVariant picture =
+            document()->resource(QTextDocument::ImageResource, QUrl(format.name()));
+        dots += dots_of(picture.value<QImage>());
+    });
+    return dots <= rtf::most_picture_pixels;
+}
+
 bool RecipeText::insert_picture(const QImage& picture) {
-    const auto dots = static_cast<long long>(picture.width()) * picture.height();
-    if (dots == 0 || dots > rtf::largest_picture) return false;
+    const long long dots = dots_of(picture);
+    if (dots == 0 || dots > rtf::largest_picture || !has_room_for(dots)) return false;
     QTextImageFormat format;
     format.setName(add_picture(picture));
     const QSizeF size = shown_size(picture.size());
     format.setWidth(size.width());
     format.setHeight(size.height());
+    const QTextCharFormat letters = currentCharFormat();
     textCursor().insertImage(format);
+    if (!letters.isImageFormat()) setCurrentCharFormat(letters);
     ensureCursorVisible();
     return true;
 }

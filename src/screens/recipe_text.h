@@ -24,7 +24,7 @@ class RecipeText : public QTextEdit {
     void empty();
 
     // At the caret, in place of the selection. False, and nothing is changed, where the picture is
-    // none or has more dots than a recipe keeps.
+    // none or has, alone or with those of the document, more dots than a recipe keeps.
     [[nodiscard]] bool insert_picture(const QImage& picture);
 
     // Paper and ink in the colours of what is around, the lighter one as paper. It has to be told
@@ -59,6 +59,7 @@ class RecipeText : public QTextEdit {
     static Key key_of(const QKeyEvent& event);
     void run(Key key);
     void keep_font();
+    bool has_room_for(long long dots) const;
     QString add_picture(const QImage& picture);
     bool insert_rich_text(std::string_view bytes);
     bool insert_html(const QString& html);

@@ -147,6 +147,9 @@ bool RecipeText::insert_html(const QString& html) {
 }
 
 void RecipeText::insert_content(const rtf::Content& content) {
+    long long dots = 0;
+    for (const rtf::Picture& picture : content.pictures) dots += dots_of(picture.image);
+    if (dots > 0 && !has_room_for(dots)) return Q_EMIT picture_refused();
     QTextDocument piece;
     piece.setDefaultFont(document()->defaultFont());
     rtf::fill(piece, content);

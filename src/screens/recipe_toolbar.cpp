@@ -100,6 +100,7 @@ void RecipeToolbar::add_boxes() {
            "nearer to the eye."));
     size_box_->setMinimumContentsLength(3);
     for (const char* size : sizes) size_box_->addItem(QLatin1String(size));
+    size_box_->setCompleter(nullptr);  // it would make a 72 of a 7
     connect(font_box_, &ChoiceBox::chosen, this, [this](const QString& family, bool done) {
         set_family(family);
         if (done) back_to_text();
@@ -233,6 +234,10 @@ void RecipeToolbar::connect_buttons() {
     connect(&text_, &QTextEdit::cursorPositionChanged, this, &RecipeToolbar::follow_caret);
     connect(&text_, &QTextEdit::selectionChanged, this, &RecipeToolbar::follow_caret);
     connect(&text_, &QTextEdit::textChanged, this, &RecipeToolbar::follow_caret);
+}
+
+std::vector<QWidget*> RecipeToolbar::tab_stops() const {
+    return {font_box_, size_box_, bar_->widgetForAction(bold_)};
 }
 
 void RecipeToolbar::set_usable(bool usable) {

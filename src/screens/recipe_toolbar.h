@@ -28,6 +28,9 @@ class RecipeToolbar : public QWidget {
     // For commands of the screen's own.
     QToolBar& bar() { return *bar_; }
 
+    // In their order; one for all the buttons.
+    std::vector<QWidget*> tab_stops() const;
+
     // The keys with the buttons.
     void set_usable(bool usable);
 

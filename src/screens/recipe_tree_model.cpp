@@ -184,6 +184,7 @@ QVariant RecipeTreeModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
+        case Qt::ToolTipRole:
             return name_of(shown);
         case Qt::DecorationRole:
             return icon(shown.kind == Kind::recipe ? QStringLiteral("recipes")

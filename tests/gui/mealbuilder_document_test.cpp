@@ -140,6 +140,28 @@ TEST_F(RecipeDocuments, SavingTheProjectTakesASizeThatIsStillBeingTyped) {
     EXPECT_FALSE(has_file("home000001.rtf"));
 }
 
+TEST_F(RecipeDocuments, SavingTheTextTakesASizeThatIsStillBeingTyped) {
+    open();
+    mark("1c");
+    write("Fry.");
+    auto& size = part<QLineEdit>("serving_size");
+    size.setText("6");
+    ASSERT_TRUE(screen().Save_RTF(1));
+    EXPECT_EQ(meal_serving_size[1], 6);
+    EXPECT_EQ(text_in("home000001.rtf"), "Fry.");
+}
+
+TEST_F(RecipeDocuments, ASavedTextIsNotSavedAgain) {
+    open();
+    mark("1c");
+    write("Fry.");
+    press("Ctrl+S");
+    break_disk();
+    mark("2c");
+    EXPECT_EQ(screen().get_mealid(), 2);
+    platform.files.work_normally();
+}
+
 TEST_F(RecipeDocuments, ASizeThatIsStillBeingTypedStaysWithItsRecipe) {
     open();
     mark("1c");
@@ -263,7 +285,9 @@ TEST_F(RecipeDocuments, AMissingOneCanBeBegunAgain) {
     mark("1c");
     EXPECT_TRUE(document().isReadOnly());
     EXPECT_EQ(pane_text(), "Beat the eggs.");
+    project_modified = i16_false;
     click("write_anew_button");
+    EXPECT_EQ(project_modified, i16_true);
     EXPECT_EQ(pane_text(), "");
     EXPECT_FALSE(notice());
     write("Anew.");
@@ -320,6 +344,19 @@ TEST_F(RecipeDocuments, AFailedSaveStopsANewRecipe) {
     EXPECT_EQ(meals[4].in_use, 0);
     EXPECT_EQ(pane_text(), "Fry.");
     EXPECT_EQ(marked(), "1c");
+    platform.files.work_normally();
+}
+
+TEST_F(RecipeDocuments, AFailedSaveStopsDeletingACategory) {
+    open();
+    mark("1c");
+    write("Fry.");
+    mark("2r");
+    break_disk();
+    expect_save_error("Disk full", "home000001.rtf");
+    command("Toolbar1_3");
+    EXPECT_EQ(catagories[2].in_use, 1);
+    EXPECT_EQ(pane_text(), "Fry.");
     platform.files.work_normally();
 }
 

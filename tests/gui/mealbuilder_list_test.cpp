@@ -94,6 +94,7 @@ TEST_F(RecipeIngredients, ATextThatIsNoUnitLeavesTheUnit) {
     EXPECT_EQ(meals[1].serving_size_units, 2);
     EXPECT_EQ(unit_box().currentText(), "Cup(s)");
     EXPECT_EQ(project_modified, i16_false);
+    EXPECT_EQ(hint(), "There is no unit \"armful\"; the recipe keeps its unit.");
 }
 
 TEST_F(RecipeIngredients, AnEmptyServingSizeIsOneWhenItIsShown) {

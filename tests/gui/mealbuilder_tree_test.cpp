@@ -188,6 +188,7 @@ TEST_F(RecipeTree, FindingShowsOnlyWhatMatches) {
     press("/");
     type("nothing");
     EXPECT_EQ(rows(), "[General ] ");
+    EXPECT_FALSE(model().index_of("2r").isValid());
     EXPECT_EQ(label("tree_hint"), "No recipe matches. Esc shows all recipes again.");
     press("Escape");
     EXPECT_EQ(rows(), "[General [Breakfast Cr\u00EApes Pancakes Porridge ] Stew ] ");

@@ -82,6 +82,16 @@ TEST_F(RecipePaneExchange, ABitmapComesAtTheCaret) {
     EXPECT_EQ(text().toPlainText(), "Soup");
 }
 
+TEST_F(RecipePaneExchange, LettersBehindAPictureLookLikeThoseBeforeIt) {
+    pane.load(R"({\rtf1{\fonttbl{\f0 Arial;}}\b\fs36 Soup\par})");
+    put_caret(4);
+    ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
+    ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
+    type("salt");
+    EXPECT_EQ(saved_look("salt").fontWeight(), QFont::Bold);
+    EXPECT_EQ(saved_look("salt").fontPointSize(), 18);
+}
+
 TEST_F(RecipePaneExchange, ACancelledDialogChangesNothing) {
     insert_image(cancelled);
     EXPECT_FALSE(pane.is_changed());
@@ -111,6 +121,31 @@ TEST_F(RecipePaneExchange, AFileThatIsGoneIsTold) {
 TEST_F(RecipePaneExchange, PicturesWithoutDotsOrWithTooManyAreRefused) {
     EXPECT_FALSE(pane.insert_picture(QImage()));
     EXPECT_FALSE(pane.insert_picture(QImage(6000, 5001, QImage::Format_Mono)));
+    EXPECT_FALSE(pane.is_changed());
+}
+
+// What is read again takes no further picture beyond 100 million dots.
+TEST_F(RecipePaneExchange, PicturesThatAreTooMuchTogetherAreRefused) {
+    pane.hide();
+    QImage large(5000, 6000, QImage::Format_Mono);
+    large.fill(0);
+    for (int count = 0; count < 3; ++count) ASSERT_TRUE(pane.insert_picture(large));
+    pane.set_unchanged();
+    EXPECT_FALSE(pane.insert_picture(large));
+    platform.boxes.expect_message("The recipe has no room for a further picture of this size.");
+    const std::string path = platform.path("large.bmp");
+    ASSERT_TRUE(large.save(QString::fromStdString(path)));
+    insert_image(path);
+    EXPECT_FALSE(pane.is_changed());
+    EXPECT_TRUE(pane.insert_picture(plain_picture(4, 2)));
+}
+
+TEST_F(RecipePaneExchange, AFileThatIsLongerThanAnyPictureIsNotRead) {
+    const std::string path = platform.path("long.bmp");
+    platform.disk.open(path, OpenMode::read_write)->write(120'004'096, "x");
+    platform.boxes.expect_message(
+        "This picture is too large for a recipe. Please make it smaller first.");
+    insert_image(path);
     EXPECT_FALSE(pane.is_changed());
 }
 
@@ -170,7 +205,8 @@ TEST_F(RecipePaneExchange, APictureIsPasted) {
 TEST_F(RecipePaneExchange, APastedPictureThatIsTooLargeIsTold) {
     auto* data = new QMimeData;
     data->setImageData(QImage(6000, 5001, QImage::Format_Grayscale8));
-    platform.boxes.expect_message("This picture is too large for a recipe, or it cannot be shown.");
+    platform.boxes.expect_message(
+        "This picture is too large for a recipe, there is no room for it, or it cannot be shown.");
     paste(data);
     QCoreApplication::processEvents();
     EXPECT_FALSE(pane.is_changed());
@@ -292,7 +328,7 @@ TEST_F(RecipePaneExchange, DroppedTextIsTaken) {
 TEST_F(RecipePaneExchange, AddingATextLeavesTheClipboardAlone) {
     QApplication::clipboard()->setText("hers");
     pane.add_text("salt");
-    pane.add_line("pepper");
+    pane.add_lines({"pepper"});
     ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
     pane.insert_barcode_of(7);
     EXPECT_EQ(QApplication::clipboard()->text(), "hers");

@@ -267,7 +267,12 @@ TEST_F(RecipePaneTest, ASizeIsChosenOrTyped) {
     EXPECT_TRUE(text().hasFocus());
 
     const int choices = box.count();
-    for (const auto& [typed, counts] : {std::pair{"15", 15.0}, {"10,5", 10.5}, {"11.2", 11.0}}) {
+    for (const auto& [typed, counts] : {std::pair{"15", 15.0},
+                                        {"10,5", 10.5},
+                                        {"11.2", 11.0},
+                                        {"7", 7.0},
+                                        {"1", 1.0},
+                                        {"999", 999.0}}) {
         box.setFocus(Qt::TabFocusReason);
         type(typed);
         press("Return");
@@ -295,6 +300,17 @@ TEST_F(RecipePaneTest, WhatIsNoSizeChangesNothing) {
     EXPECT_EQ(box.currentText(), "10");
     EXPECT_TRUE(text().hasFocus());
     EXPECT_FALSE(pane.is_changed());
+}
+
+TEST_F(RecipePaneTest, ASizeThatIsBeingTypedIsLeftAlone) {
+    pane.load(R"({\rtf1\fs20 Soup\par})");
+    auto& box = part<QComboBox>("recipe_font_size");
+    box.setFocus(Qt::TabFocusReason);
+    type("1");
+    text().moveCursor(QTextCursor::End);
+    EXPECT_EQ(box.currentText(), "1");
+    press("Escape");
+    EXPECT_EQ(box.currentText(), "10");
 }
 
 TEST_F(RecipePaneTest, TheFontsAreLookedUpWhenTheBoxIsUsed) {
@@ -356,10 +372,11 @@ TEST_F(RecipePaneTest, ATextIsOneRunInTheLookOfTheCaret) {
 TEST_F(RecipePaneTest, LinesComeAtTheEnd) {
     pane.load(R"({\rtf1 Soup\par})");
     put_caret(0);
-    pane.add_line("Ingredients");
-    pane.add_line("1 cup salt");
+    pane.add_lines({"Ingredients", "1 cup salt"});
     EXPECT_EQ(saved_text(), "SoupIngredients\n1 cup salt\n");
     EXPECT_TRUE(text().textCursor().atEnd());
+    press("Ctrl+Z");
+    EXPECT_EQ(saved_text(), "Soup");
 }
 
 TEST_F(RecipePaneTest, NothingCanBeDoneWithoutARecipe) {

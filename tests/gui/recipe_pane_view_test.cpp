@@ -77,6 +77,14 @@ TEST_F(RecipePaneView, ALargePictureFitsThePaneAndStaysLargeInTheFile) {
     EXPECT_GT(height(), narrow * 1.5);
 }
 
+TEST_F(RecipePaneView, ALargePictureBehindABulletFitsThePaneToo) {
+    pane.resize(500, 500);
+    click("bullet");
+    ASSERT_TRUE(pane.insert_picture(plain_picture(1600, 400)));
+    EXPECT_LE(text().document()->size().width(), text().viewport()->width());
+    EXPECT_FALSE(text().horizontalScrollBar()->isVisible());
+}
+
 TEST_F(RecipePaneView, APictureBeyondTheFormatsLengthsKeepsItsShape) {
     ASSERT_TRUE(pane.insert_picture(plain_picture(4000, 1000)));
     const auto pictures = saved_pictures();

@@ -60,6 +60,16 @@ TEST_F(StoreDocument, AShorterTextLeavesNothingOfTheLongerOne) {
     EXPECT_EQ(on_disk("home000007.rtf"), "");
 }
 
+// It could not be read again.
+TEST_F(StoreDocument, ATextBeyondTheBoundIsRefusedBeforeAnythingChanges) {
+    save_soup(first_text);
+    const std::string long_text(std::size_t{longest_document} + 1, ' ');
+    EXPECT_EQ(fault_of([&] { store_document(soup, long_text); }), fault_number::overflow);
+    EXPECT_EQ(names_on_disk(), Names{"home000007.rtf"});
+    EXPECT_EQ(on_disk("home000007.rtf"), first_text);
+    EXPECT_EQ(project_modified, i16_false);
+}
+
 TEST_F(StoreDocument, MakesTheFolder) {
     std::filesystem::remove(recipes_folder);
     store_document(soup, first_text);

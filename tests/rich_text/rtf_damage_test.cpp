@@ -1,9 +1,22 @@
+#include <QBuffer>
+#include <QImage>
 #include <random>
 
 #include "rich_text/rtf_testing.h"
 
 namespace tavernook::rtf {
 namespace {
+
+// Black and white, so that its bytes are few.
+std::string blank_picture(int width, int height) {
+    QImage image(width, height, QImage::Format_Mono);
+    image.fill(0);
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return "{\\pict\\pngblip " + png.toHex().toStdString() + "}";
+}
 
 TEST(RtfDamage, WhatIsNoRichTextIsATypeMismatch) {
     EXPECT_EQ(fault_of(""), fault_number::type_mismatch);
@@ -23,6 +36,19 @@ TEST(RtfDamage, ParagraphsAreBounded) {
     std::string text = "{\\rtf1";
     for (int i = 0; i < 200'001; ++i) text += "\\par";
     EXPECT_EQ(fault_of(text + "}"), fault_number::bad_record_number);
+}
+
+TEST(RtfDamage, APictureOfMoreThanThirtyMillionPixelsIsLeftOut) {
+    EXPECT_EQ(parse("{\\rtf1" + blank_picture(5000, 6000) + "}").pictures.size(), 1u);
+    EXPECT_EQ(parse("{\\rtf1" + blank_picture(5000, 6001) + "}").pictures.size(), 0u);
+}
+
+TEST(RtfDamage, NoFurtherPictureIsDrawnAfterAHundredMillionPixels) {
+    const std::string large = blank_picture(5000, 6000);
+    const std::string small = blank_picture(8, 8);
+    const std::string ninety = "{\\rtf1" + large + large + large;
+    EXPECT_EQ(parse(ninety + small + large + small + "}").pictures.size(), 5u);
+    EXPECT_EQ(parse(ninety + blank_picture(4000, 2500) + small + "}").pictures.size(), 4u);
 }
 
 TEST(RtfDamage, AMissingEndIsAFault) {

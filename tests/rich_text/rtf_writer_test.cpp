@@ -83,7 +83,7 @@ TEST(RtfWriter, ListsComeBack) {
                              QTextListFormat::ListSquare, QTextListFormat::ListDecimal,
                              QTextListFormat::ListLowerAlpha, QTextListFormat::ListUpperAlpha,
                              QTextListFormat::ListLowerRoman, QTextListFormat::ListUpperRoman}) {
-        for (int level = 1; level <= 3; ++level) {
+        for (int level = 1; level <= 9; ++level) {
             QTextDocument document;
             QTextCursor cursor(&document);
             QTextListFormat form;
