@@ -92,13 +92,13 @@ void Mealbuilder::set_up_sizes() {
     ui_->main_splitter->setSizes({300, 900});
     ui_->main_splitter->setStretchFactor(0, 0);
     ui_->main_splitter->setStretchFactor(1, 1);
-    ui_->recipe_splitter->setSizes({200, 500});
+    ui_->recipe_splitter->setSizes({260, 500});
     ui_->ingredients_splitter->setSizes({600, 300});
     ui_->ingredients_splitter->setStretchFactor(0, 1);
     ui_->ingredients_splitter->setStretchFactor(1, 0);
     ui_->ingredient_list->setMinimumWidth(letters_wide(*ui_->ingredient_list, 30));
     ui_->filter->setMinimumWidth(letters_wide(*ui_->filter, 14));
-    ui_->recipe_tree->setMinimumWidth(letters_wide(*ui_->recipe_tree, 30));
+    ui_->recipe_tree->setMinimumWidth(letters_wide(*ui_->recipe_tree, 24));
     QFont large = ui_->recipe_heading->font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.3);

@@ -59,7 +59,7 @@ void Mealbuilder::set_up_list() {
     list.setModel(sorted_ingredients_);
     list.setDropIndicatorShown(false);
     list.header()->setSectionResizeMode(IngredientsModel::name_column, QHeaderView::Stretch);
-    list.header()->resizeSection(IngredientsModel::amount_column, letters_wide(list, 13));
+    list.header()->resizeSection(IngredientsModel::amount_column, letters_wide(list, 15));
     connect(&list, &QTreeView::activated, ui_->open_item_button, &QAbstractButton::click);
     connect(&list, &QTreeView::customContextMenuRequested, this, &Mealbuilder::show_list_menu);
     connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
