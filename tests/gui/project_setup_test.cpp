@@ -194,6 +194,14 @@ TEST_F(ProjectSetupTest, TextsAndNumbersAreWrittenWithOk) {
     EXPECT_EQ(panel(2), "Audit Time: 11:59 PM");
 }
 
+TEST_F(ProjectSetupTest, ADecimalCommaIsUnderstood) {
+    in_setup([](ProjectSetup& setup) {
+        write(setup, "sales_tax", "7,5 %");
+        press_button(setup, "ok_button");
+    });
+    EXPECT_EQ(sales_tax, 7.5);
+}
+
 TEST_F(ProjectSetupTest, ANumberThatIsTooLargeKeepsTheScreenAndWhatWasTyped) {
     platform.boxes.expect_message("there has been an error");
     in_setup([](ProjectSetup& setup) {
