@@ -84,10 +84,24 @@ void restore_size(QWidget& screen) {
     if (!size.isEmpty()) window->resize(size.boundedTo(room_for(*window)));
 }
 
+// Of several maximised child windows only the one in front is so; the others become it in front.
+bool counts_as_maximised(const QWidget& window) {
+    const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
+    if (window.isMaximized() || child == nullptr) return window.isMaximized();
+    const QMdiSubWindow* front = child->mdiArea()->currentSubWindow();
+    return front != nullptr && front->isMaximized();
+}
+
+// A window that is no longer among the others has been remembered before.
+bool has_left_area(const QWidget& window) {
+    const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
+    return child != nullptr && child->mdiArea() == nullptr;
+}
+
 void remember_size(QWidget& screen) {
     const QWidget* window = window_of(screen);
-    if (window == nullptr || window->isMinimized()) return;
-    const bool arranged = !window->isMaximized();
+    if (window == nullptr || window->isMinimized() || has_left_area(*window)) return;
+    const bool arranged = !counts_as_maximised(*window);
     store(screen, QStringLiteral("Arranged"), arranged ? "1" : "0");
     if (!arranged) return;
     store(screen, QStringLiteral("Size"),

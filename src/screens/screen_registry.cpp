@@ -99,6 +99,7 @@ bool ScreenRegistry::settle_edits() {
 
 void ScreenRegistry::unload_all() {
     loaded_.clear();
+    for (QMdiSubWindow* child : area_.subWindowList()) remember_screen(*child->widget());
     for (QMdiSubWindow* child : area_.subWindowList()) {
         area_.removeSubWindow(child);
         child->hide();
