@@ -1,6 +1,9 @@
 #include "screens/ProjectSetup.h"
 
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShowEvent>
 
 #include "barcodes/scanners.h"
 #include "core/program_state.h"
@@ -55,6 +58,25 @@ ProjectSetup::ProjectSetup(QWidget* parent)
 }
 
 ProjectSetup::~ProjectSetup() = default;
+
+// The parts know their sizes only once they are shown.
+void ProjectSetup::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous()) return;
+    QMetaObject::invokeMethod(this, &ProjectSetup::take_room, Qt::QueuedConnection);
+}
+
+// All of it in sight where the screen has the room for it and for the window's frame; the rest
+// scrolls, so that the buttons are always there.
+void ProjectSetup::take_room() {
+    QSize wanted = size() - ui_->setup_scroll->size() + ui_->setup_content->sizeHint();
+    const QSize frame(0, 3 * fontMetrics().height());
+    const QSize room = screen()->availableGeometry().size() - frame;
+    const QScrollBar& bar = *ui_->setup_scroll->verticalScrollBar();
+    if (wanted.height() > room.height()) wanted.rwidth() += bar.sizeHint().width();
+    resize(wanted.boundedTo(room));
+    adjustPosition(parentWidget());
+}
 
 void ProjectSetup::fill_lists() {
     for (int hour = 1; hour <= noon; ++hour) {

@@ -213,6 +213,19 @@ TEST_F(ProjectSetupTest, ANumberThatIsTooLargeKeepsTheScreenAndWhatWasTyped) {
     EXPECT_EQ(audit_days_ahead, 0);
 }
 
+TEST_F(ProjectSetupTest, TheButtonsStayInSightWhereThereIsLittleRoom) {
+    in_setup([this](ProjectSetup& setup) {
+        settle();
+        const auto& content = child<QWidget>(setup, "setup_content");
+        EXPECT_GE(setup.height(), content.sizeHint().height());  // all in sight at first
+        setup.resize(400, 250);
+        settle();
+        EXPECT_EQ(setup.size(), QSize(400, 250));
+        const auto& ok = child<QPushButton>(setup, "ok_button");
+        EXPECT_LE(ok.mapTo(&setup, ok.rect().bottomRight()).y(), 250);
+    });
+}
+
 TEST_F(ProjectSetupTest, TheCaptionsOfTheToolbarsFollowAtOnce) {
     show_toolbar_text = 0;
     window.set_toolbar_captions(false);
