@@ -69,9 +69,11 @@ QWidget* window_of(QWidget& screen) {
     return qobject_cast<QDialog*>(&screen);
 }
 
+// An area that is not shown yet has no size to go by.
 QSize room_for(const QWidget& window) {
     const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
-    const bool inside = child != nullptr && child->mdiArea() != nullptr;
+    const bool inside =
+        child != nullptr && child->mdiArea() != nullptr && child->mdiArea()->isVisible();
     return inside ? child->mdiArea()->viewport()->size()
                   : window.screen()->availableGeometry().size();
 }
@@ -92,15 +94,9 @@ bool counts_as_maximised(const QWidget& window) {
     return front != nullptr && front->isMaximized();
 }
 
-// A window that is no longer among the others has been remembered before.
-bool has_left_area(const QWidget& window) {
-    const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
-    return child != nullptr && child->mdiArea() == nullptr;
-}
-
 void remember_size(QWidget& screen) {
     const QWidget* window = window_of(screen);
-    if (window == nullptr || window->isMinimized() || has_left_area(*window)) return;
+    if (window == nullptr || window->isMinimized()) return;
     const bool arranged = !counts_as_maximised(*window);
     store(screen, QStringLiteral("Arranged"), arranged ? "1" : "0");
     if (!arranged) return;

@@ -132,6 +132,13 @@ TEST_F(ScreenMemory, AMaximisedWindowBehindAnotherComesBackMaximised) {
     EXPECT_TRUE(child().isMaximized());
 }
 
+TEST_F(ScreenMemory, ComingInFrontOfAMaximisedWindowArrangesNothing) {
+    open("Sample");
+    show_screen("wam");
+    settle();
+    EXPECT_NE(platform.settings.get("Screens", "Sample.Arranged"), "1");
+}
+
 TEST_F(ScreenMemory, OfArrangedWindowsTheOneBehindStaysArranged) {
     open("Sample");
     child().showNormal();
