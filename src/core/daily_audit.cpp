@@ -16,13 +16,6 @@ i16 audit_done_flag = i16_false;
 
 namespace {
 
-// The list on screen is computed anew like the one in the tables.
-void audit_and_list() {
-    audit_inventory();
-    build_shopping_list();
-    if (ports::ShoppingList* list = shopping_list()) list->populate_list();
-}
-
 bool is_audit_minute(const TimeOfDay& now) {
     const bool hour_fits = now.hour == audit_hour || now.hour == audit_hour - 12;
     return hour_fits && now.minute == audit_minute;
@@ -46,6 +39,12 @@ void end_after(const Fault& fault) {
 }
 
 }  // namespace
+
+void audit_and_list() {
+    audit_inventory();
+    build_shopping_list();
+    if (ports::ShoppingList* list = shopping_list()) list->populate_list();
+}
 
 void daily_audit_check() {
     trap(check_clock, end_after);

@@ -7,6 +7,9 @@ namespace tavernook {
 
 extern i16 audit_done_flag;  // -1 = the audit has run in the present minute
 
+// An audit, then the scan for the shopping list; the list's screen shows it anew.
+void audit_and_list();
+
 // At each tick of the main window's timer: runs the audit at the chosen minute, once in that
 // minute. A time set in the afternoon fires twelve hours earlier as well; kept, households rely on
 // it.

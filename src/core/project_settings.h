@@ -14,7 +14,7 @@ inline constexpr std::array<i16, 14> font_sizes = {8,  10, 12, 14, 16, 18, 20,
                                                    22, 24, 26, 28, 36, 48, 72};
 inline constexpr std::array<i16, 3> currency_symbols = {36, 165, 163};  // dollar, yen, pound
 inline constexpr i16 scanner_types = 4;                                 // 0 to 3
-inline constexpr i16 comm_ports = 16;  // 1 to 16
+inline constexpr i16 comm_ports = 16;                                   // 1 to 16
 
 // The time of the audit as its three lists show it. The hour of a list that is left as it is is 0.
 struct ShownAuditTime {

@@ -7,6 +7,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "inventory/lots.h"
+#include "inventory/shelf_life.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -51,11 +52,6 @@ bool holds_expired_lot(i16 item) {
         if (lot_is_expired(lots[item], place, today)) return true;
     }
     return false;
-}
-
-bool time_is_up_soon(const ItemRecord& item) {
-    const f64 age = platform_clock().now() - item.last_restock_date;
-    return item.storage_time != 0 && age + expiration_warning_days >= item.storage_time;
 }
 
 }  // namespace
@@ -134,7 +130,8 @@ Attention attention_of(i16 item) {
     const f64 stock = stock_of(item);
     Attention attention;
     attention.expired = holds_expired_lot(item);
-    attention.expires_soon = !attention.expired && stock > 0 && time_is_up_soon(record);
+    attention.expires_soon =
+        !attention.expired && stock > 0 && nears_end_of_shelf_life(record, platform_clock().now());
     attention.low = record.stock_quantity != 0 && stock <= record.restock_quantity;
     return attention;
 }

@@ -6,6 +6,7 @@
 #include "core/project_data.h"
 #include "core/trap.h"
 #include "inventory/lots.h"
+#include "inventory/shown_quantity.h"
 #include "planning/day_places.h"
 #include "planning/planner_state.h"
 #include "platform/platform.h"
@@ -31,8 +32,7 @@ void restore_day_item_stock(i16 item, i16 day, i16 place) {
     const f64 quantity = stock_of_place(item, day, place);
     ensure_lot_record(item);
     add_to_lots(item, quantity);
-    ports::FoodInventory* screen = food_inventory();
-    if (screen != nullptr && screen->getindex() == item) screen->refresh_quantity();
+    refresh_shown_quantity(item);
 }
 
 }  // namespace

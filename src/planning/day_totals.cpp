@@ -1,6 +1,7 @@
 #include "planning/day_totals.h"
 
 #include "basics/number_text.h"
+#include "core/money_text.h"
 #include "core/project_data.h"
 #include "core/trap.h"
 #include "planning/day_places.h"
@@ -33,7 +34,7 @@ void add_recipe(DayTotals& totals, i16 recipe, f64 servings) {
 void write_texts(DayTotals& totals) {
     totals.calories_text = format_number(totals.calories, "#0.0#");
     totals.fat_text = format_number(totals.fat, "#0.0#") + "g";
-    totals.cost_text = static_cast<char>(currency_symbol) + format_number(totals.cost, "##,##0.00");
+    totals.cost_text = money_text(totals.cost, "##,##0.00");
 }
 
 void count_as_one(f64& figure) {

@@ -18,8 +18,9 @@ struct DayTotals {
 
 // Reads the tables and changes nothing. Items count with their exact figures, recipes with the
 // whole-number figures of their ingredients. Servings in a unit and a recipe's serving size of
-// exactly 0 count as 1; a recipe with a negative serving size adds nothing. Fault 11 for an
-// item whose serving size is 0 and whose planned quantity is not, Fault 9 where the day names what is outside the tables.
+// exactly 0 count as 1; a recipe with a negative serving size adds nothing. Fault 11 for an item
+// whose serving size is 0 and whose planned quantity is not, Fault 9 where the day names what is
+// outside the tables.
 DayTotals day_totals(const DayRecord& day, const DayQuantityRecord& quantities);
 
 // The same for the day that the planner shows: figures of exactly 0 that count as 1 become 1 in the

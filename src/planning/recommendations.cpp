@@ -6,6 +6,7 @@
 
 #include "basics/number_text.h"
 #include "core/project_data.h"
+#include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "planning/day_plans.h"
 #include "platform/platform.h"
@@ -79,7 +80,8 @@ std::string caption_of(bool found) {
 }
 
 f64 ask_quantity(std::string_view title) {
-    return leading_number(boxes().input(quantity_prompt, title, "").value_or(""));
+    const std::string typed = boxes().input(quantity_prompt, title, "").value_or("");
+    return leading_number(with_decimal_point(typed));
 }
 
 }  // namespace

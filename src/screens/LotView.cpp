@@ -18,6 +18,7 @@
 #include "core/project_data.h"
 #include "core/trap.h"
 #include "inventory/lots.h"
+#include "inventory/shown_quantity.h"
 #include "platform/platform.h"
 #include "screens/list_parts.h"
 #include "screens/lots_model.h"
@@ -59,12 +60,6 @@ QPoint place_beside(const QWidget& list, const QRect& cell, const QSize& size) {
     }
     const int furthest = std::max(screen.left(), screen.right() - size.width());
     return {std::clamp(place.x(), screen.left(), furthest), std::max(place.y(), screen.top())};
-}
-
-// The item screen shows the same stock.
-void refresh_item_screen(i16 item) {
-    ports::FoodInventory* screen = food_inventory();
-    if (screen != nullptr && screen->getindex() == item) screen->refresh_quantity();
 }
 
 }  // namespace
@@ -215,7 +210,7 @@ void LotView::change(const std::function<void()>& work) {
     items[item_].quantity = lot_total(item_);
     if (!(lots[item_] == before)) project_modified = i16_true;
     populate_list();
-    refresh_item_screen(item_);
+    refresh_shown_quantity(item_);
 }
 
 void LotView::DeleteLot() {

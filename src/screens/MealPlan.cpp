@@ -221,6 +221,7 @@ void MealPlan::follow_focus(const QWidget* before, const QWidget* now) {
         [this] {
             draw_calendar();
             show_plan();
+            renew_totals();
         },
         [](const Fault&) {});
     update_commands();

@@ -20,6 +20,7 @@ namespace tavernook {
 
 class DayListModel;
 class RecommendationsModel;
+struct DayTotals;
 
 namespace Ui {
 class MealPlan;
@@ -115,7 +116,8 @@ class MealPlan : public QWidget, public ports::MealPlan {
     bool may_plan();  // says why not
     void show_plan();
     void show_state();
-    void show_totals(const std::string& calories, const std::string& fat, const std::string& cost);
+    void renew_totals();
+    void show_totals(const DayTotals& totals);
     void open_recipes();
     void open_inventory();
     void remove_selected();

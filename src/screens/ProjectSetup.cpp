@@ -1,11 +1,15 @@
 #include "screens/ProjectSetup.h"
 
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShowEvent>
 
 #include "barcodes/scanners.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
+#include "inventory/item_form.h"
 #include "platform/platform.h"
 #include "screens/list_font.h"
 #include "screens/shown_text.h"
@@ -16,6 +20,10 @@ namespace tavernook {
 namespace {
 
 constexpr i16 noon = 12;
+
+std::string typed_number(const QLineEdit& box) {
+    return with_decimal_point(typed_text(box.text()));
+}
 
 QString two_digits(int number) {
     return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
@@ -50,6 +58,25 @@ ProjectSetup::ProjectSetup(QWidget* parent)
 }
 
 ProjectSetup::~ProjectSetup() = default;
+
+// The parts know their sizes only once they are shown.
+void ProjectSetup::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous()) return;
+    QMetaObject::invokeMethod(this, &ProjectSetup::take_room, Qt::QueuedConnection);
+}
+
+// All of it in sight where the screen has the room for it and for the window's frame; the rest
+// scrolls, so that the buttons are always there.
+void ProjectSetup::take_room() {
+    QSize wanted = size() - ui_->setup_scroll->size() + ui_->setup_content->sizeHint();
+    const QSize frame(0, 3 * fontMetrics().height());
+    const QSize room = screen()->availableGeometry().size() - frame;
+    const QScrollBar& bar = *ui_->setup_scroll->verticalScrollBar();
+    if (wanted.height() > room.height()) wanted.rwidth() += bar.sizeHint().width();
+    resize(wanted.boundedTo(room));
+    adjustPosition(parentWidget());
+}
 
 void ProjectSetup::fill_lists() {
     for (int hour = 1; hour <= noon; ++hour) {
@@ -154,9 +181,9 @@ SetupTexts ProjectSetup::typed_setup() const {
     texts.audit_hour = stored_audit_hour(selected_number(*ui_->hour_list, noon),
                                          ui_->half_list->currentIndex() == 1);
     texts.audit_minute = selected_number(*ui_->minute_list, audit_minute);
-    texts.audit_days_ahead = typed_text(ui_->days_ahead->text());
-    texts.expiration_warning_days = typed_text(ui_->expiration_warning->text());
-    texts.sales_tax = typed_text(ui_->sales_tax->text());
+    texts.audit_days_ahead = typed_number(*ui_->days_ahead);
+    texts.expiration_warning_days = typed_number(*ui_->expiration_warning);
+    texts.sales_tax = typed_number(*ui_->sales_tax);
     texts.currency_symbol = selected_number(*ui_->currency_list, currency_symbol);
     texts.font_size = selected_number(*ui_->font_list, font_size);
     texts.ftp_server = typed_text(ui_->ftp_server->text());

@@ -26,7 +26,11 @@ class ProjectSetup : public QDialog {
     void accept() override;
     void reject() override;
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
+    void take_room();
     void fill_lists();
     void show_settings();
     void show_audit_time_lists();

@@ -8,10 +8,11 @@
 #include <optional>
 
 #include "basics/number_text.h"
+#include "core/daily_audit.h"
+#include "core/money_text.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
-#include "inventory/audit.h"
 #include "inventory/item_form.h"
 #include "planning/day_plans.h"
 #include "planning/day_totals.h"
@@ -24,7 +25,6 @@
 #include "screens/list_parts.h"
 #include "screens/register_screens.h"
 #include "screens/shown_text.h"
-#include "shopping/shopping_list.h"
 #include "ui_MealPlan.h"
 
 namespace tavernook {
@@ -121,7 +121,7 @@ void MealPlan::populate_days_Meals_Items() {
     update_commands();
 }
 
-// Without totals that the tables would have to be changed for, and without a box.
+// Changes no table.
 void MealPlan::show_plan() {
     const QString selected = shown_text(selected_day_key());
     const int scrolled = ui_->lv2->verticalScrollBar()->value();
@@ -159,23 +159,31 @@ void MealPlan::set_day_editable(bool editable) {
 
 void MealPlan::populate_day_info() {
     if (day_is_held()) {
-        const DayTotals totals = day_totals_shown(current_day);
-        show_totals(totals.calories_text, totals.fat_text, totals.cost_text);
+        show_totals(day_totals_shown(current_day));
     } else {
         reset_day_totals();
     }
     if (pending_calendar_refresh != 0) CalendarUpdate(ports::month_in_view);
 }
 
-void MealPlan::reset_day_totals() {
-    show_totals("0", "0", static_cast<char>(currency_symbol) + format_number(0, "##,##0.00"));
+// No box and no change of a table: totals that cannot be worked out stay as they are.
+void MealPlan::renew_totals() {
+    if (!day_is_held()) return reset_day_totals();
+    show_totals(day_totals(days[current_day], day_quantities[current_day]));
 }
 
-void MealPlan::show_totals(const std::string& calories, const std::string& fat,
-                           const std::string& cost) {
-    ui_->calories_total->setText(shown_text(calories));
-    ui_->fat_total->setText(shown_text(fat));
-    ui_->cost_total->setText(shown_text(cost));
+void MealPlan::reset_day_totals() {
+    DayTotals none;
+    none.calories_text = "0";
+    none.fat_text = "0";
+    none.cost_text = money_text(0, "##,##0.00");
+    show_totals(none);
+}
+
+void MealPlan::show_totals(const DayTotals& totals) {
+    ui_->calories_total->setText(shown_text(totals.calories_text));
+    ui_->fat_total->setText(shown_text(totals.fat_text));
+    ui_->cost_total->setText(shown_text(totals.cost_text));
 }
 
 std::string MealPlan::selected_day_key() {
@@ -257,8 +265,7 @@ void MealPlan::show_recipe(i16 recipe) {
 }
 
 void MealPlan::refresh_all() {
-    audit_inventory();
-    build_shopping_list();
+    audit_and_list();
     ui_->refresh_marker->show();
     ui_->refresh_marker->repaint();
     populate_meal_recommendations();

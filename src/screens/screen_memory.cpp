@@ -69,9 +69,11 @@ QWidget* window_of(QWidget& screen) {
     return qobject_cast<QDialog*>(&screen);
 }
 
+// An area that is not shown yet has no size to go by.
 QSize room_for(const QWidget& window) {
     const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
-    const bool inside = child != nullptr && child->mdiArea() != nullptr;
+    const bool inside =
+        child != nullptr && child->mdiArea() != nullptr && child->mdiArea()->isVisible();
     return inside ? child->mdiArea()->viewport()->size()
                   : window.screen()->availableGeometry().size();
 }
@@ -84,10 +86,18 @@ void restore_size(QWidget& screen) {
     if (!size.isEmpty()) window->resize(size.boundedTo(room_for(*window)));
 }
 
+// Of several maximised child windows only the one in front is so; the others become it in front.
+bool counts_as_maximised(const QWidget& window) {
+    const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
+    if (window.isMaximized() || child == nullptr) return window.isMaximized();
+    const QMdiSubWindow* front = child->mdiArea()->currentSubWindow();
+    return front != nullptr && front->isMaximized();
+}
+
 void remember_size(QWidget& screen) {
     const QWidget* window = window_of(screen);
     if (window == nullptr || window->isMinimized()) return;
-    const bool arranged = !window->isMaximized();
+    const bool arranged = !counts_as_maximised(*window);
     store(screen, QStringLiteral("Arranged"), arranged ? "1" : "0");
     if (!arranged) return;
     store(screen, QStringLiteral("Size"),

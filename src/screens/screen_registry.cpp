@@ -12,8 +12,12 @@ namespace tavernook {
 
 namespace {
 
+void remember(const QMdiSubWindow& child) {
+    if (child.widget() != nullptr) remember_screen(*child.widget());
+}
+
 // The child window around a screen; tells when the user has closed it, and remembers what he has
-// arranged whenever it goes from sight.
+// arranged. Not whenever it hides: it does so for a moment, too, when another one comes in front.
 class ChildWindow : public QMdiSubWindow {
   public:
     ChildWindow(std::function<void()> closed, std::function<void()> hidden)
@@ -23,13 +27,13 @@ class ChildWindow : public QMdiSubWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override {
+        remember(*this);
         QMdiSubWindow::closeEvent(event);
         if (event->isAccepted()) closed_();
     }
 
     void hideEvent(QHideEvent* event) override {
         QMdiSubWindow::hideEvent(event);
-        if (widget() != nullptr) remember_screen(*widget());
         if (!event->spontaneous()) hidden_();
     }
 
@@ -99,6 +103,7 @@ bool ScreenRegistry::settle_edits() {
 
 void ScreenRegistry::unload_all() {
     loaded_.clear();
+    for (QMdiSubWindow* child : area_.subWindowList()) remember(*child);
     for (QMdiSubWindow* child : area_.subWindowList()) {
         area_.removeSubWindow(child);
         child->hide();
@@ -108,6 +113,7 @@ void ScreenRegistry::unload_all() {
 }
 
 void ScreenRegistry::hide_all() {
+    for (QMdiSubWindow* child : area_.subWindowList()) remember(*child);
     for (QMdiSubWindow* child : area_.subWindowList()) child->hide();
 }
 

@@ -52,6 +52,14 @@ TEST_F(ProjectDates, WhatIsNoDateStaysNone) {
     EXPECT_EQ(days[9].year, 0);
 }
 
+TEST_F(ProjectDates, ADayWithoutADateStaysWithoutOne) {
+    plan(0, 0, 0);
+    bytes = save();
+    open_moved_by(1000);
+    expect_opened();
+    EXPECT_EQ(planned_day(), (CivilDate{0, 0, 0}));
+}
+
 TEST_F(ProjectDates, PlannedDaysGoOverTheLeapDay) {
     open_moved_by(1);
     EXPECT_EQ(planned_day(), (CivilDate{2000, 2, 29}));

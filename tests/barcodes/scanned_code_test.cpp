@@ -36,9 +36,16 @@ TEST_F(ScannedCodes, ARecipeIsNamedByItsSlotInThreeSpellings) {
     }
 }
 
+TEST_F(ScannedCodes, TheFirstAndTheLastSlotHaveCodesToo) {
+    meals[1].in_use = 1;
+    meals[1000].in_use = 1;
+    expect_recipe("tvk1", 1);
+    expect_recipe("tvk1000", 1000);
+}
+
 TEST_F(ScannedCodes, ARecipeThatIsNotThereIsUnknown) {
-    for (const char* code : {"tvk8", "tvk", "tvk0", "tvk-7", "tvk1001", "tvk99999999999", "tvkx",
-                             "tVK7", "7"}) {
+    for (const char* code :
+         {"tvk8", "tvk", "tvk0", "tvk-7", "tvk1001", "tvk99999999999", "tvkx", "tVK7", "7"}) {
         EXPECT_FALSE(meaning_of_code(code).known()) << code;
     }
 }

@@ -166,6 +166,24 @@ TEST_F(PlannerAccess, SizesColumnsAndSplittersComeBack) {
     EXPECT_EQ(part<QTreeView>("lv2").header()->sectionSize(1), 111);
 }
 
+TEST_F(PlannerAccess, WhatHasNoRoomIsScrolledToAndTabBringsItInSight) {
+    open_planner();
+    auto* child = static_cast<QMdiSubWindow*>(planner().parentWidget());
+    child->showNormal();
+    child->resize(500, 240);
+    settle();
+    EXPECT_EQ(child->size(), QSize(500, 240));
+    const auto in_sight = [this](QWidget& widget) {
+        const QPoint corner = widget.mapTo(&planner(), widget.rect().bottomLeft());
+        return planner().rect().contains(corner);
+    };
+    EXPECT_FALSE(in_sight(part("Command2")));
+    day_list().setFocus();
+    press("Tab");
+    EXPECT_EQ(focused(), "Command2");
+    EXPECT_TRUE(in_sight(part("Command2")));
+}
+
 TEST_F(PlannerAccess, TheCalendarIsDrawnAtEverySize) {
     put_day(1, 5, 15);
     put_recipe_on(1, 1, soup, 1);

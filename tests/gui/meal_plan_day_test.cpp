@@ -335,6 +335,36 @@ TEST_F(PlannerDay, ComingBackShowsWhatWasChangedElsewhere) {
     EXPECT_EQ(grid().cell(may_15).names, (QStringList{"Broth", "Milk"}));
 }
 
+TEST_F(PlannerDay, ComingBackCountsTheTotalsAnew) {
+    put_day(1, 5, 15);
+    put_item_on(1, 1, milk, 500);  // half a litre at 2 a litre
+    open_planner();
+    EXPECT_EQ(totals()[2], "$1.00");
+    show_screen("wam");
+    settle();
+    items[milk].cost = 3;
+    currency_symbol = 163;
+    show_screen("MealPlan");
+    settle();
+    EXPECT_EQ(totals()[2],
+              "\xC2\xA3"
+              "1.50");
+}
+
+TEST_F(PlannerDay, ComingBackChangesNoRecordAndAsksNothing) {
+    put_day(1, 5, 15);
+    put_item_on(1, 1, milk, 500);
+    open_planner();
+    show_screen("wam");
+    settle();
+    items[milk].servings_per_qty_unit = 0;
+    items[milk].serving_size = 0;
+    show_screen("MealPlan");
+    settle();
+    EXPECT_EQ(items[milk].servings_per_qty_unit, 0);
+    EXPECT_EQ(totals()[2], "$1.00");
+}
+
 TEST_F(PlannerDay, CountedAsNotYetDrawnItIsDrawnAtItsNextShow) {
     open_planner();
     click_cell(may_20);

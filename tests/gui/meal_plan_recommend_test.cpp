@@ -142,6 +142,15 @@ TEST_F(PlannerRecommendations, RefreshAuditsAndLooksAgain) {
     EXPECT_EQ(plain(part<QPushButton>("Command2").text()), "Refresh");
 }
 
+TEST_F(PlannerRecommendations, RefreshBringsTheOpenShoppingListUpToDate) {
+    FakeShoppingList list(calls);
+    open_planner();
+    calls.clear();
+    click("Command2");
+    EXPECT_EQ(std::count(calls.entries.begin(), calls.entries.end(), "ShoppingList populate_list"),
+              1);
+}
+
 TEST_F(PlannerRecommendations, F5Refreshes) {
     open_planner();
     expire(flour);

@@ -194,6 +194,14 @@ TEST_F(ProjectSetupTest, TextsAndNumbersAreWrittenWithOk) {
     EXPECT_EQ(panel(2), "Audit Time: 11:59 PM");
 }
 
+TEST_F(ProjectSetupTest, ADecimalCommaIsUnderstood) {
+    in_setup([](ProjectSetup& setup) {
+        write(setup, "sales_tax", "7,5 %");
+        press_button(setup, "ok_button");
+    });
+    EXPECT_EQ(sales_tax, 7.5);
+}
+
 TEST_F(ProjectSetupTest, ANumberThatIsTooLargeKeepsTheScreenAndWhatWasTyped) {
     platform.boxes.expect_message("there has been an error");
     in_setup([](ProjectSetup& setup) {
@@ -203,6 +211,19 @@ TEST_F(ProjectSetupTest, ANumberThatIsTooLargeKeepsTheScreenAndWhatWasTyped) {
         EXPECT_EQ(child<QLineEdit>(setup, "days_ahead").text(), "40000");
     });
     EXPECT_EQ(audit_days_ahead, 0);
+}
+
+TEST_F(ProjectSetupTest, TheButtonsStayInSightWhereThereIsLittleRoom) {
+    in_setup([this](ProjectSetup& setup) {
+        settle();
+        const auto& content = child<QWidget>(setup, "setup_content");
+        EXPECT_GE(setup.height(), content.sizeHint().height());  // all in sight at first
+        setup.resize(400, 250);
+        settle();
+        EXPECT_EQ(setup.size(), QSize(400, 250));
+        const auto& ok = child<QPushButton>(setup, "ok_button");
+        EXPECT_LE(ok.mapTo(&setup, ok.rect().bottomRight()).y(), 250);
+    });
 }
 
 TEST_F(ProjectSetupTest, TheCaptionsOfTheToolbarsFollowAtOnce) {

@@ -121,6 +121,37 @@ TEST_F(ScreenMemory, ClosingTheProjectRemembersToo) {
     EXPECT_EQ(child().size(), QSize(520, 410));
 }
 
+TEST_F(ScreenMemory, AMaximisedWindowBehindAnotherComesBackMaximised) {
+    open("Sample");
+    show_screen("wam");
+    settle();
+    window.registry().unload_all();
+    settle();
+    EXPECT_EQ(platform.settings.get("Screens", "Sample.Arranged"), "0");
+    open("Sample");
+    EXPECT_TRUE(child().isMaximized());
+}
+
+TEST_F(ScreenMemory, ComingInFrontOfAMaximisedWindowArrangesNothing) {
+    open("Sample");
+    show_screen("wam");
+    settle();
+    EXPECT_NE(platform.settings.get("Screens", "Sample.Arranged"), "1");
+}
+
+TEST_F(ScreenMemory, OfArrangedWindowsTheOneBehindStaysArranged) {
+    open("Sample");
+    child().showNormal();
+    child().resize(520, 410);
+    show_screen("wam");
+    settle();
+    window.registry().unload_all();
+    settle();
+    open("Sample");
+    EXPECT_FALSE(child().isMaximized());
+    EXPECT_EQ(child().size(), QSize(520, 410));
+}
+
 TEST_F(ScreenMemory, ASizeLargerThanTheAreaIsCut) {
     platform.settings.set("Screens", "Sample.Size", "5000x4000");
     platform.settings.set("Screens", "Sample.Arranged", "1");

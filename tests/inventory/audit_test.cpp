@@ -159,8 +159,7 @@ TEST_F(AuditedDays, TheLastSlotIsSeen) {
     EXPECT_EQ(days[day_capacity].audited, -1);
 }
 
-// --- what is not there
-// ----------------------------------------------------------------------------
+// --- what is not there --------------------------------------------------------------------------
 
 TEST_F(AuditTest, AnEntryBeyondTheLotsIsToldAndTheOthersGoOn) {
     plan_yesterday();
@@ -172,6 +171,15 @@ TEST_F(AuditTest, AnEntryBeyondTheLotsIsToldAndTheOthersGoOn) {
     EXPECT_EQ(items[flour].quantity, 9);
     EXPECT_EQ(items[salt].quantity, 19);
     EXPECT_EQ(days[yesterday].audited, -1);
+}
+
+TEST_F(AuditTest, AfterARefusalTheQuantityIsTheSumOfTheLots) {
+    plan_yesterday();
+    plan_item(yesterday, 1, flour, 20.5);  // 10.25 of 10
+    items[flour].quantity = 99;
+    platform.boxes.expect_message(not_enough_of("Flour"));
+    audit_inventory();
+    EXPECT_EQ(items[flour].quantity, 10);
 }
 
 TEST_F(AuditTest, EachSuchEntryIsTold) {

@@ -57,6 +57,14 @@ TEST_F(DayClipboardTest, ACutDayGoesWhenItIsPasted) {
     EXPECT_FALSE(paste_day(june(6)));
 }
 
+TEST_F(DayClipboardTest, ACopyPastedOntoItsOwnDateAsksLikeAnyOther) {
+    copy_selected_day();
+    platform.boxes.expect_message(copy_question("6/2/2024"), Answer::yes);
+    EXPECT_TRUE(paste_day(june(2)));
+    expect_date(9, 6, 2, 2024);
+    EXPECT_EQ(day_quantities[9].item_quantity[1], 3);
+}
+
 TEST_F(DayClipboardTest, ACutDayPastedOntoItsOwnDateStays) {
     cut_selected_day();
     EXPECT_FALSE(paste_day(june(2)));

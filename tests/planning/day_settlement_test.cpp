@@ -161,6 +161,15 @@ TEST_F(DaySettlement, EditingAnAuditedDayMakesItADayToBeAudited) {
                      "MealPlan populate_days_Meals_Items"}));
 }
 
+TEST_F(DaySettlement, EditingAnEmptyAuditedDayIsAChangeToo) {
+    add_day(3, 6, 5, 2024);
+    days[3].audited = -1;
+    open_june(5);
+    edit_audited_day();
+    EXPECT_EQ(days[3].audited, 0);
+    EXPECT_NE(project_modified, 0);
+}
+
 TEST_F(DaySettlement, EditingADayWithAnAmountThatCannotBeWorkedOutShowsOneBox) {
     open_june(2);
     items[flour].serving_size = 0;

@@ -165,6 +165,12 @@ TEST_F(AddingRecommendations, ThePopupPlansTheQuantity) {
     expect_date(1, 6, 2, 2024);
 }
 
+TEST_F(AddingRecommendations, ADecimalCommaIsUnderstood) {
+    expect_popup_input("2,5");
+    add_recommended_meal("i7:4");
+    EXPECT_EQ(day_quantities[1].meal_servings[1], 2.5);
+}
+
 TEST_F(AddingRecommendations, ThePopupPlansAQuantityOfZeroToo) {
     for (const auto& typed : {std::optional<std::string>("0"), std::optional<std::string>("two"),
                               std::optional<std::string>()}) {
