@@ -55,13 +55,13 @@ void ShoppingList::set_up_list() {
     QHeaderView* header = list.header();
     header->setSectionsMovable(false);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
-    const int letters[] = {name_letters, 20, 14, 6, 11, 11, 13, 11};
+    const int letters[] = {name_letters, 19, 15, 5, 10, 10, 12, 10};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         header->resizeSection(column, letters_wide(*this, letters[column]));
     }
     hint_when_empty(list, tr("Nothing to buy. Items that run low come here by themselves; add "
                              "others from the Quick Pick List."));
-    ui_->main_splitter->setSizes({760, 280});
+    ui_->main_splitter->setSizes({820, 220});
     ui_->main_splitter->setStretchFactor(0, 1);
     ui_->main_splitter->setStretchFactor(1, 0);
 }
