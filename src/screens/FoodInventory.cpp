@@ -16,6 +16,7 @@
 #include "platform/platform.h"
 #include "screens/copydialog.h"
 #include "screens/icons.h"
+#include "screens/list_parts.h"
 #include "screens/register_screens.h"
 #include "screens/shown_text.h"
 #include "screens/toolbar_parts.h"
@@ -139,15 +140,8 @@ void FoodInventory::run(const std::function<void()>& command) {
     update_commands();
 }
 
-template <typename Command>
-void FoodInventory::when_clicked(const char* name, Command command) {
-    const auto wanted = [this, command] { run(command); };
-    if (auto* action = findChild<QAction*>(QLatin1String(name))) {
-        connect(action, &QAction::triggered, this, wanted);
-    } else {
-        connect(findChild<QAbstractButton*>(QLatin1String(name)), &QAbstractButton::clicked, this,
-                wanted);
-    }
+void FoodInventory::when_clicked(const char* name, const std::function<void()>& command) {
+    on_command(*this, name, [this, command] { run(command); });
 }
 
 void FoodInventory::set_up_commands() {

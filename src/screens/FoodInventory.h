@@ -72,8 +72,7 @@ class FoodInventory : public QWidget, public ports::FoodInventory, public Unsave
 
     // One command at a time, trapped.
     void run(const std::function<void()>& command);
-    template <typename Command>
-    void when_clicked(const char* name, Command command);
+    void when_clicked(const char* name, const std::function<void()>& command);
 
     void set_up_toolbars();
     void set_up_commands();

@@ -130,15 +130,8 @@ void Mealbuilder::run(const std::function<void()>& command) {
     update_commands();
 }
 
-template <typename Command>
-void Mealbuilder::when_clicked(const char* name, Command command) {
-    const auto wanted = [this, command] { run(command); };
-    if (auto* action = findChild<QAction*>(QLatin1String(name))) {
-        connect(action, &QAction::triggered, this, wanted);
-    } else {
-        connect(findChild<QAbstractButton*>(QLatin1String(name)), &QAbstractButton::clicked, this,
-                wanted);
-    }
+void Mealbuilder::when_clicked(const char* name, const std::function<void()>& command) {
+    on_command(*this, name, [this, command] { run(command); });
 }
 
 void Mealbuilder::set_up_commands() {

@@ -80,8 +80,7 @@ class Mealbuilder : public QWidget, public ports::Mealbuilder, public UnsavedEdi
 
     // One command at a time, trapped.
     void run(const std::function<void()>& command);
-    template <typename Command>
-    void when_clicked(const char* name, Command command);
+    void when_clicked(const char* name, const std::function<void()>& command);
 
     void set_up_toolbar();
     void set_up_tree();

@@ -214,13 +214,7 @@ i16 FoodInventory::selected_catagory() const {
 void FoodInventory::select_key(const QString& key) {
     const bool before = arranging_tree_;
     arranging_tree_ = true;
-    const QModelIndex index = key.isEmpty() ? QModelIndex() : model_->index_of(key);
-    if (index.isValid()) {
-        ui_->item_tree->setCurrentIndex(index);
-        ui_->item_tree->scrollTo(index);
-    } else {
-        ui_->item_tree->selectionModel()->clear();
-    }
+    mark_row(*ui_->item_tree, key.isEmpty() ? QModelIndex() : model_->index_of(key));
     arranging_tree_ = before;
 }
 

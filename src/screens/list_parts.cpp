@@ -1,6 +1,7 @@
 #include "screens/list_parts.h"
 
 #include <QAbstractItemModel>
+#include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMdiSubWindow>
@@ -109,6 +110,25 @@ void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> co
     auto* shortcut = new QShortcut(keys, &widget);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     QObject::connect(shortcut, &QShortcut::activated, &widget, std::move(command));
+}
+
+void mark_row(QAbstractItemView& view, const QModelIndex& row) {
+    if (row.isValid()) {
+        view.setCurrentIndex(row);
+        view.scrollTo(row);
+    } else {
+        view.selectionModel()->clear();
+    }
+}
+
+void on_command(QWidget& screen, const char* name, std::function<void()> command) {
+    const QLatin1String wanted(name);
+    if (auto* action = screen.findChild<QAction*>(wanted)) {
+        QObject::connect(action, &QAction::triggered, &screen, std::move(command));
+    } else {
+        auto* button = screen.findChild<QAbstractButton*>(wanted);
+        QObject::connect(button, &QAbstractButton::clicked, &screen, std::move(command));
+    }
 }
 
 void enter_presses_buttons(QWidget& screen) {

@@ -7,6 +7,7 @@
 
 class QAbstractItemModel;
 class QAbstractItemView;
+class QModelIndex;
 class QObject;
 class QSortFilterProxyModel;
 class QTreeView;
@@ -31,6 +32,12 @@ void hint_when_empty(QAbstractItemView& view, const QString& hint);
 
 // `command` runs on these keys while the widget or something inside it has the focus.
 void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> command);
+
+// Makes the row the current one and brings it into sight; without a row none is marked.
+void mark_row(QAbstractItemView& view, const QModelIndex& row);
+
+// `command` runs when the screen's action or button of that name is used.
+void on_command(QWidget& screen, const char* name, std::function<void()> command);
 
 // The Enter key on a focused button presses it, as in dialogs.
 void enter_presses_buttons(QWidget& screen);

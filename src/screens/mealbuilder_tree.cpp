@@ -175,13 +175,7 @@ void Mealbuilder::select_node(std::string_view key) {
 void Mealbuilder::select_key(const QString& key) {
     const bool before = arranging_tree_;
     arranging_tree_ = true;
-    const QModelIndex index = key.isEmpty() ? QModelIndex() : model_->index_of(key);
-    if (index.isValid()) {
-        ui_->recipe_tree->setCurrentIndex(index);
-        ui_->recipe_tree->scrollTo(index);
-    } else {
-        ui_->recipe_tree->selectionModel()->clear();
-    }
+    mark_row(*ui_->recipe_tree, key.isEmpty() ? QModelIndex() : model_->index_of(key));
     arranging_tree_ = before;
 }
 
