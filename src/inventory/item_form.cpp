@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "basics/number_text.h"
 #include "basics/text.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/trap.h"
 #include "inventory/lots.h"
 #include "inventory/shelf_life.h"
 #include "platform/platform.h"
@@ -63,6 +65,12 @@ std::string with_decimal_point(std::string_view typed) {
                        text.find('.') == std::string::npos;
     if (alone && comma + 1 < text.size() && is_digit(text[comma + 1])) text[comma] = '.';
     return text;
+}
+
+std::optional<f64> typed_number(std::string_view typed) {
+    std::optional<f64> number;
+    trap([&] { number = whole_number_text(with_decimal_point(typed)); }, [](const Fault&) {});
+    return number;
 }
 
 bool reads_as_number(std::string_view typed) {

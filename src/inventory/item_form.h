@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,9 @@ namespace tavernook {
 // The only comma of a text, with a digit behind it, becomes the decimal point. A text with a
 // point or a second comma stays as it is.
 std::string with_decimal_point(std::string_view typed);
+
+// A typed text that is a number as a whole, with a decimal point or comma; nothing otherwise.
+std::optional<f64> typed_number(std::string_view typed);
 
 // True for a blank text, and for a number with or without a word behind it ("2", "1,5 lb"); false
 // where the leading number is not all that was meant ("abc", "1/2", "1.2.3").

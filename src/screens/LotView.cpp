@@ -17,6 +17,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
+#include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "inventory/shown_quantity.h"
 #include "platform/platform.h"
@@ -36,12 +37,6 @@ constexpr int hint_panel = 1;
 QDate today() {
     const CivilDate now = civil_from_date(platform_clock().now());
     return {now.year, now.month, now.day};
-}
-
-std::optional<f64> typed_number(const std::string& text) {
-    std::optional<f64> number;
-    trap([&] { number = whole_number_text(text); }, [](const Fault&) {});
-    return number;
 }
 
 // "[*]" in a name is no placeholder for a mark of changes.

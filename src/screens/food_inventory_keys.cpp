@@ -6,16 +6,13 @@
 #include <algorithm>
 
 #include "screens/FoodInventory.h"
+#include "screens/list_parts.h"
 #include "screens/quantity_box.h"
 #include "ui_FoodInventory.h"
 
 namespace tavernook {
 
 namespace {
-
-bool is_enter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 bool is_plain(const QKeyEvent& event) {
     return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;

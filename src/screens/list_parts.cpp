@@ -3,6 +3,7 @@
 #include <QAbstractItemModel>
 #include <QAction>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -110,6 +111,10 @@ void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> co
     auto* shortcut = new QShortcut(keys, &widget);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
     QObject::connect(shortcut, &QShortcut::activated, &widget, std::move(command));
+}
+
+bool is_enter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
 void mark_row(QAbstractItemView& view, const QModelIndex& row) {

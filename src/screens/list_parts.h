@@ -7,6 +7,7 @@
 
 class QAbstractItemModel;
 class QAbstractItemView;
+class QKeyEvent;
 class QModelIndex;
 class QObject;
 class QSortFilterProxyModel;
@@ -32,6 +33,9 @@ void hint_when_empty(QAbstractItemView& view, const QString& hint);
 
 // `command` runs on these keys while the widget or something inside it has the focus.
 void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> command);
+
+// Return, or Enter of the number pad.
+bool is_enter(const QKeyEvent& key);
 
 // Makes the row the current one and brings it into sight; without a row none is marked.
 void mark_row(QAbstractItemView& view, const QModelIndex& row);

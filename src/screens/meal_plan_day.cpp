@@ -34,12 +34,6 @@ namespace {
 constexpr i16 return_to_planner = 1;   // of the recipe manager
 constexpr i16 return_item_to_day = 2;  // of the inventory
 
-std::optional<f64> typed_number(const std::string& typed) {
-    std::optional<f64> number;
-    trap([&] { number = whole_number_text(with_decimal_point(typed)); }, [](const Fault&) {});
-    return number;
-}
-
 }  // namespace
 
 void MealPlan::set_up_day_list() {

@@ -17,6 +17,7 @@
 #include "platform/platform.h"
 #include "screens/MealPlan.h"
 #include "screens/calendar_grid.h"
+#include "screens/list_parts.h"
 #include "screens/plan_names.h"
 #include "screens/shown_text.h"
 #include "ui_MealPlan.h"
@@ -26,10 +27,6 @@ namespace tavernook {
 namespace {
 
 constexpr int year_letters = 4;
-
-bool is_enter(const QKeyEvent& key) {
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
 
 bool is_part_of_letter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Shift || key.key() == Qt::Key_CapsLock;

@@ -7,15 +7,12 @@
 #include "core/project_data.h"
 #include "core/trap.h"
 #include "platform/platform.h"
+#include "screens/list_parts.h"
 #include "screens/shown_text.h"
 
 namespace tavernook {
 
 namespace {
-
-bool is_enter(const QKeyEvent& key) {
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
 
 bool is_digit(const QString& text) {
     return text.size() == 1 && text[0] >= QLatin1Char('0') && text[0] <= QLatin1Char('9');

@@ -51,10 +51,6 @@ bool is_plain(const QKeyEvent& key) {
     return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
-bool is_enter(const QKeyEvent& key) {
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
-
 }  // namespace
 
 // --- columns and sort ------------------------------------------------------------------------

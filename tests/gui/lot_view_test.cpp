@@ -211,6 +211,13 @@ TEST_F(LotViewScreen, AQuantityForAnEmptyLotStampsItsDates) {
     EXPECT_EQ(items[3].quantity, 7.5);
 }
 
+TEST_F(LotViewScreen, AQuantityMayHaveADecimalComma) {
+    open_lots();
+    expect_quantity_box("4", "2,5");
+    press("Return");
+    EXPECT_EQ(lots[3].lot_quantity[0], 2.5);
+}
+
 TEST_F(LotViewScreen, ACancelledBoxOrNoNumberChangesNothing) {
     open_lots();
     expect_quantity_box("4", std::nullopt);

@@ -132,5 +132,13 @@ TEST_F(ItemForm, TheWholeNumbersOfANewItemRoundHalfToEvenAndAreCheckedFirst) {
     EXPECT_EQ(items[2].in_use, 0);
 }
 
+TEST(TypedNumber, IsTheWholeTextWithPointOrComma) {
+    EXPECT_EQ(typed_number(" 2,5 "), 2.5);
+    EXPECT_EQ(typed_number("-2.5"), -2.5);
+    EXPECT_EQ(typed_number("4x"), std::nullopt);
+    EXPECT_EQ(typed_number("1,2,3"), std::nullopt);
+    EXPECT_EQ(typed_number(""), std::nullopt);
+}
+
 }  // namespace
 }  // namespace tavernook
