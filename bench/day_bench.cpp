@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <optional>
 
+#include "core/project/audit.h"
 #include "database.h"
 #include "fakes/test_platform.h"
-#include "inventory/audit.h"
 #include "inventory/lots.h"
 #include "shopping/shopping_list.h"
 #include "support/generated_projects.h"

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
+#include "core/project/project_save.h"
 #include "core/project_data.h"
-#include "core/project_save.h"
 #include "fakes/test_platform.h"
 #include "support/generated_projects.h"
 

@@ -9,9 +9,9 @@
 #include <cstdlib>
 #include <memory>
 
-#include "core/file_management.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
+#include "core/project/file_management.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
 #include "measured_pairs.h"

@@ -19,11 +19,11 @@
 #include "painting.h"
 #include "platform/platform.h"
 #include "recipes/documents.h"
-#include "screens/Main.h"
-#include "screens/SaveProgress.h"
-#include "screens/ShoppingList.h"
-#include "screens/recipe_tree_model.h"
-#include "screens/register_screens.h"
+#include "screens/cookbook/recipe_tree_model.h"
+#include "screens/frame/Main.h"
+#include "screens/frame/SaveProgress.h"
+#include "screens/frame/register_screens.h"
+#include "screens/grocery/ShoppingList.h"
 #include "support/generated_projects.h"
 
 namespace tavernook {

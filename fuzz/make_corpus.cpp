@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/settings_file_format.h"
+#include "core/project/settings_file_format.h"
 #include "memory_files.h"
 #include "whole_file.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "core/settings_file_format.h"
+#include "core/project/settings_file_format.h"
 
 namespace tavernook {
 

@@ -2,8 +2,8 @@
 // order of core/file_management.cpp.
 #pragma once
 
-#include "core/project_file_reader.h"
-#include "core/project_file_writer.h"
+#include "core/project_file/project_file_reader.h"
+#include "core/project_file/project_file_writer.h"
 
 namespace tavernook {
 

@@ -1,14 +1,13 @@
-// What nearly every test reads first, compiled once a program. Sources still name what they use: the
-// release build and the fuzz build do without this.
+// What nearly every test reads first, compiled once a program. Sources still name what they use:
+// the release build and the fuzz build do without this.
 #pragma once
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <filesystem>
 #include <functional>
+#include <gtest/gtest.h>
 #include <limits>
 #include <map>
 #include <memory>

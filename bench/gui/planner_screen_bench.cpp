@@ -12,8 +12,8 @@
 #include "fakes/test_platform.h"
 #include "painting.h"
 #include "planning/recommendations.h"
-#include "screens/MealPlan.h"
-#include "screens/calendar_grid.h"
+#include "screens/planner/MealPlan.h"
+#include "screens/planner/calendar_grid.h"
 #include "support/generated_projects.h"
 
 namespace tavernook {

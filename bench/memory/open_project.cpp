@@ -13,10 +13,10 @@
 #include "core/program_state.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
-#include "screens/Main.h"
-#include "screens/ReplaceItem.h"
-#include "screens/SaveProgress.h"
-#include "screens/register_screens.h"
+#include "screens/frame/Main.h"
+#include "screens/frame/SaveProgress.h"
+#include "screens/frame/register_screens.h"
+#include "screens/lookups/ReplaceItem.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "first_paint.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
-#include "screens/Main.h"
-#include "screens/SaveProgress.h"
+#include "screens/frame/Main.h"
+#include "screens/frame/SaveProgress.h"
 
 int main(int argc, char** argv) {
     using namespace tavernook;

@@ -1,7 +1,7 @@
 #include "aids/project_dates.h"
 
-#include "core/project_file_format.h"
-#include "core/project_file_records.h"
+#include "core/project_file/project_file_format.h"
+#include "core/project_file/project_file_records.h"
 
 namespace tavernook {
 

@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "aids/project_dates.h"
-#include "core/file_management.h"
-#include "core/main_commands.h"
-#include "core/previous_version.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
+#include "core/project/file_management.h"
+#include "core/project/main_commands.h"
+#include "core/project/previous_version.h"
+#include "core/project/recent_files.h"
 #include "core/project_data.h"
-#include "core/recent_files.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 

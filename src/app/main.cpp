@@ -1,16 +1,16 @@
 // Builds the platform, hands it over and opens the first window.
-#include "screens/Main.h"
+#include "screens/frame/Main.h"
 
 #include <QApplication>
 
 #include "app/program_start.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
-#include "screens/ReplaceItem.h"
-#include "screens/SaveProgress.h"
-#include "screens/Splash.h"
-#include "screens/register_screens.h"
-#include "screens/start_up.h"
+#include "screens/frame/SaveProgress.h"
+#include "screens/frame/Splash.h"
+#include "screens/frame/register_screens.h"
+#include "screens/frame/start_up.h"
+#include "screens/lookups/ReplaceItem.h"
 
 int main(int argc, char** argv) {
     using namespace tavernook;

@@ -11,7 +11,7 @@
 #include "platform_qt/program_files.h"
 #include "platform_qt/qt_text.h"
 #include "platform_qt/shipped_sample.h"
-#include "screens/icons.h"
+#include "screens/parts/icons.h"
 
 namespace tavernook {
 

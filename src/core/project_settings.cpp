@@ -1,8 +1,8 @@
 #include "core/project_settings.h"
 
 #include "basics/number_text.h"
-#include "core/daily_audit.h"
 #include "core/program_state.h"
+#include "core/project/daily_audit.h"
 #include "core/project_data.h"
 
 namespace tavernook {

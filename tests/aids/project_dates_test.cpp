@@ -1,7 +1,7 @@
 #include "aids/project_dates.h"
 
 #include "basics/fault_expectation.h"
-#include "core/project_file_testing.h"
+#include "core/project_file/project_file_testing.h"
 
 namespace tavernook {
 namespace {

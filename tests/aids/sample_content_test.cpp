@@ -3,7 +3,7 @@
 #include <set>
 
 #include "aids/sample_fixture.h"
-#include "core/file_management.h"
+#include "core/project/file_management.h"
 #include "core/string_storage.h"
 #include "inventory/lots.h"
 #include "recipes/roll_up.h"

@@ -1,8 +1,8 @@
 #include <sys/stat.h>
 
 #include "aids/sample_fixture.h"
-#include "core/file_management.h"
-#include "core/main_commands.h"
+#include "core/project/file_management.h"
+#include "core/project/main_commands.h"
 #include "fakes/child_process.h"
 
 namespace tavernook {

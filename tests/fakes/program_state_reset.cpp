@@ -1,10 +1,10 @@
 #include "fakes/program_state_reset.h"
 
 #include "core/catagories.h"
-#include "core/daily_audit.h"
 #include "core/name_rows.h"
-#include "core/previous_version.h"
 #include "core/program_state.h"
+#include "core/project/daily_audit.h"
+#include "core/project/previous_version.h"
 #include "core/project_data.h"
 #include "planning/planner_state.h"
 #include "recipes/documents.h"

@@ -1,6 +1,6 @@
 #include "fakes/test_platform.h"
 
-#include "core/project_claim.h"
+#include "core/project/project_claim.h"
 #include "platform/platform.h"
 
 namespace tavernook {

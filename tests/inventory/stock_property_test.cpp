@@ -3,7 +3,7 @@
 // amount to buy is negative and so is its lot; only then the scan shows a negative sum as 0.
 #include <algorithm>
 
-#include "inventory/audit_fixture.h"
+#include "core/project/audit_fixture.h"
 #include "shopping/shopping_list.h"
 
 namespace tavernook {

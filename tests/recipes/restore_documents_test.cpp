@@ -1,5 +1,5 @@
 // "No" to saving, and what a save or another project makes of the changed documents.
-#include "core/session_testing.h"
+#include "core/project/session_testing.h"
 #include "recipes/documents_fixture.h"
 
 namespace tavernook {

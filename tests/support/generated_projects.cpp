@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/project_data.h"
-#include "core/project_file_format.h"
+#include "core/project_file/project_file_format.h"
 #include "inventory/lots.h"
 
 namespace tavernook {

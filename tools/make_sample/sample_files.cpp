@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "aids/sample_project.h"
-#include "core/project_file_writer.h"
+#include "core/project_file/project_file_writer.h"
 #include "platform_disk/disk_files.h"
 
 namespace tavernook::make_sample {

@@ -1,0 +1,74 @@
+#include "core/project/daily_audit.h"
+
+#include <string>
+
+#include "basics/number_text.h"
+#include "core/program_state.h"
+#include "core/project/audit.h"
+#include "core/project_data.h"
+#include "core/trap.h"
+#include "platform/platform.h"
+#include "shopping/shopping_list.h"
+
+namespace tavernook {
+
+i16 audit_done_flag = i16_false;
+
+namespace {
+
+bool is_audit_minute(const TimeOfDay& now) {
+    const bool hour_fits = now.hour == audit_hour || now.hour == audit_hour - 12;
+    return hour_fits && now.minute == audit_minute;
+}
+
+void check_clock() {
+    const TimeOfDay now = time_from_date(platform_clock().now());
+    if (audit_done_flag == 0 && project_open != 0 && is_audit_minute(now)) {
+        audit_done_flag = i16_true;
+        audit_and_list();
+    }
+    if (now.minute != audit_minute) audit_done_flag = i16_false;
+    main_window().set_status(activity_panel, "Ready");
+}
+
+void end_after(const Fault& fault) {
+    show_fault(
+        "There has been an error in the Tavernook software.  Please report the error number " +
+        std::to_string(fault.number) + " to Brenwyk Software.  Tavernook will now close.");
+    main_window().end_program();
+}
+
+}  // namespace
+
+void audit_and_list() {
+    audit_inventory();
+    build_shopping_list();
+    if (ports::ShoppingList* list = shopping_list()) list->populate_list();
+}
+
+void daily_audit_check() {
+    trap(check_clock, end_after);
+}
+
+void audit_now() {
+    trap_in_main("Audit_Now", [] {
+        if (ports::MealPlan* planner = meal_plan()) planner->CalendarUpdate(ports::month_in_view);
+        audit_and_list();
+        ports::MealPlan* planner = meal_plan();
+        if (planner == nullptr) return;
+        planner->populate_day();
+        planner->set_firstcall();
+    });
+}
+
+void show_audit_time() {
+    std::string time = "-:-";
+    if (audit_hour >= 1 && audit_hour <= 24) {
+        const bool morning = audit_hour <= 12;
+        time = std::to_string(morning ? audit_hour : audit_hour - 12) + ":" +
+               format_number(audit_minute, "00") + (morning ? " AM" : " PM");
+    }
+    main_window().set_status(audit_time_panel, "Audit Time: " + time);
+}
+
+}  // namespace tavernook

@@ -1,0 +1,89 @@
+#include "screens/frame/SaveProgress.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QProgressBar>
+#include <QThread>
+#include <QWindow>
+#include <algorithm>
+
+#include "platform/platform.h"
+#include "screens/parts/shown_text.h"
+#include "ui_SaveProgress.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr double patience = 0.5 / 86400.0;  // half a second in days
+constexpr int comfortable_letters = 48;
+
+}  // namespace
+
+SaveProgress::SaveProgress(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      ui_(std::make_unique<Ui::SaveProgress>()) {
+    ui_->setupUi(this);
+    ui_->label->setMinimumWidth(fontMetrics().averageCharWidth() * comfortable_letters);
+}
+
+SaveProgress::~SaveProgress() = default;
+
+void SaveProgress::load(std::string_view caption, std::string_view label) {
+    running_ = true;
+    setWindowTitle(shown_text(caption));
+    ui_->bar->setValue(0);
+    set_label(label);
+}
+
+void SaveProgress::show() {
+    if (!wanted_since_) wanted_since_ = platform_clock().now();
+}
+
+void SaveProgress::set_label(std::string_view label) {
+    ui_->label->setText(shown_text(label));
+    setAccessibleDescription(ui_->label->text());
+    come_up_when_due();
+    paint_now();
+}
+
+void SaveProgress::workbar(int percent) {
+    ui_->bar->setValue(std::clamp(percent, 0, 100));
+    come_up_when_due();
+    paint_now();
+}
+
+void SaveProgress::hide() {
+    wanted_since_.reset();
+    QDialog::hide();
+}
+
+void SaveProgress::unload() {
+    hide();
+    running_ = false;
+}
+
+void SaveProgress::come_up_when_due() {
+    if (!wanted_since_ || isVisible()) return;
+    if (platform_clock().now() - *wanted_since_ > patience) come_up();
+}
+
+// A new window can be painted only after the desktop has answered. A desktop that does not is not
+// waited for.
+void SaveProgress::come_up() {
+    adjustSize();
+    QDialog::show();
+    const QDeadlineTimer deadline(200);
+    while (!windowHandle()->isExposed() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
+}
+
+void SaveProgress::paint_now() {
+    if (!isVisible()) return;
+    layout()->activate();
+    repaint();
+}
+
+}  // namespace tavernook

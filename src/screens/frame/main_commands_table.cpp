@@ -1,0 +1,110 @@
+#include "screens/frame/main_commands_table.h"
+
+#include "core/project/daily_audit.h"
+#include "core/project/main_commands.h"
+#include "screens/frame/Main.h"
+#include "screens/frame/ProjectSetup.h"
+
+namespace tavernook {
+
+namespace {
+
+void new_project(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_NewProject();
+}
+void open(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_Open();
+}
+void save(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_Save();
+}
+void save_as(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_SaveAs();
+}
+void close_project(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_Close();
+}
+void leave(Main&) {
+    mnuFile_Exit();
+}
+void help(Main&) {
+    load_help();
+}
+void help_search(Main&) {
+    load_search();
+}
+void about(Main& window) {
+    window.show_about();
+}
+void project_setup(Main& window) {
+    ProjectSetup(&window).exec();
+}
+void audit(Main&) {
+    audit_now();
+}
+void tile(Main& window) {
+    window.tile();
+}
+void cascade(Main& window) {
+    window.cascade();
+}
+
+constexpr const char* none = nullptr;
+
+// clang-format off
+constexpr MainCommand commands[] = {
+    {"mnuFile_NewProject", new_project, none, Needs::nothing, none, "Start a new project."},
+    {"mnuFile_Open", open, none, Needs::nothing, none, "Open a project from a file."},
+    {"mnuFile_Save", save, none, Needs::project, none, "Save the open project."},
+    {"mnuFile_SaveAs", save_as, none, Needs::project, none, "Save the open project under another name and go on with that."},
+    {"mnuFile_Close", close_project, none, Needs::project, none, "Close the open project."},
+    {"mnuFile_Backup", nullptr, none, Needs::project, none, "Copy the project with all its files into one back-up file."},
+    {"mnuFile_Restore", nullptr, none, Needs::nothing, none, "Bring a project back from a back-up file."},
+    {"mnuFile_Package", nullptr, none, Needs::project, none, "Pack the project to pass it on."},
+    {"mnuFile_Unpack", nullptr, none, Needs::nothing, none, "Unpack a project that was passed on."},
+    {"mnuFile_CSVExport", nullptr, none, Needs::project, none, "Write the project's lists for use in a spreadsheet."},
+    {"mnuFile_Merge", nullptr, none, Needs::project, none, "Take in the items and recipes of another project."},
+    {"mnuFile_Exit", leave, none, Needs::nothing, none, "Leave Tavernook."},
+    {"mnuProject_MealPlanning", nullptr, "MealPlan", Needs::project, none, "Plan meals on the calendar."},
+    {"mnuProject_FoodInventory", nullptr, "FoodInventory", Needs::project, none, "See and change what is in stock."},
+    {"mnuProject_MealBuilder", nullptr, "Mealbuilder", Needs::project, none, "See and write recipes."},
+    {"Project_Setup", project_setup, none, Needs::project, none, "Change the project's settings."},
+    {"Project_ScanList", nullptr, none, Needs::another_place, none, "Use the \"Scan List\" button of the toolbar."},
+    {"Project_ShoppingList", nullptr, "ShoppingList", Needs::project, none, "See what has to be bought."},
+    {"mnu_wam", nullptr, "wam", Needs::project, none, "See and change weights and measures."},
+    {"mnu_barcode", nullptr, "BCBuild", Needs::project, none, "Make a sheet of barcode labels."},
+    {"Project_Calculator", nullptr, none, Needs::another_place, none, "Use the \"Calculator\" button of the toolbar."},
+    {"Project_SendtoWeb", nullptr, none, Needs::project, none, "Publish calendar and lists on the web."},
+    {"mnu_vii", nullptr, "VII", Needs::project, none, "Work by ear: everything is spoken."},
+    {"mnu_tile", tile, none, Needs::child_window, none, "Arrange the open screens side by side."},
+    {"mnu_cascade", cascade, none, Needs::child_window, none, "Arrange the open screens one behind the other."},
+    {"mnu_tvkhelp", help, none, Needs::nothing, none, "Show the help pages."},
+    {"mnu_tut", nullptr, "Dialog", Needs::nothing, none, "Learn Tavernook in short lessons."},
+    {"mnuhelp_search", help_search, none, Needs::nothing, none, "Search the help pages for a word."},
+    {"mnu_about", about, none, Needs::nothing, none, "Show the version and the licence."},
+
+    {"toolbar_1_1", new_project, none, Needs::nothing, "new", "Start a new project."},
+    {"toolbar_1_2", open, none, Needs::nothing, "open", "Open a project from a file."},
+    {"toolbar_1_3", save, none, Needs::project_button, "save", "Save the open project."},
+    {"toolbar_1_5", project_setup, none, Needs::project_button, "setup", "Change the project's settings."},
+    {"toolbar_1_7", nullptr, "FoodInventory", Needs::project_button, "inventory", "See and change what is in stock."},
+    {"toolbar_1_8", nullptr, "MealPlan", Needs::project_button, "meal_plan", "Plan meals on the calendar."},
+    {"toolbar_1_9", nullptr, "Mealbuilder", Needs::project_button, "recipes", "See and write recipes."},
+    {"toolbar_1_11", help, none, Needs::nothing, "help", "Show the help pages."},
+    {"toolbar_2_1", nullptr, "Reports", Needs::project_button, "reports", "Find, list and print."},
+    {"toolbar_2_2", nullptr, "CS1504GETUPC", Needs::project_button, "scan_list", "See the scanned codes and book them."},
+    {"toolbar_2_3", nullptr, "ShoppingList", Needs::project_button, "grocery_list", "See what has to be bought."},
+    {"toolbar_2_4", nullptr, "BCBuild", Needs::project_button, "barcodes", "Make a sheet of barcode labels."},
+    {"toolbar_2_5", nullptr, "wam", Needs::project_button, "measures", "See and change weights and measures."},
+    {"toolbar_2_6", audit, none, Needs::project_button, "audit", "Take what was planned out of the stock now."},
+    {"toolbar_2_7", nullptr, "Calculator", Needs::nothing, "calculator", "Work something out."},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const MainCommand> main_commands() {
+    return commands;
+}
+
+}  // namespace tavernook

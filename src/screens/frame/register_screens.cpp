@@ -1,0 +1,52 @@
+#include "screens/frame/register_screens.h"
+
+#include "platform/platform.h"
+#include "screens/cookbook/Mealbuilder.h"
+#include "screens/frame/Main.h"
+#include "screens/frame/screen_registry.h"
+#include "screens/grocery/ShoppingList.h"
+#include "screens/lookups/StoresForm.h"
+#include "screens/lookups/UnitsForm.h"
+#include "screens/lookups/wam.h"
+#include "screens/pantry/FoodInventory.h"
+#include "screens/pantry/LotView.h"
+#include "screens/planner/MealPlan.h"
+
+namespace tavernook {
+
+namespace {
+
+template <typename Screen>
+void add(ScreenRegistry& registry, const char* name) {
+    registry.add(QLatin1String(name), [] { return new Screen; });
+}
+
+ScreenRegistry* present_registry() {
+    return dynamic_cast<ScreenRegistry*>(&screens());
+}
+
+}  // namespace
+
+void register_screens(Main& main) {
+    ScreenRegistry& registry = main.registry();
+    add<FoodInventory>(registry, "FoodInventory");
+    add<LotView>(registry, "LotView");
+    add<Mealbuilder>(registry, "Mealbuilder");
+    add<ShoppingList>(registry, "ShoppingList");
+    add<MealPlan>(registry, "MealPlan");
+    add<StoresForm>(registry, "StoresForm");
+    add<UnitsForm>(registry, "UnitsForm");
+    add<wam>(registry, "wam");
+}
+
+QWidget* show_screen(const QString& name) {
+    ScreenRegistry* registry = present_registry();
+    return registry != nullptr && registry->show(name) ? registry->loaded(name) : nullptr;
+}
+
+QWidget* load_screen(const QString& name) {
+    ScreenRegistry* registry = present_registry();
+    return registry != nullptr && registry->load(name) ? registry->loaded(name) : nullptr;
+}
+
+}  // namespace tavernook

@@ -1,0 +1,155 @@
+#include "screens/parts/list_parts.h"
+
+#include <QAbstractItemModel>
+#include <QAction>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSortFilterProxyModel>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "screens/parts/table_copy.h"
+
+namespace tavernook {
+
+namespace {
+
+class RoomyRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        const int line = option.fontMetrics.height();
+        return {size.width(), std::max(size.height(), line + line / 2)};
+    }
+};
+
+class SortedRows : public QSortFilterProxyModel {
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+  protected:
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
+        const QVariant a = left.data(sortRole());
+        const QVariant b = right.data(sortRole());
+        if (a.typeId() != QMetaType::QString) return QSortFilterProxyModel::lessThan(left, right);
+        return a.toString().toCaseFolded().localeAwareCompare(b.toString().toCaseFolded()) < 0;
+    }
+};
+
+QLabel* new_hint(QAbstractItemView& view, const QString& name) {
+    auto* label = new QLabel(view.viewport());
+    label->setObjectName(name);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    label->setForegroundRole(QPalette::Text);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* layout = new QVBoxLayout(view.viewport());
+    layout->addWidget(label);
+    return label;
+}
+
+}  // namespace
+
+void space_rows(QAbstractItemView& view) {
+    view.setItemDelegate(new RoomyRows(&view));
+}
+
+void dress_list(QTreeView& view) {
+    space_rows(view);
+    view.setRootIsDecorated(false);
+    view.setItemsExpandable(false);
+    view.setUniformRowHeights(true);
+    view.setAllColumnsShowFocus(true);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view.setTabKeyNavigation(false);
+    view.header()->setSortIndicatorClearable(true);
+    view.header()->setSortIndicator(-1, Qt::AscendingOrder);
+    view.header()->setStretchLastSection(false);
+    view.setSortingEnabled(true);
+    copy_rows_by_keys(view);
+}
+
+QSortFilterProxyModel* sorted_rows_of(QAbstractItemModel& model, QObject* parent) {
+    auto* sorted = new SortedRows(parent);
+    sorted->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    sorted->setSourceModel(&model);
+    return sorted;
+}
+
+void hint_when_empty(QAbstractItemView& view, const QString& hint) {
+    const QString name = view.objectName() + QLatin1String("_hint");
+    auto* label = view.viewport()->findChild<QLabel*>(name);
+    const bool is_new = label == nullptr;
+    if (is_new) label = new_hint(view, name);
+    label->setText(hint);
+    const QAbstractItemModel* model = view.model();
+    const auto follow = [&view, model, label] {
+        const bool empty = model->rowCount() == 0;
+        label->setVisible(empty);
+        view.setAccessibleDescription(empty ? label->text() : QString());
+    };
+    follow();
+    if (!is_new) return;
+    QObject::connect(model, &QAbstractItemModel::rowsInserted, label, follow);
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, label, follow);
+    QObject::connect(model, &QAbstractItemModel::modelReset, label, follow);
+}
+
+void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> command) {
+    auto* shortcut = new QShortcut(keys, &widget);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, &widget, std::move(command));
+}
+
+bool is_enter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+void mark_row(QAbstractItemView& view, const QModelIndex& row) {
+    if (row.isValid()) {
+        view.setCurrentIndex(row);
+        view.scrollTo(row);
+    } else {
+        view.selectionModel()->clear();
+    }
+}
+
+void on_command(QWidget& screen, const char* name, std::function<void()> command) {
+    const QLatin1String wanted(name);
+    if (auto* action = screen.findChild<QAction*>(wanted)) {
+        QObject::connect(action, &QAction::triggered, &screen, std::move(command));
+    } else {
+        auto* button = screen.findChild<QAbstractButton*>(wanted);
+        QObject::connect(button, &QAbstractButton::clicked, &screen, std::move(command));
+    }
+}
+
+void enter_presses_buttons(QWidget& screen) {
+    for (QPushButton* button : screen.findChildren<QPushButton*>()) button->setAutoDefault(true);
+}
+
+void close_screen(QWidget& screen) {
+    if (auto* child = qobject_cast<QMdiSubWindow*>(screen.parentWidget())) {
+        child->close();
+    } else {
+        screen.close();
+    }
+}
+
+int letters_wide(const QWidget& widget, int letters) {
+    return widget.fontMetrics().averageCharWidth() * letters;
+}
+
+}  // namespace tavernook

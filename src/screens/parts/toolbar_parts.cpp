@@ -1,0 +1,34 @@
+#include "screens/parts/toolbar_parts.h"
+
+#include <QAction>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "screens/parts/icons.h"
+
+namespace tavernook {
+
+void fill_toolbar(QWidget& screen, QToolBar& bar,
+                  const std::vector<std::pair<int, const char*>>& icons) {
+    bar.setAccessibleName(bar.windowTitle());
+    for (const auto& [position, name] : icons) {
+        if (name == nullptr) {
+            bar.addSeparator();
+            continue;
+        }
+        auto* action =
+            screen.findChild<QAction*>(QStringLiteral("%1_%2").arg(bar.objectName()).arg(position));
+        action->setIcon(icon(QLatin1String(name)));
+        bar.addAction(action);
+        auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+        button->setObjectName(action->objectName() + QLatin1String("_button"));
+        // With its mnemonic, which the button drops whenever the action changes.
+        const auto show_text = [button, action] { button->setText(action->text()); };
+        show_text();
+        QObject::connect(action, &QAction::changed, button, show_text);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(action->iconText());
+    }
+}
+
+}  // namespace tavernook

@@ -1,0 +1,119 @@
+#include "screens/text/recipe_pane.h"
+
+#include <QEvent>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include "rich_text/rtf_reader.h"
+#include "rich_text/rtf_writer.h"
+#include "screens/text/recipe_text.h"
+#include "screens/text/recipe_toolbar.h"
+
+namespace tavernook {
+
+RecipePane::RecipePane(QWidget* parent)
+    : QWidget(parent), text_(new RecipeText(this)), toolbar_(new RecipeToolbar(*text_, *this)) {
+    text_->setObjectName(QStringLiteral("recipe_text"));
+    text_->setAccessibleName(tr("Recipe text"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(toolbar_);
+    column->addWidget(text_, 1);
+    const std::vector<QWidget*> parts = parts_in_order();
+    for (std::size_t i = 1; i < parts.size(); ++i) setTabOrder(parts[i - 1], parts[i]);
+    setFocusProxy(text_);
+    connect(text_, &QTextEdit::textChanged, this, [this] {
+        if (!loading_) Q_EMIT changed();
+    });
+    connect(text_, &RecipeText::pointer_moved, toolbar_, &RecipeToolbar::follow_caret);
+    connect(text_, &RecipeText::picture_refused, this, &RecipePane::tell_refused_picture,
+            Qt::QueuedConnection);
+    connect(toolbar_, &RecipeToolbar::picture_wanted, this, &RecipePane::InsertImage);
+    connect(toolbar_, &RecipeToolbar::barcode_wanted, this, &RecipePane::barcode_wanted);
+    connect(toolbar_, &RecipeToolbar::information_wanted, this, &RecipePane::information_wanted);
+    text_->take_paper(palette());
+    set_editable(false);
+}
+
+void RecipePane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) text_->take_paper(palette());
+}
+
+void RecipePane::load(std::string_view rich_text) {
+    const rtf::Content content = rtf::parse(rich_text);
+    const QScopedValueRollback<bool> quiet(loading_, true);
+    text_->replace_with(content);
+    settle_text();
+    toolbar_->follow_caret();
+}
+
+std::string RecipePane::rich_text() const {
+    return rtf::written(*text_->document());
+}
+
+void RecipePane::clear() {
+    const QScopedValueRollback<bool> quiet(loading_, true);
+    text_->empty();
+    settle_text();
+    toolbar_->follow_caret();
+}
+
+bool RecipePane::is_changed() const {
+    return text_->document()->isModified();
+}
+
+void RecipePane::set_unchanged() {
+    text_->document()->setModified(false);
+}
+
+void RecipePane::set_editable(bool editable) {
+    editable_ = editable;
+    const auto reading = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+    text_->setTextInteractionFlags(editable ? Qt::TextEditorInteraction : reading);
+    toolbar_->set_usable(editable);
+    text_->setPlaceholderText(editable ? tr("Write down here how the recipe is made.")
+                                       : tr("Choose a recipe to read it here."));
+    settle_text();
+}
+
+void RecipePane::settle_text() {
+    text_->setEnabled(editable_ || !text_->document()->isEmpty());
+}
+
+void RecipePane::add_text(const QString& text) {
+    text_->textCursor().insertText(text);
+    text_->ensureCursorVisible();
+}
+
+void RecipePane::add_lines(const QStringList& lines) {
+    text_->moveCursor(QTextCursor::End);
+    QTextCursor cursor = text_->textCursor();
+    cursor.beginEditBlock();
+    for (const QString& line : lines) {
+        cursor.insertText(line);
+        cursor.insertBlock();
+    }
+    cursor.endEditBlock();
+    text_->ensureCursorVisible();
+}
+
+bool RecipePane::insert_picture(const QImage& picture) {
+    return text_->insert_picture(picture);
+}
+
+QToolBar& RecipePane::toolbar() {
+    return toolbar_->bar();
+}
+
+QTextEdit& RecipePane::text() {
+    return *text_;
+}
+
+std::vector<QWidget*> RecipePane::parts_in_order() {
+    std::vector<QWidget*> parts = toolbar_->tab_stops();
+    parts.push_back(text_);
+    return parts;
+}
+
+}  // namespace tavernook

@@ -1,0 +1,481 @@
+// What the main window looks like and answers, idle and with a project.
+#include <QMdiArea>
+#include <QPushButton>
+#include <QToolBar>
+#include <QToolButton>
+#include <set>
+#include <vector>
+
+#include "screens/frame/About.h"
+#include "screens/frame/register_screens.h"
+#include "screens/main_window_fixture.h"
+
+namespace tavernook {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class MainWindow : public MainWindowTest {
+  protected:
+    void SetUp() override {
+        register_screens(window);
+        start();
+    }
+
+    QMenu& menu(const char* name) { return *window.findChild<QMenu*>(QLatin1String(name)); }
+    QToolBar& bar(const char* name) { return *window.findChild<QToolBar*>(QLatin1String(name)); }
+
+    // "name|caption", "-" for a separator, hidden entries left out.
+    static Texts entries(const QMenu& menu) {
+        Texts found;
+        for (const QAction* entry : menu.actions()) {
+            if (!entry->isVisible()) continue;
+            found.push_back(
+                entry->isSeparator() ? "-"
+                : entry->menu()
+                    ? entry->menu()->objectName().toStdString() + "|" + entry->text().toStdString()
+                    : entry->objectName().toStdString() + "|" + entry->text().toStdString());
+        }
+        return found;
+    }
+
+    // Every command, submenus included.
+    std::vector<QAction*> all_commands() {
+        std::vector<QAction*> found;
+        for (QAction* one : window.findChildren<QAction*>()) {
+            const QString name = one->objectName();
+            const bool ours = name.startsWith("mnu") || name.startsWith("Project_") ||
+                              name.startsWith("toolbar_");
+            if (ours && one->isVisible() && one->menu() == nullptr) found.push_back(one);
+        }
+        return found;
+    }
+
+    void bring_project() {
+        platform.dialogs.expect_save("New Project", platform.path("home.tvk"));
+        press("Ctrl+N");
+    }
+};
+
+TEST_F(MainWindow, TheMenusStandInTheirOrder) {
+    Texts titles;
+    for (const QAction* one : window.menuBar()->actions()) {
+        titles.push_back(one->text().toStdString());
+    }
+    EXPECT_EQ(titles, (Texts{"&File", "&Project", "&Window", "&Help"}));
+    EXPECT_EQ(entries(menu("mnuFile")),
+              (Texts{"mnuFile_NewProject|&New Project", "mnuFile_Open|&Open Project",
+                     "mnuFile_Save|&Save Project", "mnuFile_SaveAs|S&ave Project As",
+                     "mnuFile_Close|Close Project", "-", "mnuProjectTransfer|Project &Transfer",
+                     "-", "mnuFile_Exit|&Exit", "-"}));
+    EXPECT_EQ(entries(menu("mnuProjectTransfer")),
+              (Texts{"mnuFile_Backup|&Back-up Project...", "mnuFile_Restore|&Restore Project...",
+                     "mnuFile_Package|&Package Project...", "mnuFile_Unpack|&Unpack Project...",
+                     "mnuFile_CSVExport|&CSV Export...", "mnuFile_Merge|&Merge Project..."}));
+    EXPECT_EQ(
+        entries(menu("mnuProject")),
+        (Texts{"mnuProject_MealPlanning|&Meal Planning", "mnuProject_FoodInventory|&Item Inventory",
+               "mnuProject_MealBuilder|&Recipe Manager", "Project_Setup|Project Setup",
+               "Project_ScanList|Scan List", "Project_ShoppingList|Grocery List",
+               "mnu_wam|Weights and Measures", "mnu_barcode|Barcode List",
+               "Project_Calculator|Calculator", "Project_SendtoWeb|Send to Web", "-",
+               "mnu_vii|Spoken Interface"}));
+    EXPECT_EQ(entries(menu("mnuWindow")), (Texts{"mnu_tile|Tile", "mnu_cascade|Cascade"}));
+    EXPECT_EQ(entries(menu("mnuHelp")),
+              (Texts{"mnu_tvkhelp|Tavernook Help", "mnu_tut|Tavernook Tutorial",
+                     "mnuhelp_search|Search Help", "mnu_about|About Tavernook"}));
+}
+
+TEST_F(MainWindow, TheToolbarsStandByPosition) {
+    const auto captions = [](const QToolBar& toolbar) {
+        Texts found;
+        for (const QAction* one : toolbar.actions()) {
+            found.push_back(one->isSeparator() ? "-" : one->iconText().trimmed().toStdString());
+        }
+        return found;
+    };
+    EXPECT_EQ(captions(bar("toolbar_1")),
+              (Texts{"New Project", "Open Project", "Save Project", "-", "Project Setup", "-",
+                     "Item Inventory", "Meal Planning", "Recipes", "-", "Help"}));
+    EXPECT_EQ(captions(bar("toolbar_2")), (Texts{"Reports", "Scan List", "Grocery List", "Barcodes",
+                                                 "Measures", "Audit Now", ""}));
+    const QList<QAction*> first = bar("toolbar_1").actions();
+    for (qsizetype i = 0; i < first.size(); ++i) {
+        if (first[i]->isSeparator()) continue;
+        EXPECT_EQ(first[i]->objectName(), QStringLiteral("toolbar_1_%1").arg(i + 1));
+    }
+}
+
+TEST_F(MainWindow, CaptionsComeAndGoAndTooltipsStay) {
+    const auto check = [&](Qt::ToolButtonStyle style) {
+        for (const char* name : {"toolbar_1", "toolbar_2"}) {
+            for (QAction* one : bar(name).actions()) {
+                auto* button = qobject_cast<QToolButton*>(bar(name).widgetForAction(one));
+                if (button == nullptr) continue;
+                EXPECT_EQ(button->toolButtonStyle(), style) << button->objectName().toStdString();
+                EXPECT_TRUE(button->toolTip().startsWith(one->text()));
+                EXPECT_EQ(button->accessibleName(), one->text());
+            }
+        }
+    };
+    check(Qt::ToolButtonTextUnderIcon);
+    const int with_captions = bar("toolbar_1").sizeHint().height();
+    window.set_toolbar_captions(false);
+    check(Qt::ToolButtonIconOnly);
+    EXPECT_LT(bar("toolbar_1").sizeHint().height(), with_captions);
+    window.set_toolbar_captions(true);
+    check(Qt::ToolButtonTextUnderIcon);
+}
+
+TEST_F(MainWindow, IdleOnlyWhatNeedsNoProjectIsEnabled) {
+    std::set<std::string> enabled;
+    for (const QAction* one : all_commands()) {
+        if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
+    }
+    EXPECT_EQ(enabled, (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Exit",
+                                              "mnu_tvkhelp", "mnuhelp_search", "mnu_about",
+                                              "toolbar_1_1", "toolbar_1_2", "toolbar_1_11"}));
+}
+
+TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
+    bring_project();
+    std::set<std::string> enabled;
+    for (const QAction* one : all_commands()) {
+        if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
+    }
+    EXPECT_EQ(enabled, (std::set<std::string>{"mnuFile_NewProject",
+                                              "mnuFile_Open",
+                                              "mnuFile_Save",
+                                              "mnuFile_SaveAs",
+                                              "mnuFile_Close",
+                                              "mnuFile_Exit",
+                                              "mnuProject_FoodInventory",
+                                              "mnuProject_MealBuilder",
+                                              "toolbar_1_9",
+                                              "toolbar_1_7",
+                                              "Project_ShoppingList",
+                                              "toolbar_2_3",
+                                              "mnu_wam",
+                                              "Project_Setup",
+                                              "toolbar_1_5",
+                                              "mnuProject_MealPlanning",
+                                              "toolbar_1_8",
+                                              "mnu_tvkhelp",
+                                              "mnuhelp_search",
+                                              "mnu_about",
+                                              "toolbar_1_1",
+                                              "toolbar_1_2",
+                                              "toolbar_1_3",
+                                              "toolbar_1_11",
+                                              "toolbar_2_5",
+                                              "toolbar_2_6"}));
+}
+
+TEST_F(MainWindow, ADisabledCommandSaysWhy) {
+    EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project. Open a project first.");
+    EXPECT_EQ(action("mnu_tile").statusTip(),
+              "Arrange the open screens side by side. No screen is open.");
+    EXPECT_EQ(action("mnu_barcode").statusTip(),
+              "Make a sheet of barcode labels. Not available in this version.");
+    EXPECT_EQ(action("Project_ScanList").statusTip(),
+              "Use the \"Scan List\" button of the toolbar.");
+    EXPECT_EQ(action("Project_Calculator").statusTip(),
+              "Use the \"Calculator\" button of the toolbar.");
+    bring_project();
+    EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project.");
+}
+
+TEST_F(MainWindow, EveryCommandHasTextAndTips) {
+    const std::vector<QAction*> commands = all_commands();
+    EXPECT_EQ(commands.size(), 29u + 15u);  // the menus' entries and the toolbars' buttons
+    for (const QAction* one : commands) {
+        const std::string name = one->objectName().toStdString();
+        EXPECT_FALSE(one->text().trimmed().isEmpty()) << name;
+        EXPECT_FALSE(one->toolTip().trimmed().isEmpty()) << name;
+        EXPECT_FALSE(one->statusTip().trimmed().isEmpty()) << name;
+    }
+}
+
+TEST_F(MainWindow, EveryPartHasAnAccessibleName) {
+    for (const char* name :
+         {"toolbar_1", "toolbar_2", "mdi_area", "status_panel_1", "status_panel_2",
+          "status_panel_3", "StartPage", "start_new", "start_open", "start_sample"}) {
+        auto* part = window.findChild<QWidget*>(QLatin1String(name));
+        ASSERT_NE(part, nullptr) << name;
+        EXPECT_FALSE(part->accessibleName().isEmpty()) << name;
+    }
+}
+
+TEST_F(MainWindow, MnemonicsAreUniqueInEachMenu) {
+    window.set_recent_files({"/a/one.tvk", "/a/two.tvk", "/a/three.tvk"});
+    QList<const QWidget*> places{window.menuBar()};
+    for (const QMenu* one : window.findChildren<QMenu*>()) places.append(one);
+    for (const QWidget* place : places) {
+        std::set<QString> seen;
+        for (const QAction* entry : place->actions()) {
+            const QString keys = QKeySequence::mnemonic(entry->text()).toString();
+            if (keys.isEmpty() || !entry->isVisible()) continue;
+            EXPECT_TRUE(seen.insert(keys).second)
+                << place->objectName().toStdString() << ": " << entry->text().toStdString();
+        }
+    }
+}
+
+TEST_F(MainWindow, NoTwoCommandsShareAShortcut) {
+    std::set<QString> seen;
+    for (const QAction* one : all_commands()) {
+        for (const QKeySequence& keys : one->shortcuts()) {
+            EXPECT_TRUE(seen.insert(keys.toString()).second) << keys.toString().toStdString();
+        }
+    }
+    EXPECT_EQ(seen, (std::set<QString>{"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+Shift+S", "Ctrl+W",
+                                       "Ctrl+Q", "F1"}));
+}
+
+TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
+    bring_project();
+    const std::vector<std::pair<const char*, const char*>> menus = {
+        {"Alt+F", "mnuFile"}, {"Alt+P", "mnuProject"}, {"Alt+H", "mnuHelp"}};
+    int reached = 0;
+    for (const auto& [keys, name] : menus) {
+        for (const QAction* entry : menu(name).actions()) {
+            if (entry->isSeparator() || !entry->isVisible() || !entry->isEnabled()) continue;
+            EXPECT_TRUE(walk_to(keys, *entry)) << entry->text().toStdString();
+            press("Escape");
+            press("Escape");
+            ++reached;
+        }
+    }
+    // Six commands and the submenu of File; settings, items, recipes, planner, measures and list;
+    // Help without the lessons.
+    EXPECT_EQ(reached, 7 + 6 + 3);
+}
+
+TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
+    window.set_toolbar_captions(false);  // all buttons have room
+    settle();
+    const auto focused = [] { return QApplication::focusWidget()->objectName().toStdString(); };
+    EXPECT_EQ(focused(), "start_new");
+    press("F6");
+    EXPECT_EQ(focused(), "toolbar_1_1_button");
+    press("Tab");
+    EXPECT_EQ(focused(), "toolbar_1_2_button");
+    press("Tab");
+    EXPECT_EQ(focused(), "toolbar_1_11_button");
+    press("F6");
+    EXPECT_EQ(focused(), "start_new");
+    press("Tab");
+    EXPECT_EQ(focused(), "start_open");
+    press("Tab");
+    EXPECT_EQ(focused(), "start_sample");
+}
+
+TEST_F(MainWindow, TheStatusBarHasThreePanels) {
+    EXPECT_EQ(panel(3), "Start-up");
+    window.set_status(1, "Caf\xe9 opened");
+    window.set_status(audit_time_panel, "Audit Time: 9:05 PM");
+    window.set_status(activity_panel, "Ready");
+    EXPECT_EQ(panel(1), "Café opened");
+    EXPECT_EQ(panel(2), "Audit Time: 9:05 PM");
+    EXPECT_EQ(panel(3), "Ready");
+    window.set_status(0, "nowhere");
+    window.set_status(4, "nowhere");
+    EXPECT_EQ(panel(1), "Café opened");
+}
+
+// Counts the paintings of a widget.
+class PaintCount : public QObject {
+  public:
+    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++paints;
+        return false;
+    }
+    int paints = 0;
+};
+
+TEST_F(MainWindow, AStatusTextIsLaidOutAndPaintedAtOnce) {
+    settle();
+    auto* label = window.findChild<QLabel*>("status_panel_2");
+    const PaintCount count(label);
+    EXPECT_LT(label->width(), label->fontMetrics().horizontalAdvance("Audit Time: 9:05 PM"));
+    window.set_status(audit_time_panel, "Audit Time: 9:05 PM");
+    EXPECT_GE(count.paints, 1);
+    EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance("Audit Time: 9:05 PM"));
+}
+
+TEST_F(MainWindow, TheTitleMayHoldTheSignOfAPlaceholder) {
+    window.set_title("Tavernook - a[*].tvk");
+    EXPECT_EQ(window.title(), "Tavernook - a[*].tvk");
+    EXPECT_EQ(shown_title(), "Tavernook - a[*][*].tvk");  // Qt shows the doubled sign once
+}
+
+TEST_F(MainWindow, RecentFilesFillUpToSixPlacesAndBlanksAreLeftOut) {
+    window.set_recent_files({"/a/1.tvk", "", "/a/2.tvk", "/a/3.tvk"});
+    EXPECT_EQ(action("mnuRecentFile_2").text(), "&2 2.tvk");
+    EXPECT_EQ(action("mnuRecentFile_2").toolTip(), "/a/2.tvk");
+    EXPECT_TRUE(action("mnuRecentFile_3").isVisible());
+    EXPECT_FALSE(action("mnuRecentFile_4").isVisible());
+    window.set_recent_files({});
+    EXPECT_FALSE(action("mnuRecentFile_1").isVisible());
+}
+
+TEST_F(MainWindow, TheStartPageOffersTheTwoCommandsAndTheRecentProjects) {
+    const std::string path = project_on_disk("home.tvk");
+    window.set_recent_files({path});
+    auto* line = window.findChild<QLabel*>("start_line");
+    EXPECT_EQ(line->text(), "Open a project or start a new one.");
+    auto* link = window.findChild<QPushButton*>("recent_link_1");
+    ASSERT_NE(link, nullptr);
+    EXPECT_TRUE(link->isVisible());
+    link->click();
+    EXPECT_EQ(project_open, i16_true);
+    window.registry().hide_all();  // the planner has come up
+    settle();
+    EXPECT_EQ(window.findChild<QLabel*>("start_heading")->text(), "home.tvk");
+    EXPECT_TRUE(line->text().startsWith("This household is open."));
+    EXPECT_FALSE(window.findChild<QWidget*>("start_new")->isVisible());
+    settle();
+    press("Ctrl+W");
+    EXPECT_TRUE(window.findChild<QWidget*>("start_new")->isVisible());
+    platform.dialogs.expect_open("Open Project", cancelled);
+    window.findChild<QToolButton*>("start_open")->click();
+    platform.dialogs.expect_save("New Project", cancelled);
+    window.findChild<QToolButton*>("start_new")->click();
+}
+
+TEST_F(MainWindow, AllZeroGeometryIsTheDesignedSize) {
+    const QRect screen = window.screen()->availableGeometry();
+    window.set_geometry({});
+    EXPECT_EQ(window.width(), screen.width() * 7 / 10);
+    EXPECT_EQ(window.height(), screen.height() * 7 / 10);
+}
+
+TEST_F(MainWindow, GeometryComesBackAsItWasSet) {
+    const WindowGeometry wanted{.height = 510, .width = 620, .left = 33, .top = 44};
+    window.set_geometry(wanted);
+    EXPECT_EQ(window.geometry(), wanted);
+}
+
+TEST_F(MainWindow, MaximisedItRemembersItsNormalPlace) {
+    const WindowGeometry wanted{.height = 510, .width = 620, .left = 33, .top = 44};
+    window.set_geometry(wanted);
+    settle();
+    window.showMaximized();
+    settle();
+    EXPECT_EQ(window.geometry(), wanted);
+    EXPECT_TRUE(window.close());
+    EXPECT_EQ(platform.settings.get("Window", "Maximised"), "1");
+}
+
+TEST_F(MainWindow, ToolbarsAndMaximisingAreRestored) {
+    bar("toolbar_2").hide();
+    window.showMaximized();
+    settle();
+    EXPECT_TRUE(window.close());
+    Main next;
+    next.load("");
+    next.show();
+    EXPECT_TRUE(next.isMaximized());
+    EXPECT_TRUE(next.findChild<QToolBar*>("toolbar_2")->isHidden());
+    EXPECT_FALSE(next.findChild<QToolBar*>("toolbar_1")->isHidden());
+}
+
+TEST_F(MainWindow, TheTimersTakeTurns) {
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Ready");
+    EXPECT_FALSE(tick("timer_1"));
+    project_modified = i16_true;
+    EXPECT_EQ(shown_title(), "Tavernook");
+    EXPECT_TRUE(tick("timer_2"));
+    EXPECT_EQ(shown_title(), "Tavernook*");
+    EXPECT_FALSE(tick("timer_2"));
+    EXPECT_TRUE(tick("timer_1"));
+    window.enable_timer(false);
+    EXPECT_FALSE(tick("timer_1"));
+    EXPECT_FALSE(tick("timer_2"));
+    window.enable_timer(true);
+    EXPECT_TRUE(tick("timer_1"));
+}
+
+TEST_F(MainWindow, TheAuditWaitsForWorkAndBoxes) {
+    EXPECT_EQ(panel(3), "Start-up");
+    window.progress().load("Saving Project", "Saving Project....");
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Start-up");
+    window.progress().unload();
+    EXPECT_TRUE(tick("timer_2"));
+    platform.dialogs.expect_open("Open Project", cancelled).during([this] {
+        EXPECT_TRUE(tick("timer_1"));
+    });
+    press("Ctrl+O");
+    EXPECT_EQ(panel(3), "Start-up");
+    EXPECT_TRUE(tick("timer_2"));
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Ready");
+}
+
+// A day of last year that takes one of ten bags of flour.
+void plan_a_bag_of_flour() {
+    items[7].in_use = 1;
+    items[7].serving_size = 2;
+    items[7].servings_per_qty_unit = 4;
+    items[7].quantity = 10;
+    days[1].in_use = 1;
+    days[1].month = days[1].day = 3;
+    days[1].year = 2023;
+    days[1].planned_item[1] = 7;
+    day_quantities[1].item_quantity[1] = 8;
+}
+
+TEST_F(MainWindow, AuditNowTakesThePlanOutOfTheStock) {
+    bring_project();
+    plan_a_bag_of_flour();
+    action("toolbar_2_6").trigger();
+    EXPECT_EQ(items[7].quantity, 9);
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_FALSE(window.progress().isVisible());
+    EXPECT_EQ(panel(3), "Auditing...");
+    EXPECT_EQ(shown_title(), "Tavernook - home.tvk*");
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Ready");
+    project_modified = 0;
+}
+
+TEST_F(MainWindow, TheChosenMinuteAuditsByItself) {
+    bring_project();
+    plan_a_bag_of_flour();
+    audit_hour = 12;  // it is 12:00
+    audit_minute = 0;
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(items[7].quantity, 9);
+    EXPECT_EQ(panel(3), "Ready");
+    EXPECT_TRUE(tick("timer_2"));
+    EXPECT_EQ(shown_title(), "Tavernook - home.tvk*");
+    project_modified = 0;
+}
+
+TEST_F(MainWindow, EndingTheProgramAsksAndStoresNothing) {
+    bring_project();
+    project_modified = i16_true;
+    window.end_program();
+    EXPECT_EQ(ends, 1);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(tick("timer_1"));
+    EXPECT_FALSE(tick("timer_2"));
+    EXPECT_TRUE(platform.settings.get("Window", "Toolbars").empty());
+}
+
+TEST_F(MainWindow, TheAboutBoxOpensAndClosesByTheKeyboard) {
+    choose("Alt+H", "mnu_about");
+    auto* about = window.findChild<About*>();
+    ASSERT_NE(about, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(about));
+    EXPECT_EQ(about->windowTitle(), "About Tavernook");
+    EXPECT_TRUE(about->findChild<QLabel*>("about_licence")->text().contains("LGPL"));
+    QTest::keyClick(about, Qt::Key_Return);
+    EXPECT_FALSE(about->isVisible());
+}
+
+}  // namespace
+}  // namespace tavernook

@@ -1,0 +1,304 @@
+// What the shopping list's screen shows, and its commands.
+#include <QToolBar>
+
+#include "screens/grocery/shopping_list_fixture.h"
+#include "screens/pantry/FoodInventory.h"
+#include "screens/parts/list_font.h"
+
+namespace tavernook {
+namespace {
+
+TEST_F(ShoppingListScreen, IsCalledGroceryListAndOpensFromTheMenuAndTheToolbar) {
+    choose("Alt+P", "Project_ShoppingList");
+    EXPECT_TRUE(is_open("ShoppingList"));
+    open_list();
+    EXPECT_EQ(screen->windowTitle(), "Grocery List");
+    screen->parentWidget()->close();
+    settle();
+    EXPECT_FALSE(is_open("ShoppingList"));
+    action("toolbar_2_3").trigger();
+    EXPECT_TRUE(is_open("ShoppingList"));
+}
+
+TEST_F(ShoppingListScreen, AnswersForItsPortWhileItIsLoaded) {
+    EXPECT_EQ(shopping_list(), nullptr);
+    open_list();
+    EXPECT_EQ(shopping_list(), dynamic_cast<ports::ShoppingList*>(screen));
+    screen->parentWidget()->close();
+    settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(shopping_list(), nullptr);
+}
+
+TEST_F(ShoppingListScreen, ShowsWhatIsOnTheListByNumberWithAllColumns) {
+    open_list();
+    Texts titles;
+    for (int i = 0; i < list().model()->columnCount(); ++i) {
+        titles.push_back(list().model()->headerData(i, Qt::Horizontal).toString().toStdString());
+    }
+    EXPECT_EQ(titles, (Texts{"Item", "Category", "Store", "SO", "Quantity", "Cost/Unit", "Units",
+                             "Sub Total"}));
+    EXPECT_EQ(names(), (Texts{"Apples", "Milk", "Bread"}));
+    EXPECT_EQ(column(list(), 2), (Texts{"Market", "Market", "Baker"}));
+    EXPECT_EQ(column(list(), 3), (Texts{"07", "03", "12"}));
+    EXPECT_EQ(column(list(), 4), (Texts{"10.00", "2.00", "1.00"}));
+    EXPECT_EQ(column(list(), 5), (Texts{"$0.25", "$1.50", "$4.00"}));
+    EXPECT_EQ(column(list(), 7), (Texts{"$2.50", "$3.00", "$4.00"}));
+    EXPECT_EQ(list().model()->index(2, 0).data(Qt::UserRole), "5t");
+    const auto alignment = [this](int column) {
+        return list().model()->index(0, column).data(Qt::TextAlignmentRole).toInt();
+    };
+    for (const int amount : {3, 4, 5, 7}) EXPECT_TRUE(alignment(amount) & Qt::AlignRight);
+    for (const int text : {0, 1, 2, 6}) EXPECT_TRUE(alignment(text) & Qt::AlignLeft);
+}
+
+// 2.50 + 3.00 + 4.00 = 9.50; with 7.5 % on top 10.2125.
+TEST_F(ShoppingListScreen, TheTotalHasTheTaxInItAndIsTheBiggest) {
+    open_list();
+    EXPECT_EQ(label("total_label"), "$10.21");
+    EXPECT_EQ(label("tax_label"), "7.50%");
+    EXPECT_EQ(label("count_label"), "3 items");
+    EXPECT_GT(part("total_label").font().pointSizeF(), part("tax_label").font().pointSizeF());
+    EXPECT_TRUE(part("total_label").font().bold());
+}
+
+TEST_F(ShoppingListScreen, AnEmptyListSaysSoInOneLine) {
+    for (const i16 item : {apples, milk, bread}) items[item].on_shopping_list = 0;
+    open_list();
+    auto& hint = part<QLabel>("shopping_list_hint");
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_TRUE(hint.text().startsWith("Nothing to buy."));
+    EXPECT_EQ(label("total_label"), "$.00");
+    EXPECT_EQ(label("count_label"), "0 items");
+}
+
+TEST_F(ShoppingListScreen, WithoutAnyItemThePickListSaysWhatToDoFirst) {
+    for (const i16 item : {apples, milk, bread, salt}) items[item] = ItemRecord{};
+    open_list();
+    EXPECT_TRUE(part<QLabel>("quick_pick_list_hint").isVisible());
+    EXPECT_TRUE(label("quick_pick_list_hint").starts_with("No items yet."));
+}
+
+TEST_F(ShoppingListScreen, DeleteTakesTheSelectedRowOffAndMarksTheNext) {
+    open_list();
+    choose_row(1);
+    press("Delete");
+    expect_off_list(milk, 0);
+    EXPECT_EQ(names(), (Texts{"Apples", "Bread"}));
+    EXPECT_EQ(selected_names(list()), Texts{"Bread"});
+    EXPECT_EQ(selected_list_item, bread);
+    EXPECT_EQ(status(), "Milk is off the list.");
+    EXPECT_EQ(project_modified, -1);
+}
+
+TEST_F(ShoppingListScreen, SeveralRowsAreRemovedAtOnce) {
+    open_list();
+    choose_row(0);
+    click_row(list(), 2, Qt::ControlModifier);
+    press("Delete");
+    EXPECT_EQ(names(), Texts{"Milk"});
+    EXPECT_EQ(status(), "2 items are off the list.");
+}
+
+TEST_F(ShoppingListScreen, TheLastRowRemovedLeavesNothingSelected) {
+    open_list();
+    choose_row(0);
+    press("Ctrl+A");
+    press("Delete");
+    EXPECT_EQ(names(), Texts{});
+    EXPECT_EQ(selected_list_item, 0);
+    press("Delete");  // nothing to remove, nothing happens
+    press("F2");
+}
+
+TEST_F(ShoppingListScreen, F2ChangesTheQuantity) {
+    items[milk].quantity = 0.5;
+    open_list();
+    choose_row(1);
+    platform.boxes.expect_input("Current Quantity = 0.5\nEnter new quantity:", "Change Quantity",
+                                "2", "3.5");
+    press("F2");
+    EXPECT_EQ(items[milk].shopping_quantity, 3.5);
+    EXPECT_EQ(column(list(), 4), (Texts{"10.00", "3.50", "1.00"}));
+    // 2.50 + 5.25 + 4.00 = 11.75; with tax 12.63125.
+    EXPECT_EQ(label("total_label"), "$12.63");
+    EXPECT_EQ(selected_names(list()), Texts{"Milk"});
+}
+
+TEST_F(ShoppingListScreen, AQuantityThatIsNoNumberTakesTheRowFromSight) {
+    open_list();
+    choose_row(1);
+    platform.boxes.expect_input("Current Quantity = 0\nEnter new quantity:", "Change Quantity", "2",
+                                "a few");
+    press("F2");
+    EXPECT_EQ(names(), (Texts{"Apples", "Bread"}));
+    EXPECT_EQ(items[milk].on_shopping_list, -1);
+    EXPECT_EQ(selected_list_item, 0);
+}
+
+TEST_F(ShoppingListScreen, ThePopupHasItsFourCommands) {
+    open_list();
+    Texts captions;
+    for (const QAction* one : part<QMenu>("popmenu2").actions()) {
+        captions.push_back(plain(one->text()));
+    }
+    EXPECT_EQ(captions,
+              (Texts{"Add Item", "Remove Item", "Adjust Quantity", "Adjust Store Order"}));
+    press("Shift+F10");
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);  // no row is selected
+    choose_row(1);
+    press("Shift+F10");
+    ASSERT_EQ(QApplication::activePopupWidget(), &part<QMenu>("popmenu2"));
+    press("R");
+    EXPECT_EQ(names(), (Texts{"Apples", "Bread"}));
+}
+
+TEST_F(ShoppingListScreen, TheStoreOrderIsTheItemsOwn) {
+    open_list();
+    choose_row(0);
+    press("Shift+F10");
+    platform.boxes.expect_input(
+        "Current store order = 7\nEnter new store order:", "Change Store Order", "7", "11");
+    press("S");
+    EXPECT_EQ(items[apples].store_order, 11);
+    EXPECT_EQ(column(list(), 3), (Texts{"11", "03", "12"}));
+}
+
+TEST_F(ShoppingListScreen, AStoreOrderBeyondItsRangeTellsOfAnError) {
+    open_list();
+    choose_row(0);
+    press("Shift+F10");
+    platform.boxes.expect_input(
+        "Current store order = 7\nEnter new store order:", "Change Store Order", "7", "99999");
+    platform.boxes.expect_message("there has been an error");
+    press("S");
+    EXPECT_EQ(items[apples].store_order, 7);
+}
+
+TEST_F(ShoppingListScreen, AddItemOpensTheInventoryThatHandsItsItemsHere) {
+    open_list();
+    QTest::mouseClick(&part("list_toolbar_1_button"), Qt::LeftButton);
+    ASSERT_TRUE(is_open("FoodInventory"));
+    EXPECT_EQ(window.registry().loaded("FoodInventory")->parentWidget()->isVisible(), true);
+    auto* inventory = window.registry().loaded("FoodInventory");
+    items[salt].shopping_quantity = 1;
+    food_inventory()->view_item(salt, i16_true);
+    auto* add = inventory->findChild<QAbstractButton*>("add_item");
+    EXPECT_TRUE(add->isVisible());
+    add->click();
+    EXPECT_EQ(names(), (Texts{"Apples", "Milk", "Bread", "Salt"}));
+}
+
+TEST_F(ShoppingListScreen, ADoubleClickAndEnterShowTheItem) {
+    open_list();
+    double_click_row(list(), 2);
+    ASSERT_NE(food_inventory(), nullptr);
+    EXPECT_EQ(food_inventory()->getindex(), bread);
+    open_list();
+    choose_row(0);
+    press("Return");
+    EXPECT_EQ(food_inventory()->getindex(), apples);
+}
+
+TEST_F(ShoppingListScreen, OneClickPutsTheListInStock) {
+    open_list();
+    EXPECT_EQ(plain(part<QAction>("list_toolbar_5").text()), "Put in Stock");
+    QTest::mouseClick(&part("list_toolbar_5_button"), Qt::LeftButton);
+    EXPECT_EQ(names(), Texts{});
+    expect_off_list(apples, 10);  // the quantity stays for the next time
+    EXPECT_EQ(lot_total(apples), 10);
+    EXPECT_EQ(lot_total(bread), 1);
+    EXPECT_EQ(lot_total(salt), 0);
+    EXPECT_EQ(items[milk].last_restock_date, 45427);  // 15 May 2024
+    EXPECT_EQ(label("total_label"), "$.00");
+    EXPECT_EQ(status(), "3 items were put in stock.");
+    EXPECT_EQ(focused(), "Text1");
+}
+
+TEST_F(ShoppingListScreen, PutInStockIsTheBiggestButton) {
+    open_list();
+    const QWidget& stock = part("list_toolbar_5_button");
+    for (const char* other : {"list_toolbar_1_button", "list_toolbar_2_button"}) {
+        EXPECT_GT(stock.width(), part(other).width());
+        EXPECT_GT(stock.font().pointSizeF(), part(other).font().pointSizeF());
+    }
+}
+
+TEST_F(ShoppingListScreen, TheToolbarStandsInItsOrder) {
+    open_list();
+    Texts captions;
+    for (const QAction* one : part<QToolBar>("list_toolbar").actions()) {
+        captions.push_back(plain(one->text()));
+    }
+    EXPECT_EQ(captions, (Texts{"Add Items", "Print", "Save List", "Load List", "Put in Stock"}));
+}
+
+TEST_F(ShoppingListScreen, BothListsFollowTheFontSizeOfTheProject) {
+    font_size = 17;
+    open_list();
+    EXPECT_EQ(list().font().pointSize(), 17);
+    EXPECT_EQ(picks().font().pointSize(), 17);
+    apply_font_size(9);
+    EXPECT_EQ(list().font().pointSize(), 9);
+    EXPECT_EQ(picks().font().pointSize(), 9);
+    font_size = 0;
+}
+
+TEST_F(ShoppingListScreen, AnItemAcceptedOnItsFormComesOnTheListWhenItIsLow) {
+    items[salt].stock_quantity = 4;
+    items[salt].restock_quantity = 1;
+    open_list();
+    double_click_row(list(), 0);
+    food_inventory()->view_item(salt, i16_true);
+    food_inventory()->accept_item(false);
+    EXPECT_EQ(names(), (Texts{"Apples", "Milk", "Bread", "Salt"}));
+    expect_on_list(salt, 4);
+}
+
+TEST_F(ShoppingListScreen, WhatIsNotThereYetSaysSo) {
+    open_list();
+    for (const char* name : {"list_toolbar_2", "list_toolbar_3", "list_toolbar_4"}) {
+        EXPECT_FALSE(part<QAction>(name).isEnabled());
+        EXPECT_EQ(part<QAction>(name).toolTip(), "Not available in this version.");
+    }
+}
+
+TEST_F(ShoppingListScreen, FindingTakesNoNoticeOfCapitalsAndAccents) {
+    put_food(4,
+             "Cr\xE8me fra\xEE"
+             "che",
+             1, 1, 1, "5555");
+    open_list();
+    const int all = picks().model()->rowCount();
+    find_box().setText("CREME fraiche");
+    ASSERT_EQ(picks().model()->rowCount(), 1);
+    EXPECT_EQ(picks().model()->index(0, 0).data().toString(), QString::fromUtf8("Crème fraîche"));
+    find_box().clear();
+    EXPECT_EQ(picks().model()->rowCount(), all);
+}
+
+TEST_F(ShoppingListScreen, CloseLeavesTheScreen) {
+    open_list();
+    click("close_button");
+    settle();
+    EXPECT_FALSE(is_open("ShoppingList"));
+}
+
+TEST_F(ShoppingListScreen, EscapeGoesBackStepByStep) {
+    open_list();
+    type("12");
+    press("Ctrl+F");
+    type("x");
+    press("Escape");
+    EXPECT_EQ(entry().text(), "");
+    EXPECT_EQ(find_box().text(), "x");
+    press("Escape");
+    EXPECT_EQ(find_box().text(), "");
+    EXPECT_TRUE(is_open("ShoppingList"));
+    press("Escape");
+    settle();
+    EXPECT_FALSE(is_open("ShoppingList"));
+}
+
+}  // namespace
+}  // namespace tavernook

@@ -1,0 +1,124 @@
+// A real main window over fakes of the outside, driven as a user drives it.
+#pragma once
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QTimer>
+#include <QTimerEvent>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "core/program_state.h"
+#include "core/project_data.h"
+#include "fakes/test_platform.h"
+#include "gui_support/warning_guard.h"
+#include "platform/platform.h"
+#include "screens/frame/Main.h"
+#include "screens/frame/SaveProgress.h"
+#include "screens/lookups/ReplaceItem.h"
+
+namespace tavernook {
+
+class MainWindowTest : public testing::Test {
+  protected:
+    MainWindowTest() {
+        QApplication::setQuitOnLastWindowClosed(false);
+        set_platform({.clock = &platform.clock,
+                      .boxes = &platform.boxes,
+                      .file_dialogs = &platform.dialogs,
+                      .files = &platform.files,
+                      .settings_store = &platform.settings,
+                      .file_associations = &platform.associations,
+                      .project_lock = &platform.lock,
+                      .system_info = &platform.system,
+                      .help_viewer = &platform.help,
+                      .save_progress = &window.progress(),
+                      .main = &window,
+                      .screens = &window.registry(),
+                      .replace_item = &replacement});
+        QObject::connect(&window, &Main::unloaded, &window, [this] { ++ends; });
+    }
+
+    void start(const std::string& command_line = "") {
+        window.load(command_line);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    // A project on the disk under this name, which is closed again.
+    std::string project_on_disk(const std::string& name) {
+        const std::string path = platform.path(name);
+        platform.dialogs.expect_save("New Project", path);
+        press("Ctrl+N");
+        press("Ctrl+W");
+        EXPECT_TRUE(platform.disk.exists(path));
+        return path;
+    }
+
+    void open_by_keys(const std::string& path) {
+        platform.dialogs.expect_open("Open Project", path);
+        press("Ctrl+O");
+    }
+
+    // As from the keyboard, into whatever has the focus.
+    void press(const char* keys) {
+        const QKeyCombination combination = QKeySequence(QLatin1String(keys))[0];
+        QWidget* target = QApplication::activePopupWidget();
+        if (target == nullptr) target = QApplication::focusWidget();
+        if (target == nullptr) target = &window;
+        QTest::keyClick(target, combination.key(), combination.keyboardModifiers());
+    }
+
+    QAction& action(const char* name) {
+        auto* found = window.findChild<QAction*>(QLatin1String(name));
+        if (found == nullptr) throw std::runtime_error(std::string("no action ") + name);
+        return *found;
+    }
+
+    // Walks down the menu (opened by its own letter) to the entry; false when the keyboard never
+    // comes there.
+    bool walk_to(const char* menu_keys, const QAction& entry) {
+        press(menu_keys);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return false;
+        for (qsizetype step = 0; step <= menu->actions().size(); ++step) {
+            if (menu->activeAction() == &entry) return true;
+            QTest::keyClick(menu, Qt::Key_Down);
+        }
+        press("Escape");
+        return false;
+    }
+
+    void choose(const char* menu_keys, const char* name) {
+        ASSERT_TRUE(walk_to(menu_keys, action(name))) << name;
+        press("Return");
+    }
+
+    std::string panel(int number) {
+        auto* label = window.findChild<QLabel*>(QStringLiteral("status_panel_%1").arg(number));
+        return label->text().toStdString();
+    }
+    std::string shown_title() { return window.windowTitle().toStdString(); }
+
+    // One tick, without waiting for it; false when the timer was not running.
+    bool tick(const char* timer_name) {
+        auto* timer = window.findChild<QTimer*>(QLatin1String(timer_name));
+        if (!timer->isActive()) return false;
+        QTimerEvent event(timer->timerId());
+        QCoreApplication::sendEvent(timer, &event);
+        return true;
+    }
+
+    static void settle() { QCoreApplication::processEvents(); }
+
+    TestPlatform platform;
+    ReplacementScreen replacement;
+    Main window;
+    int ends = 0;
+};
+
+}  // namespace tavernook
