@@ -24,6 +24,7 @@
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/register_screens.h"
 #include "screens/grocery/ShoppingList.h"
+#include "screens/parts/screen_switch.h"
 #include "support/generated_projects.h"
 
 namespace tavernook {

@@ -17,6 +17,7 @@
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/register_screens.h"
 #include "screens/lookups/ReplaceItem.h"
+#include "screens/parts/screen_switch.h"
 
 namespace {
 

@@ -32,6 +32,9 @@ class Table {
     Record& operator[](i64 slot) { return records()[checked(slot)]; }
     const Record& operator[](i64 slot) const { return records()[checked(slot)]; }
 
+    // False as long as nobody has come for a record: all of them are Record{} then.
+    bool is_touched() const { return made_; }
+
     // All entries, 0 included.
     auto begin() { return records().begin(); }
     auto end() { return records().end(); }

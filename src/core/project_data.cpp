@@ -1,5 +1,7 @@
 #include "core/project_data.h"
 
+#include "core/changes.h"
+
 namespace tavernook {
 
 Table<ItemRecord, item_capacity> items;
@@ -95,6 +97,7 @@ void reset_meals() {
 }  // namespace
 
 void reset_project_tables() {
+    forget_rows();
     reset_items();
     reset_catagories();
     blank_slots(days);

@@ -18,6 +18,8 @@ struct WindowGeometry {
     bool operator==(const WindowGeometry&) const = default;
 };
 
+// Panels of the status bar.
+inline constexpr int message_panel = 1;
 inline constexpr int audit_time_panel = 2;
 inline constexpr int activity_panel = 3;
 

@@ -18,8 +18,14 @@ class FoodInventory {
     // A nonzero `select` marks the item in the tree, which is rebuilt.
     virtual void view_item(i16 item, i16 select) = 0;
 
-    // What "Add Item to ..." does: 0 nothing, 1 into the recipe, 2 into the day, 3 sets its
-    // quantity in the recipe, 4 onto the shopping list.
+    // What "Add Item to ..." does.
+    enum ReturnMode : i16 {
+        returns_nowhere = 0,
+        adds_to_recipe = 1,
+        adds_to_day = 2,
+        sets_quantity_in_recipe = 3,
+        adds_to_shopping_list = 4
+    };
     virtual void set_return(i16 mode) = 0;
     virtual void set_view(i16 view) = 0;  // 0 the tree of categories, anything else one list
     virtual void new_item() = 0;
@@ -50,7 +56,8 @@ class Mealbuilder {
     // Selects the recipe's node and shows list and document; what was shown before is saved first.
     virtual void set_meal(i16 recipe) = 0;
 
-    // 1: opened by the planner, which comes back to the front when this screen closes; 0: nobody.
+    // Opened by the planner, which comes back to the front when this screen closes, or by nobody.
+    enum ReturnMode : i16 { returns_nowhere = 0, returns_to_planner = 1 };
     virtual void set_return(i16 mode) = 0;
 
     // Writes the document shown, when it was changed, to its file. False when that failed.

@@ -17,6 +17,7 @@
 
 #include "screens/frame/register_screens.h"
 #include "screens/main_window_fixture.h"
+#include "screens/parts/screen_switch.h"
 
 namespace tavernook {
 

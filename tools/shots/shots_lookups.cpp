@@ -16,6 +16,7 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
 #include "screens/pantry/LotView.h"
+#include "screens/parts/screen_switch.h"
 
 namespace tavernook {
 

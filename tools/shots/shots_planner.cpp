@@ -15,6 +15,7 @@
 #include "recipes/meals.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/planner/calendar_grid.h"
 
 namespace tavernook {

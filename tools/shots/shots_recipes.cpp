@@ -20,6 +20,7 @@
 #include "rich_text/rtf_writer.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
+#include "screens/parts/screen_switch.h"
 
 namespace tavernook {
 

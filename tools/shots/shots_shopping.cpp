@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
+#include "screens/parts/screen_switch.h"
 
 namespace tavernook {
 

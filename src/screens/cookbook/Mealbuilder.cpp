@@ -20,10 +20,10 @@
 #include "recipes/recipe_names.h"
 #include "screens/cookbook/ingredients_model.h"
 #include "screens/cookbook/recipe_tree_model.h"
-#include "screens/frame/register_screens.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/name_boxes.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/toolbar_parts.h"
 #include "screens/text/recipe_pane.h"
 #include "ui_Mealbuilder.h"
@@ -32,7 +32,6 @@ namespace tavernook {
 
 namespace {
 
-constexpr int hint_panel = 1;
 constexpr i16 general_catagory = 1;
 
 QString planner() {
@@ -172,7 +171,7 @@ void Mealbuilder::update_commands() {
 }
 
 void Mealbuilder::tell(const std::string& text) {
-    main_window().set_status(hint_panel, text);
+    main_window().set_status(message_panel, text);
 }
 
 // Items, units and recipes may have changed while the user was elsewhere. No box here: it would
@@ -345,8 +344,8 @@ void Mealbuilder::closeEvent(QCloseEvent* event) {
     bool may_close = false;
     trap_in_screen([&] { may_close = !busy_ && settle_edits(); });
     event->setAccepted(may_close);
-    if (!may_close || return_mode_ != 1) return;
-    return_mode_ = 0;
+    if (!may_close || return_mode_ != returns_to_planner) return;
+    return_mode_ = returns_nowhere;
     QMetaObject::invokeMethod(
         qApp, [] { show_screen(planner()); }, Qt::QueuedConnection);
 }

@@ -17,11 +17,11 @@
 #include "recipes/recipe_names.h"
 #include "screens/cookbook/Mealbuilder.h"
 #include "screens/cookbook/ingredients_model.h"
-#include "screens/frame/register_screens.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/name_boxes.h"
 #include "screens/parts/quantity_box.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "ui_Mealbuilder.h"
 
@@ -29,8 +29,6 @@ namespace tavernook {
 
 namespace {
 
-constexpr i16 adds_to_recipe = 1;  // return modes of the inventory
-constexpr i16 sets_quantity = 3;
 constexpr int unit_letters = 12;
 constexpr const char* no_recipe = "No recipe is shown in the recipe manager.";
 
@@ -202,7 +200,7 @@ void Mealbuilder::set_ingredient_qty(i16 item, f64 quantity, i16 recipe) {
 
 void Mealbuilder::choose_ingredient() {
     if (show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
-    food_inventory()->set_return(adds_to_recipe);
+    food_inventory()->set_return(ports::FoodInventory::adds_to_recipe);
 }
 
 void Mealbuilder::change_quantity() {
@@ -221,7 +219,7 @@ void Mealbuilder::open_item() {
     const i16 item = selected_item();
     if (item == 0 || show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
     food_inventory()->view_item(item, i16_true);
-    food_inventory()->set_return(sets_quantity);
+    food_inventory()->set_return(ports::FoodInventory::sets_quantity_in_recipe);
 }
 
 // `remove_ingredient` takes a letter off both ends of a key, and the list's keys have none in

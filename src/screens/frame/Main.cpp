@@ -25,7 +25,6 @@ namespace tavernook {
 namespace {
 
 constexpr const char* settings_section = "Window";
-constexpr int hint_panel = 1;
 
 QList<QRect> places_on_screens() {
     QList<QRect> places{QGuiApplication::primaryScreen()->availableGeometry()};
@@ -163,7 +162,7 @@ void Main::run(const std::function<void()>& command) {
     if (busy_ > 0 || gone_) return;
     {
         const Busy busy(*this);
-        set_status(hint_panel, "");
+        set_status(message_panel, "");
         command();
     }
     if (!gone_) refresh();
@@ -198,7 +197,8 @@ void Main::open_path(const std::string& path) {
 void Main::tell_when_not_opened(const std::string& path) {
     if (project_load_failed == 0) return;
     const QString name = shown_path(file_name_part(path));
-    set_status(hint_panel, text_from_utf8(tr("%1 could not be opened.").arg(name).toStdString()));
+    set_status(message_panel,
+               text_from_utf8(tr("%1 could not be opened.").arg(name).toStdString()));
 }
 
 void Main::show_about() {

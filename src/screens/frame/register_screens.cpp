@@ -1,6 +1,5 @@
 #include "screens/frame/register_screens.h"
 
-#include "platform/platform.h"
 #include "screens/cookbook/Mealbuilder.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/screen_registry.h"
@@ -21,10 +20,6 @@ void add(ScreenRegistry& registry, const char* name) {
     registry.add(QLatin1String(name), [] { return new Screen; });
 }
 
-ScreenRegistry* present_registry() {
-    return dynamic_cast<ScreenRegistry*>(&screens());
-}
-
 }  // namespace
 
 void register_screens(Main& main) {
@@ -37,16 +32,6 @@ void register_screens(Main& main) {
     add<StoresForm>(registry, "StoresForm");
     add<UnitsForm>(registry, "UnitsForm");
     add<wam>(registry, "wam");
-}
-
-QWidget* show_screen(const QString& name) {
-    ScreenRegistry* registry = present_registry();
-    return registry != nullptr && registry->show(name) ? registry->loaded(name) : nullptr;
-}
-
-QWidget* load_screen(const QString& name) {
-    ScreenRegistry* registry = present_registry();
-    return registry != nullptr && registry->load(name) ? registry->loaded(name) : nullptr;
 }
 
 }  // namespace tavernook

@@ -9,10 +9,11 @@
 #include <map>
 
 #include "platform/main_window.h"
+#include "screens/parts/screen_switch.h"
 
 namespace tavernook {
 
-class ScreenRegistry : public ports::Screens {
+class ScreenRegistry : public ports::Screens, public ScreenSwitch {
   public:
     // Makes a screen; it becomes the content of a child window and goes with it.
     using Factory = std::function<QWidget*()>;
@@ -27,13 +28,13 @@ class ScreenRegistry : public ports::Screens {
     bool knows(const QString& name) const { return factories_.count(name) > 0; }
 
     // Nothing while the screen is not loaded.
-    QWidget* loaded(const QString& name) const;
+    QWidget* loaded(const QString& name) const override;
 
     // These return false for a screen that is not known. `show` brings a loaded screen to the
     // front; the first child window comes up as it was last left, at first maximised, and further
     // ones follow what the user has.
-    bool load(const QString& name);
-    bool show(const QString& name);
+    bool load(const QString& name) override;
+    bool show(const QString& name) override;
 
     // Lets every loaded screen ask about edits that were not accepted yet; false as soon as the
     // user wants to stay with some.

@@ -10,11 +10,11 @@
 #include "core/project_data.h"
 #include "core/trap.h"
 #include "platform/platform.h"
-#include "screens/frame/register_screens.h"
 #include "screens/grocery/rows_in_place.h"
 #include "screens/grocery/shopping_rows_model.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "shopping/shopping_list.h"
 #include "ui_ShoppingList.h"
@@ -22,9 +22,6 @@
 namespace tavernook {
 
 namespace {
-
-constexpr int message_panel = 1;
-constexpr i16 onto_the_list = 4;  // the item screen's return mode
 
 std::vector<ListColumn> all_columns() {
     return {list_columns.begin(), list_columns.end()};
@@ -149,7 +146,8 @@ void ShoppingList::escape() {
 
 void ShoppingList::add_from_inventory() {
     if (show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
-    if (ports::FoodInventory* screen = food_inventory()) screen->set_return(onto_the_list);
+    if (ports::FoodInventory* screen = food_inventory())
+        screen->set_return(screen->adds_to_shopping_list);
 }
 
 void ShoppingList::remove_selected() {

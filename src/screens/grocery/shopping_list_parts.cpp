@@ -20,7 +20,6 @@ namespace tavernook {
 
 namespace {
 
-constexpr int message_panel = 1;
 constexpr const char* section = "Screens";
 constexpr const char* sort_key = "ShoppingList.Sort";
 

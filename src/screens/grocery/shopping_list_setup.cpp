@@ -21,7 +21,6 @@ namespace tavernook {
 
 namespace {
 
-constexpr int message_panel = 1;
 constexpr int name_letters = 16;  // at least
 
 QFont larger(QFont font, double times) {

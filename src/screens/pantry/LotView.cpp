@@ -21,9 +21,9 @@
 #include "inventory/lots.h"
 #include "inventory/shown_quantity.h"
 #include "platform/platform.h"
-#include "screens/frame/register_screens.h"
 #include "screens/pantry/lots_model.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "ui_LotView.h"
 
@@ -32,7 +32,6 @@ namespace tavernook {
 namespace {
 
 constexpr int comfortable_letters = 120;
-constexpr int hint_panel = 1;
 
 QDate today() {
     const CivilDate now = civil_from_date(platform_clock().now());
@@ -224,7 +223,7 @@ void LotView::ModQuantity() {
     if (!typed || still_here.isNull()) return;
     const std::optional<f64> quantity = typed_number(*typed);
     if (quantity) return change([&] { set_lot_quantity(item_, *quantity, place); });
-    main_window().set_status(hint_panel,
+    main_window().set_status(message_panel,
                              "\"" + *typed + "\" is not a number; the lot keeps its quantity.");
 }
 

@@ -21,8 +21,6 @@ namespace tavernook {
 
 namespace {
 
-constexpr int message_panel = 1;
-
 QDate today() {
     const CivilDate now = civil_from_date(platform_clock().now());
     return {now.year, now.month, now.day};
@@ -195,13 +193,14 @@ void FoodInventory::set_return(i16 mode) {
 }
 
 void FoodInventory::update_return() {
-    const char* label = return_mode_ == 1   ? "Add Item to Meal"
-                        : return_mode_ == 2 ? "Add Item to Day"
-                                            : "Add Item to ...";
-    const char* tip = return_mode_ == 1   ? "Adds this item to the recipe."
-                      : return_mode_ == 2 ? "Adds this item to the planned day."
-                      : return_mode_ == 3 ? "Sets the quantity of this item in the recipe."
-                                          : "Puts this item on the shopping list.";
+    const char* label = return_mode_ == adds_to_recipe ? "Add Item to Meal"
+                        : return_mode_ == adds_to_day  ? "Add Item to Day"
+                                                       : "Add Item to ...";
+    const char* tip = return_mode_ == adds_to_recipe ? "Adds this item to the recipe."
+                      : return_mode_ == adds_to_day  ? "Adds this item to the planned day."
+                      : return_mode_ == sets_quantity_in_recipe
+                          ? "Sets the quantity of this item in the recipe."
+                          : "Puts this item on the shopping list.";
     ui_->add_item->setText(QLatin1String(label));
     ui_->add_item->setToolTip(tr(tip));
     ui_->add_item->setAccessibleDescription(ui_->add_item->toolTip());
@@ -209,7 +208,7 @@ void FoodInventory::update_return() {
          {static_cast<QWidget*>(ui_->quantity_to_add_label),
           static_cast<QWidget*>(ui_->quantity_to_add), static_cast<QWidget*>(ui_->add_item),
           static_cast<QWidget*>(ui_->keep_window_open)}) {
-        part->setVisible(return_mode_ != 0);
+        part->setVisible(return_mode_ != returns_nowhere);
     }
 }
 
@@ -223,14 +222,14 @@ void FoodInventory::add_to_caller() {
 // A screen that is not loaded gets nothing.
 void FoodInventory::hand_over(f64 quantity) {
     ports::Mealbuilder* recipes = mealbuilder();
-    if (return_mode_ == 1 && recipes != nullptr) {
+    if (return_mode_ == adds_to_recipe && recipes != nullptr) {
         recipes->add_ingredient(shown_item_, quantity, recipes->get_mealid());
-    } else if (return_mode_ == 2 && meal_plan() != nullptr) {
+    } else if (return_mode_ == adds_to_day && meal_plan() != nullptr) {
         meal_plan()->Add_Item(shown_item_, quantity);
-    } else if (return_mode_ == 3 && recipes != nullptr) {
+    } else if (return_mode_ == sets_quantity_in_recipe && recipes != nullptr) {
         recipes->set_ingredient_qty(shown_item_, quantity, recipes->get_mealid());
         recipes->populate_tree_list(recipes->get_mealid());
-    } else if (return_mode_ == 4) {
+    } else if (return_mode_ == adds_to_shopping_list) {
         items[shown_item_].on_shopping_list = i16_true;
         if (ports::ShoppingList* list = shopping_list()) list->populate_list();
     } else {

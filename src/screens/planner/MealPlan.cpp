@@ -23,12 +23,6 @@
 
 namespace tavernook {
 
-namespace {
-
-constexpr int message_panel = 1;
-
-}  // namespace
-
 MealPlan::MealPlan(QWidget* parent)
     : QWidget(parent),
       ui_(std::make_unique<Ui::MealPlan>()),

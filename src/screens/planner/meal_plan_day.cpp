@@ -17,10 +17,10 @@
 #include "planning/day_plans.h"
 #include "planning/day_totals.h"
 #include "platform/platform.h"
-#include "screens/frame/register_screens.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "screens/planner/MealPlan.h"
 #include "screens/planner/calendar_grid.h"
@@ -28,13 +28,6 @@
 #include "ui_MealPlan.h"
 
 namespace tavernook {
-
-namespace {
-
-constexpr i16 return_to_planner = 1;   // of the recipe manager
-constexpr i16 return_item_to_day = 2;  // of the inventory
-
-}  // namespace
 
 void MealPlan::set_up_day_list() {
     QTreeView& list = *ui_->lv2;
@@ -202,12 +195,13 @@ void MealPlan::open_recipes() {
     if (show_screen(QStringLiteral("Mealbuilder")) == nullptr || mealbuilder() == nullptr) {
         return say(tr("The recipe manager is not available in this version."));
     }
-    mealbuilder()->set_return(return_to_planner);
+    mealbuilder()->set_return(ports::Mealbuilder::returns_to_planner);
 }
 
 void MealPlan::open_inventory() {
     if (!may_plan() || show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
-    if (food_inventory() != nullptr) food_inventory()->set_return(return_item_to_day);
+    if (food_inventory() != nullptr)
+        food_inventory()->set_return(ports::FoodInventory::adds_to_day);
 }
 
 void MealPlan::remove_selected() {

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "screens/child_screen_fixture.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/table_copy.h"
 
 namespace tavernook {

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
+#include "screens/parts/screen_switch.h"
 #include "screens/planner/meal_plan_fixture.h"
 
 namespace tavernook {

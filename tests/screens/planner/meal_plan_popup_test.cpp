@@ -2,6 +2,7 @@
 #include <QClipboard>
 
 #include "basics/number_text.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/planner/meal_plan_fixture.h"
 
 namespace tavernook {
