@@ -53,7 +53,10 @@ bool refill_in_place(QAbstractItemView& view, RowsModel& model, std::vector<RowI
     const Place before = place_in(view, model);
     if (!model.set_rows(std::move(rows))) return false;
     QItemSelectionModel& marks = *view.selectionModel();
-    marks.select(selection_of(model, before.selected), QItemSelectionModel::ClearAndSelect);
+    const QItemSelection kept = selection_of(model, before.selected);
+    marks.select(kept, QItemSelectionModel::ClearAndSelect);
+    // A selection that goes with its rows goes without a word.
+    if (kept.isEmpty() && !before.selected.empty()) Q_EMIT marks.selectionChanged({}, {});
     const int found = model.place_of(before.current);
     const int place = found >= 0 ? found : std::min(before.current_place, model.rowCount() - 1);
     if (place >= 0) marks.setCurrentIndex(model.index(place, 0), QItemSelectionModel::NoUpdate);
