@@ -3,25 +3,22 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
-#include <QPushButton>
+#include <QPointer>
 #include <utility>
 #include <vector>
 
 #include "core/project/daily_audit.h"
-#include "core/project_data.h"
-#include "core/rows.h"
 #include "planning/day_clipboard.h"
 #include "planning/day_plans.h"
 #include "planning/day_totals.h"
-#include "planning/recommendations.h"
 #include "platform/platform.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/scan_entry.h"
-#include "screens/parts/screen_switch.h"
 #include "screens/planner/calendar_pane.h"
 #include "screens/planner/day_commands.h"
 #include "screens/planner/day_pane.h"
+#include "screens/planner/other_screens.h"
 #include "screens/planner/planner_parts.h"
 #include "screens/planner/recommendations_pane.h"
 #include "screens/planner/selected_day.h"
@@ -40,9 +37,7 @@ MealPlan::MealPlan(QWidget* parent)
     set_up_day();
     set_up_recommendations();
     set_up_menu();
-    set_up_sizes();
-    set_up_tab_order();
-    set_up_scanning();
+    set_up_order();
     enter_presses_buttons(*this);
     reset_planner_state();
     set_meal_plan(this);
@@ -63,28 +58,21 @@ MealPlan::~MealPlan() {
 
 // --- how it is put together --------------------------------------------------------------------
 
-template <typename Pane, typename Signal, typename Command>
-void MealPlan::on_wish(const Pane& pane, Signal signal, Command command) {
-    connect(&pane, signal, this,
-            [this, command](const auto&... told) { run([&] { command(told...); }); });
-}
-
 void MealPlan::set_up_calendar() {
-    on_wish(calendar_, &CalendarPane::date_chosen,
-            [this](const QDate& date) { choose_date(date); });
-    on_wish(calendar_, &CalendarPane::month_chosen,
-            [this](const QDate& first) { choose_month(first); });
-    on_wish(calendar_, &CalendarPane::today_wanted, [this] { go_to_today(); });
-    on_wish(calendar_, &CalendarPane::recipes_wanted, [this] { open_recipes(); });
-    on_wish(calendar_, &CalendarPane::copy_wanted, copy_day_shown);
-    on_wish(calendar_, &CalendarPane::cut_wanted, cut_day_shown);
-    on_wish(calendar_, &CalendarPane::paste_wanted, paste_here);
-    on_wish(calendar_, &CalendarPane::delete_wanted, delete_here);
-    on_wish(calendar_, &CalendarPane::dropped, [this](const QDate& date, const QString& text) {
+    using Pane = CalendarPane;
+    on_wish(*this, calendar_, &Pane::date_chosen, &MealPlan::choose_date);
+    on_wish(*this, calendar_, &Pane::month_chosen, &MealPlan::choose_month);
+    on_wish(*this, calendar_, &Pane::today_wanted, &MealPlan::go_to_today);
+    on_wish(*this, calendar_, &Pane::recipes_wanted, choose_recipe);
+    on_wish(*this, calendar_, &Pane::copy_wanted, copy_day_shown);
+    on_wish(*this, calendar_, &Pane::cut_wanted, cut_day_shown);
+    on_wish(*this, calendar_, &Pane::paste_wanted, paste_here);
+    on_wish(*this, calendar_, &Pane::delete_wanted, delete_here);
+    on_wish(*this, calendar_, &Pane::dropped, [this](const QDate& date, const QString& text) {
         choose_date(date);
         plan_dragged(text);
     });
-    connect(&calendar_, &CalendarPane::menu_wanted, this, &MealPlan::show_menu);
+    connect(&calendar_, &Pane::menu_wanted, this, &MealPlan::show_menu);
     calendar_.set_drop_rule([this](const QDate& date, const QString& text) {
         return !is_running() && may_drop(date, text);
     });
@@ -92,76 +80,58 @@ void MealPlan::set_up_calendar() {
 }
 
 void MealPlan::set_up_day() {
-    on_wish(day_, &DayPane::recipes_wanted, [this] { open_recipes(); });
-    on_wish(day_, &DayPane::items_wanted, [this] { open_inventory(); });
-    on_wish(day_, &DayPane::removal_wanted, [this] { remove_selected(); });
-    on_wish(day_, &DayPane::quantity_wanted,
+    using Pane = DayPane;
+    on_wish(*this, day_, &Pane::recipes_wanted, choose_recipe);
+    on_wish(*this, day_, &Pane::items_wanted, choose_item);
+    on_wish(*this, day_, &Pane::removal_wanted, &MealPlan::remove_selected);
+    on_wish(*this, day_, &Pane::edit_wanted, edit_day_shown);
+    on_wish(*this, day_, &Pane::opened, show_entry);
+    on_wish(*this, day_, &Pane::dropped, plan_dragged);
+    on_wish(*this, day_, &Pane::quantity_wanted,
             [this] { ask_quantity(selected_day_key(), day_.selected_quantity()); });
-    on_wish(day_, &DayPane::edit_wanted, [] {
-        if (day_is_audited() && day_is_held()) edit_audited_day();
-    });
-    on_wish(day_, &DayPane::opened, [this](const QString& key) { open_entry(key.toStdString()); });
-    on_wish(day_, &DayPane::dropped, plan_dragged);
+    on_wish(*this, day_.entry(), &ScanEntry::scanned, plan_code);
     day_.set_drop_rule(
         [this](const QString& text) { return !is_running() && may_drop(selected_date(), text); });
+    day_.entry().watch(
+        *this, {.keeps_letters = {&day_.list(), &recommendations_.list(), &calendar_.month_box()},
+                .keeps_digits = {&calendar_.year_box()}});
+    setFocusProxy(&day_.entry());
 }
 
 void MealPlan::set_up_recommendations() {
     using Pane = RecommendationsPane;
-    on_wish(recommendations_, &Pane::plan_wanted, [this](const QString& key) {
-        plan_recommended(key.toStdString(), Asked::by_double_click);
-        focus_entry();
-    });
-    on_wish(recommendations_, &Pane::plan_by_menu_wanted, [this](const QString& key) {
-        plan_recommended(key.toStdString(), Asked::by_menu);
-        focus_entry();
-    });
-    on_wish(recommendations_, &Pane::item_wanted,
-            [this](const QString& key) { show_item(recommended_item(key.toStdString())); });
-    on_wish(recommendations_, &Pane::recipe_wanted,
-            [this](const QString& key) { show_recipe(recommended_recipe(key.toStdString())); });
-    on_wish(recommendations_, &Pane::refresh_wanted, [this] { refresh_all(); });
+    on_wish(*this, recommendations_, &Pane::plan_wanted, &MealPlan::plan_recommended_row);
+    on_wish(*this, recommendations_, &Pane::item_wanted, show_recommended_item);
+    on_wish(*this, recommendations_, &Pane::recipe_wanted, show_recommended_recipe);
+    on_wish(*this, recommendations_, &Pane::refresh_wanted, &MealPlan::refresh_all);
     on_keys(*this, QKeySequence::Refresh, [this] { run([this] { refresh_all(); }); });
 }
 
 void MealPlan::set_up_menu() {
-    const std::pair<QAction*, PopupChoice> choices[] = {
-        {ui_->POPMenu_Cut, popup_cut},           {ui_->POPMenu_Paste, popup_paste},
-        {ui_->POPMenu_Delete, popup_delete},     {ui_->POPMenu_Copy, popup_copy},
-        {ui_->popmenu_add_item, popup_add_item}, {ui_->popmenu_add_meal, popup_add_meal}};
-    for (const auto& [action, choice] : choices) {
-        connect(action, &QAction::triggered, this, [this, choice = choice] {
+    const QList<QAction*> actions = ui_->popmenu->actions();
+    for (int choice = popup_cut; choice <= popup_add_meal; ++choice) {
+        connect(actions[choice], &QAction::triggered, this, [this, choice] {
             set_popup(choice);
             run([this] { apply_popup(); });
         });
     }
 }
 
-void MealPlan::set_up_sizes() {
-    const std::pair<QSplitter*, QList<int>> splitters[] = {{ui_->main_splitter, {720, 400}},
-                                                           {ui_->month_splitter, {520, 180}}};
-    for (const auto& [splitter, sizes] : splitters) {
-        splitter->setSizes(sizes);
+// The calendar gets the room; one goes through the parts as one reads: month, calendar, day,
+// recommendations.
+void MealPlan::set_up_order() {
+    ui_->main_splitter->setSizes({720, 400});
+    ui_->month_splitter->setSizes({520, 180});
+    for (QSplitter* splitter : {ui_->main_splitter, ui_->month_splitter}) {
         splitter->setStretchFactor(0, 1);
         splitter->setStretchFactor(1, 0);
     }
-}
-
-// As one reads: month, calendar, day, recommendations.
-void MealPlan::set_up_tab_order() {
-    std::vector<QWidget*> order = calendar_.tab_order();
-    for (QWidget* part : day_.tab_order()) order.push_back(part);
-    for (QWidget* part : recommendations_.tab_order()) order.push_back(part);
+    std::vector<QWidget*> order;
+    for (const auto& parts :
+         {calendar_.tab_order(), day_.tab_order(), recommendations_.tab_order()}) {
+        order.insert(order.end(), parts.begin(), parts.end());
+    }
     for (std::size_t n = 1; n < order.size(); ++n) setTabOrder(order[n - 1], order[n]);
-}
-
-void MealPlan::set_up_scanning() {
-    ScanEntry& entry = day_.entry();
-    setFocusProxy(&entry);
-    entry.watch(*this,
-                {.keeps_letters = {&day_.list(), &recommendations_.list(), &calendar_.month_box()},
-                 .keeps_digits = {&calendar_.year_box()}});
-    on_wish(entry, &ScanEntry::scanned, plan_code);
 }
 
 // --- events ------------------------------------------------------------------------------------
@@ -330,59 +300,10 @@ void MealPlan::show_menu(const QPoint& place) {
 }
 
 void MealPlan::apply_popup() {
+    constexpr void (*commands[])() = {cut_day_shown,  paste_here,  delete_here,
+                                      copy_day_shown, choose_item, choose_recipe};
     const int choice = std::exchange(popup_choice_, int{popup_none});
-    switch (choice) {
-        case popup_cut:
-            return cut_day_shown();
-        case popup_paste:
-            return paste_here();
-        case popup_delete:
-            return delete_here();
-        case popup_copy:
-            return copy_day_shown();
-        case popup_add_item:
-            return open_inventory();
-        case popup_add_meal:
-            return open_recipes();
-        default:
-            return;
-    }
-}
-
-// --- other screens -----------------------------------------------------------------------------
-
-void MealPlan::open_recipes() {
-    if (!may_plan()) return;
-    if (show_screen(QStringLiteral("Mealbuilder")) == nullptr || mealbuilder() == nullptr) {
-        return say(tr("The recipe manager is not available in this version."));
-    }
-    mealbuilder()->set_return(ports::Mealbuilder::returns_to_planner);
-}
-
-void MealPlan::open_inventory() {
-    if (!may_plan() || show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
-    if (food_inventory() != nullptr) {
-        food_inventory()->set_return(ports::FoodInventory::adds_to_day);
-    }
-}
-
-void MealPlan::open_entry(const std::string& key) {
-    if (get_item_index(key) != 0) return show_item(get_item_index(key));
-    if (get_meal_index(key) != 0) show_recipe(get_meal_index(key));
-}
-
-void MealPlan::show_item(i16 item) {
-    if (!is_live_row(items, item)) return say_gone(Planned::item);
-    if (show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
-    if (food_inventory() != nullptr) food_inventory()->view_item(item, i16_true);
-}
-
-void MealPlan::show_recipe(i16 recipe) {
-    if (!is_live_row(meals, recipe)) return say_gone(Planned::recipe);
-    if (show_screen(QStringLiteral("Mealbuilder")) == nullptr || mealbuilder() == nullptr) {
-        return say(tr("The recipe manager is not available in this version."));
-    }
-    mealbuilder()->set_meal(recipe);
+    if (choice >= popup_cut && choice <= popup_add_meal) commands[choice]();
 }
 
 // --- recommendations ---------------------------------------------------------------------------
@@ -392,6 +313,12 @@ void MealPlan::populate_meal_recommendations() {
         recommendations_.fill();
         focus_entry();
     });
+}
+
+void MealPlan::plan_recommended_row(const std::string& key, bool zero_too) {
+    const QPointer<MealPlan> still_here(this);
+    plan_recommended(key, zero_too);
+    if (!still_here.isNull()) focus_entry();
 }
 
 void MealPlan::refresh_all() {

@@ -76,14 +76,8 @@ class MealPlan : public Screen, public ports::MealPlan {
     void set_up_day();
     void set_up_recommendations();
     void set_up_menu();
-    void set_up_sizes();
-    void set_up_tab_order();
-    void set_up_scanning();
+    void set_up_order();
     void first_view();
-
-    // A pane's signal as a command.
-    template <typename Pane, typename Signal, typename Command>
-    void on_wish(const Pane& pane, Signal signal, Command command);
 
     void set_date(const QDate& date);  // nothing is opened
     void open_date(const QDate& date);
@@ -96,11 +90,7 @@ class MealPlan : public Screen, public ports::MealPlan {
     void show_menu(const QPoint& place);
     void apply_popup();
 
-    void open_recipes();
-    void open_inventory();
-    void open_entry(const std::string& key);
-    void show_item(i16 item);
-    void show_recipe(i16 recipe);
+    void plan_recommended_row(const std::string& key, bool zero_too);
     void remove_selected();
     void refresh_all();
     void focus_entry();

@@ -124,18 +124,19 @@ void plan_dragged(const QString& text) {
     if (row.item() != 0) plan_item(row.item(), 1);
 }
 
-void plan_recommended(const std::string& key, Asked asked) {
+void plan_recommended(const std::string& key, bool zero_too) {
     const RowRef recipe(Subject::recipes, recommended_recipe(key));
     if (!may_plan()) return;
     if (recipe.now() == 0) return say_gone(Planned::recipe);
-    const DayRecord day = days[current_day];
+    const auto planned = days[current_day].planned_meal;
     const DayQuantityRecord quantities = day_quantities[current_day];
-    if (asked == Asked::by_menu) {
+    if (zero_too) {
         add_recommended_meal(key);
     } else {
         add_recommended_meal_unless_zero(key);
     }
-    const bool same = days[current_day] == day && day_quantities[current_day] == quantities;
+    const bool same =
+        days[current_day].planned_meal == planned && day_quantities[current_day] == quantities;
     if (!same) return say_planned(Planned::recipe, recipe.now());
     if (recipe.now() == 0) return say_gone(Planned::recipe);
     may_plan();  // says when the day has been audited meanwhile
@@ -170,6 +171,10 @@ bool remove_row(const std::string& key) {
 }
 
 // --- the whole day -----------------------------------------------------------------------------
+
+void edit_day_shown() {
+    if (day_is_audited() && day_is_held()) edit_audited_day();
+}
 
 void copy_day_shown() {
     copy_selected_day();

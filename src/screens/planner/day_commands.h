@@ -32,16 +32,18 @@ void plan_item(i16 item, f64 servings);
 void plan_code(const std::string& code);
 void plan_dragged(const QString& text);
 
-// The row of that key of the recommendations. Asks how much; by a double click a quantity that
-// reads as 0 plans nothing.
-enum class Asked { by_double_click, by_menu };
-void plan_recommended(const std::string& key, Asked asked);
+// The row of that key of the recommendations. Asks how much; what reads as 0 is planned where that
+// is wanted, too.
+void plan_recommended(const std::string& key, bool zero_too);
 
 // The row of that key of the day list. The quantity shown stands in the box that asks.
 void ask_quantity(const std::string& key, const QString& shown);
 
 // False without a row or on an audited day.
 bool remove_row(const std::string& key);
+
+// Settles an audited day with the stock and opens it.
+void edit_day_shown();
 
 void copy_day_shown();
 void cut_day_shown();

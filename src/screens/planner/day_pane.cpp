@@ -136,7 +136,7 @@ void DayPane::set_up_list() {
     header.resizeSection(quantity_column, letters_wide(*this, 10));
     header.resizeSection(unit_column, letters_wide(*this, 13));
     connect(&day_list_, &QTreeView::activated, this, [this](const QModelIndex& index) {
-        Q_EMIT opened(index.data(RowsModel::key_role).toString());
+        Q_EMIT opened(index.data(RowsModel::key_role).toString().toStdString());
     });
     connect(&day_list_, &QTreeView::customContextMenuRequested, this, &DayPane::show_popup);
     connect(rows_, &RowsModel::dropped, this, &DayPane::dropped);

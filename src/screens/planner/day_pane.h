@@ -75,7 +75,7 @@ class DayPane : public QWidget {
     void removal_wanted();
     void edit_wanted();  // of an audited day
     void quantity_wanted();
-    void opened(const QString& key);
+    void opened(const std::string& key);
     void dropped(const QString& text);
 
   protected:

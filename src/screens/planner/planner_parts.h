@@ -1,7 +1,9 @@
 // What the panes of the planner have in common.
 #pragma once
 
+#include <QObject>
 #include <memory>
+#include <type_traits>
 
 class QTreeView;
 class QWidget;
@@ -14,6 +16,21 @@ std::unique_ptr<Layout> laid_out(Pane& pane) {
     auto layout = std::make_unique<Layout>();
     layout->setupUi(&pane);
     return layout;
+}
+
+// What a pane tells by a signal is a command of its screen: a function or one of its methods, which
+// gets what the signal tells.
+template <typename Screen, typename Pane, typename Signal, typename Command>
+void on_wish(Screen& screen, const Pane& pane, Signal signal, Command command) {
+    QObject::connect(&pane, signal, &screen, [&screen, command](const auto&... told) {
+        screen.run([&] {
+            if constexpr (std::is_member_function_pointer_v<Command>) {
+                (screen.*command)(told...);
+            } else {
+                command(told...);
+            }
+        });
+    });
 }
 
 // Shift+F10 asks for the context menu; not every system does so by itself.

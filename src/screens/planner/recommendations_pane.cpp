@@ -95,19 +95,20 @@ void RecommendationsPane::set_up_list() {
 }
 
 void RecommendationsPane::set_up_commands() {
-    const auto tell = [this](void (RecommendationsPane::*signal)(const QString&)) {
-        return [this, signal] {
-            if (!selected_key().isEmpty()) Q_EMIT(this->*signal)(selected_key());
+    const auto with_key = [this](auto tell) {
+        return [this, tell] {
+            if (const std::string key = selected_key(); !key.empty()) tell(key);
         };
     };
-    connect(&list_, &QTreeView::activated, this, tell(&RecommendationsPane::plan_wanted));
-    const std::pair<QAction*, void (RecommendationsPane::*)(const QString&)> commands[] = {
-        {ui_->Recommend_Add_Meal, &RecommendationsPane::plan_by_menu_wanted},
-        {ui_->Recommend_View_Item, &RecommendationsPane::item_wanted},
-        {ui_->Recommend_View_Meal, &RecommendationsPane::recipe_wanted}};
-    for (const auto& [action, signal] : commands) {
-        connect(action, &QAction::triggered, this, tell(signal));
-    }
+    const auto plan = [this](bool zero_too) {
+        return [this, zero_too](const std::string& key) { Q_EMIT plan_wanted(key, zero_too); };
+    };
+    connect(&list_, &QTreeView::activated, this, with_key(plan(false)));
+    connect(ui_->Recommend_Add_Meal, &QAction::triggered, this, with_key(plan(true)));
+    connect(ui_->Recommend_View_Item, &QAction::triggered, this,
+            with_key([this](const std::string& key) { Q_EMIT item_wanted(key); }));
+    connect(ui_->Recommend_View_Meal, &QAction::triggered, this,
+            with_key([this](const std::string& key) { Q_EMIT recipe_wanted(key); }));
     connect(&list_, &QTreeView::customContextMenuRequested, this, &RecommendationsPane::show_popup);
     connect(ui_->Command2, &QPushButton::clicked, this, &RecommendationsPane::refresh_wanted);
 }
@@ -153,14 +154,14 @@ void RecommendationsPane::fill_with_a_word() {
 }
 
 void RecommendationsPane::show_popup() {
-    if (selected_key().isEmpty()) return;
+    if (selected_key().empty()) return;
     const QRect row = list_.visualRect(list_.currentIndex());
     ui_->Recommendations_POPUP->popup(list_.viewport()->mapToGlobal(row.bottomLeft()));
 }
 
-QString RecommendationsPane::selected_key() const {
+std::string RecommendationsPane::selected_key() const {
     const QModelIndexList rows = list_.selectionModel()->selectedRows();
-    return rows.isEmpty() ? QString() : rows.first().data(RowsModel::key_role).toString();
+    return rows.isEmpty() ? "" : rows.first().data(RowsModel::key_role).toString().toStdString();
 }
 
 bool RecommendationsPane::eventFilter(QObject* watched, QEvent* event) {

@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "core/changes.h"
@@ -41,11 +42,11 @@ class RecommendationsPane : public QGroupBox {
     std::vector<QWidget*> tab_order() const;
 
   Q_SIGNALS:
-    // Of the selected row, "i" item ":" recipe.
-    void plan_wanted(const QString& key);  // by a double click or Enter
-    void plan_by_menu_wanted(const QString& key);
-    void item_wanted(const QString& key);
-    void recipe_wanted(const QString& key);
+    // Of the selected row, "i" item ":" recipe. By a double click or Enter a quantity of 0 is none;
+    // by the menu it is planned too.
+    void plan_wanted(const std::string& key, bool zero_too);
+    void item_wanted(const std::string& key);
+    void recipe_wanted(const std::string& key);
     void refresh_wanted();
 
   protected:
@@ -56,7 +57,7 @@ class RecommendationsPane : public QGroupBox {
     void set_up_list();
     void set_up_commands();
     void show_popup();
-    QString selected_key() const;  // empty without a row
+    std::string selected_key() const;  // empty without a row
     void keep_caption_whole();
 
     std::unique_ptr<Ui::RecommendationsPane> ui_;
