@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "basics/number_text.h"
+#include "core/project_data.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
@@ -50,6 +51,7 @@ RecommendationsPane::RecommendationsPane(QWidget* parent)
       ui_(laid_out<Ui::RecommendationsPane>(*this)),
       list_(*ui_->recommendations),
       rows_(new Rows(columns(), this)),
+      expiring_(item_capacity + 1),
       drawn_on_(todays_date()) {
     rows_->set_key(key_of);
     set_up_list();
@@ -61,8 +63,7 @@ RecommendationsPane::~RecommendationsPane() = default;
 std::vector<RowsColumn> RecommendationsPane::columns() {
     const QIcon recipe = icon(QStringLiteral("recipes"));
     const auto quantity = [this](RowId row) {
-        const auto found = expiring_.find(item_of(row));
-        return found == expiring_.end() ? 0 : found->second;
+        return expiring_[static_cast<std::size_t>(item_of(row))];
     };
     return {{.title = tr("Meal"),
              .text = [](RowId row) { return recipe_name(recipe_of(row)); },
@@ -129,17 +130,24 @@ void RecommendationsPane::fill() {
     const MealRecommendations found = meal_recommendations();
     std::vector<RowId> rows;
     rows.reserve(found.rows.size());
-    expiring_.clear();
     for (const Recommendation& row : found.rows) {
         rows.push_back(row_id(row.item, row.recipe));
-        expiring_[row.item] = row.quantity;
+        expiring_[static_cast<std::size_t>(row.item)] = row.quantity;
     }
     ui_->Label4->setText(shown_text(found.caption));
     keep_caption_whole();
-    refill_in_place(list_, *rows_, std::move(rows));
+    show_rows(std::move(rows));
     list_.setAccessibleDescription(ui_->Label4->text());
     drawn_on_ = todays_date();
     seen_.renew();
+}
+
+// Rows that stand as they did are read anew when they are painted. To tell the view of all of them
+// would have it look at each, which takes longer than to work them out.
+void RecommendationsPane::show_rows(std::vector<RowId> rows) {
+    const bool as_before = rows_->sort_steps().empty() && rows == rows_->rows();
+    if (as_before) return list_.viewport()->update();
+    refill_in_place(list_, *rows_, std::move(rows));
 }
 
 void RecommendationsPane::follow_changes() {

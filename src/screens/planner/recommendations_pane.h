@@ -5,7 +5,6 @@
 
 #include <QDate>
 #include <QGroupBox>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -56,6 +55,7 @@ class RecommendationsPane : public QGroupBox {
     std::vector<RowsColumn> columns();
     void set_up_list();
     void set_up_commands();
+    void show_rows(std::vector<RowId> rows);
     void show_popup();
     std::string selected_key() const;  // empty without a row
     void keep_caption_whole();
@@ -63,7 +63,7 @@ class RecommendationsPane : public QGroupBox {
     std::unique_ptr<Ui::RecommendationsPane> ui_;
     QTreeView& list_;
     RowsModel* rows_;
-    std::map<i16, f64> expiring_;  // of each item, what is past its date
+    std::vector<f64> expiring_;  // of each item in the list, what is past its date
     QDate drawn_on_;
     Seen seen_{Subject::lots, Subject::items, Subject::recipes, Subject::settings};
 };

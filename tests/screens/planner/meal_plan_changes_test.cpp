@@ -215,8 +215,11 @@ TEST_F(PlannerChanges, RecommendationsAreNotWorkedOutAgainAtEachStep) {
     EXPECT_EQ(signals_so_far(), 0);
     lots[milk].lot_quantity[0] = 2;
     changed_elsewhere();
-    EXPECT_EQ(signals_so_far(), 1);
     EXPECT_EQ(column(recommended(), 2), Texts{"2"});
+    meals[pie].ingredient_item[1] = milk;
+    changed_elsewhere();
+    EXPECT_EQ(recommended_meals(), (Texts{"Soup", "Pie"}));
+    EXPECT_GT(signals_so_far(), 0);
 }
 
 TEST_F(PlannerChanges, RecommendationsKeepTheirPlaceWhenOthersCome) {
