@@ -2,28 +2,23 @@
 // that can be added, and the box for scanned codes.
 #pragma once
 
-#include <QPointer>
-#include <QWidget>
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/screen_ports.h"
-
-class QAction;
-class QKeyEvent;
-class QTreeView;
+#include "screens/parts/screen.h"
 
 namespace tavernook {
 
-class ShoppingRowsModel;
+class ListPane;
+class PickPane;
 
 namespace Ui {
 class ShoppingList;
 }
 
-class ShoppingList : public QWidget, public ports::ShoppingList {
+class ShoppingList : public Screen, public ports::ShoppingList {
     Q_OBJECT
 
   public:
@@ -37,64 +32,35 @@ class ShoppingList : public QWidget, public ports::ShoppingList {
     void populate_list2() override;
 
   protected:
+    void follow_changes() override;
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void set_up_toolbar();
-    void set_up_list();
-    void set_up_columns();
-    void set_up_pick_list();
-    void set_up_footer();
-    void set_up_scanning();
     void set_up_keys();
-    void connect_commands();
-    void on_command(QAction* action, void (ShoppingList::*command)());
+    void connect_list();
+    void connect_picks();
 
-    // The list.
-    void fill_list();
-    void fill_list2();
-    void show_totals();
-    std::vector<i16> selected_items() const;
-    void select_item(i16 item);
-    void follow_selection();
-    void follow_focus(const QWidget* before, const QWidget* now);
-    void show_popup();
-    void escape();
-
-    // Columns and sort.
-    void fit_names();
-    void switch_column(int column, bool shown);
-    void follow_header();
-    void recall_sort();
-    void store_sort();
-
-    // Commands.
     void add_from_inventory();
     void remove_selected();
-    void ask_quantity();
-    void ask_store_order();
     void ask_about_item(const std::function<void(i16)>& question);
-    void view_row();
+    void view_selected();
     void put_in_stock();
+    void escape();
 
     // What comes on the list.
     void add(i16 item);
-    void add_picked();
+    void add_ingredients(i16 recipe);
     void take_drop(const QString& text);
-    void show_pick_tip(const QModelIndex& index);
-    bool find_key(QKeyEvent& key);
-
-    // Scanning.
     void take_code(const std::string& code);
-    void follow_scanner();
+
+    // The item that a command is about; 0, told in the message panel, when it has gone.
+    i16 selected_item() const;
 
     std::unique_ptr<Ui::ShoppingList> ui_;
-    ShoppingRowsModel* rows_;
-    ShoppingRowsModel* picks_;
+    ListPane& list_;
+    PickPane& picks_;
 };
 
 }  // namespace tavernook

@@ -4,15 +4,17 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QSortFilterProxyModel>
+#include <algorithm>
+#include <utility>
 
 #include "core/program_state.h"
 #include "core/project_data.h"
-#include "core/trap.h"
+#include "core/rows.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/rows_in_view.h"
+#include "screens/parts/rows_model.h"
 #include "screens/parts/screen_memory.h"
 #include "screens/parts/shown_text.h"
-#include "screens/parts/slot_rows_model.h"
 #include "ui_ReplaceItem.h"
 
 namespace tavernook {
@@ -25,13 +27,19 @@ constexpr int comfortable_lines = 24;
 QString name_of(ReplacementType type, i16 row) {
     switch (type) {
         case ReplacementType::item:
-            return shown_text(items[row].name.right_trimmed());
+            return shown_text(row_or_none(items, row).name.right_trimmed());
         case ReplacementType::store:
-            return shown_text(stores[row].name.right_trimmed());
+            return shown_text(row_or_none(stores, row).name.right_trimmed());
         case ReplacementType::unit:
-            return shown_text(units[row].name.right_trimmed());
+            return shown_text(row_or_none(units, row).name.right_trimmed());
     }
     return {};
+}
+
+Subject table_of(ReplacementType type) {
+    return type == ReplacementType::store  ? Subject::stores
+           : type == ReplacementType::unit ? Subject::units
+                                           : Subject::items;
 }
 
 struct Words {
@@ -58,19 +66,9 @@ Words words_for(ReplacementType type) {
 ReplaceItem::ReplaceItem(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::ReplaceItem>()) {
     ui_->setupUi(this);
-    const auto name = [this](i16 row) -> QVariant { return name_of(type_, row); };
-    model_ = new SlotRowsModel(QLatin1Char('t'), {{tr("Name"), name}}, this);
     set_up_list();
-    ui_->filter_box->installEventFilter(this);
+    connect_commands();
     ui_->replace_button->setEnabled(false);
-    connect(ui_->close_button, &QPushButton::clicked, this, &QDialog::reject);
-    on_keys(*this, Qt::Key_Escape, [this] { reject(); });  // from within the list as well
-    connect(ui_->replace_button, &QPushButton::clicked, this, &ReplaceItem::replace_and_close);
-    connect(ui_->replacement_list, &QTreeView::doubleClicked, this,
-            &ReplaceItem::replace_and_close);
-    connect(ui_->filter_box, &QLineEdit::textChanged, this, &ReplaceItem::narrow);
-    connect(ui_->replacement_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { ui_->replace_button->setEnabled(selected_row() != 0); });
     resize(letters_wide(*this, comfortable_letters),
            fontMetrics().lineSpacing() * comfortable_lines);
 }
@@ -78,15 +76,34 @@ ReplaceItem::ReplaceItem(QWidget* parent)
 ReplaceItem::~ReplaceItem() = default;
 
 void ReplaceItem::set_up_list() {
-    shown_ = sorted_rows_of(*model_, this);
+    const auto name = [this](RowId row) { return name_of(type_, part_of(row, 0)); };
+    model_ = new RowsModel({{.title = tr("Name"), .text = name}}, this);
+    model_->set_key([](RowId row) { return QLatin1Char('t') + QString::number(row); });
     dress_list(*ui_->replacement_list);
-    ui_->replacement_list->setModel(shown_);
+    ui_->replacement_list->setModel(model_);
     ui_->replacement_list->header()->setStretchLastSection(true);
+    connect(ui_->replacement_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] {
+                const std::vector<RowId> rows = selected_rows(*ui_->replacement_list, *model_);
+                const i16 row = rows.empty() ? i16{0} : part_of(rows.front(), 0);
+                chosen_ = RowRef(table_of(type_), row);
+                ui_->replace_button->setEnabled(row != 0);
+            });
+}
+
+void ReplaceItem::connect_commands() {
+    ui_->filter_box->installEventFilter(this);
+    connect(ui_->close_button, &QPushButton::clicked, this, &QDialog::reject);
+    on_keys(*this, Qt::Key_Escape, [this] { reject(); });  // from within the list as well
+    connect(ui_->replace_button, &QPushButton::clicked, this, &ReplaceItem::replace_and_close);
+    connect(ui_->replacement_list, &QTreeView::doubleClicked, this,
+            &ReplaceItem::replace_and_close);
+    connect(ui_->filter_box, &QLineEdit::textChanged, this, &ReplaceItem::narrow);
 }
 
 void ReplaceItem::set_type(i16 row, ReplacementType type) {
-    replace_slot_ = row;
     type_ = type;
+    replaced_ = RowRef(table_of(type), row);
     const Words words = words_for(type);
     setWindowTitle(words.title);
     ui_->question_label->setText(
@@ -95,36 +112,36 @@ void ReplaceItem::set_type(i16 row, ReplacementType type) {
 }
 
 void ReplaceItem::populate_list() {
-    trap_in_screen([this] { model_->set_slots(replacement_rows(replace_slot_, type_)); });
-    const Words words = words_for(type_);
-    const QString hint = model_->rowCount() == 0 ? words.hint : tr("No name has this part.");
-    hint_when_empty(*ui_->replacement_list, hint);
+    guarded([this] { fill(); });
 }
 
-i16 ReplaceItem::selected_row() const {
-    const QModelIndexList rows = ui_->replacement_list->selectionModel()->selectedRows();
-    return rows.isEmpty() ? i16{0} : model_->slot_at(shown_->mapToSource(rows.first()).row());
+// The rows whose name has what stands in the filter.
+void ReplaceItem::fill() {
+    const std::vector<i16> all = replacement_rows(replaced_.now(), type_);
+    const QString part = ui_->filter_box->text();
+    std::vector<RowId> found;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(found),
+                 [&](i16 row) { return name_of(type_, row).contains(part, Qt::CaseInsensitive); });
+    refill_in_place(*ui_->replacement_list, *model_, std::move(found));
+    hint_when_empty(*ui_->replacement_list,
+                    all.empty() ? words_for(type_).hint : tr("No name has this part."));
 }
 
-// The view marks a neighbour of a row that goes from sight; nobody chose that one.
-void ReplaceItem::narrow(const QString& part) {
-    const i16 chosen = selected_row();
-    shown_->setFilterFixedString(part);
-    if (selected_row() != chosen) ui_->replacement_list->clearSelection();
+void ReplaceItem::narrow() {
+    guarded([this] { fill(); });
 }
 
 void ReplaceItem::replace_index() {
-    const i16 chosen = selected_row();
-    if (chosen == 0) return;
-    replace_row(replace_slot_, chosen, type_);
+    const i16 replaced = replaced_.now();
+    const i16 chosen = chosen_.now();
+    if (replaced == 0 || chosen == 0) return;
+    project_modified = i16_true;
+    replace_row(replaced, chosen, type_);
 }
 
 void ReplaceItem::replace_and_close() {
-    if (selected_row() == 0) return;
-    trap_in_screen([this] {
-        project_modified = i16_true;
-        replace_index();
-    });
+    if (chosen_.now() == 0) return;
+    steps_.run([this] { replace_index(); });
     accept();
 }
 
@@ -134,7 +151,7 @@ bool ReplaceItem::eventFilter(QObject* watched, QEvent* event) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Down || key == Qt::Key_PageDown) {
             ui_->replacement_list->setFocus();
-            if (selected_row() == 0) ui_->replacement_list->setCurrentIndex(shown_->index(0, 0));
+            if (chosen_.now() == 0) ui_->replacement_list->setCurrentIndex(model_->index(0, 0));
             return true;
         }
     }
@@ -142,17 +159,19 @@ bool ReplaceItem::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ReplacementScreen::ask_replacement(i16 row, i16 type) {
-    QWidget* over = QApplication::activeModalWidget();
-    if (over == nullptr) over = QApplication::activeWindow();
-    auto* screen = new tavernook::ReplaceItem(over);
-    const QPointer<QDialog> still_here(screen);
-    screen->set_type(row, static_cast<ReplacementType>(type));
-    screen->populate_list();
-    restore_screen(*screen);
-    screen->exec();
-    if (still_here.isNull()) return;
-    remember_screen(*screen);
-    delete screen;
+    guarded([&] {
+        QWidget* over = QApplication::activeModalWidget();
+        if (over == nullptr) over = QApplication::activeWindow();
+        auto* screen = new tavernook::ReplaceItem(over);
+        const QPointer<QDialog> still_here(screen);
+        screen->set_type(row, static_cast<ReplacementType>(type));
+        screen->populate_list();
+        restore_screen(*screen);
+        screen->exec();
+        if (still_here.isNull()) return;
+        remember_screen(*screen);
+        delete screen;
+    });
 }
 
 }  // namespace tavernook

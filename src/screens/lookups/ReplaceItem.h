@@ -5,14 +5,14 @@
 #include <QDialog>
 #include <memory>
 
+#include "core/changes.h"
 #include "inventory/replacement.h"
 #include "platform/screen_ports.h"
-
-class QSortFilterProxyModel;
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 
-class SlotRowsModel;
+class RowsModel;
 
 namespace Ui {
 class ReplaceItem;
@@ -36,15 +36,17 @@ class ReplaceItem : public QDialog {
 
   private:
     void set_up_list();
-    i16 selected_row() const;  // 0 when none is selected
-    void narrow(const QString& part);
+    void connect_commands();
+    void narrow();
+    void fill();
     void replace_and_close();
 
+    Steps steps_;
     std::unique_ptr<Ui::ReplaceItem> ui_;
-    SlotRowsModel* model_;
-    QSortFilterProxyModel* shown_;
-    i16 replace_slot_ = 0;
+    RowsModel* model_;
     ReplacementType type_ = ReplacementType::item;
+    RowRef replaced_;
+    RowRef chosen_;  // none: nothing is selected
 };
 
 // Answers the logic's question with the screen, modal over the window in front.

@@ -1,13 +1,15 @@
 #include "screens/lookups/StoresForm.h"
 
 #include "core/name_rows.h"
+#include "core/rows.h"
 
 namespace tavernook {
 
 namespace {
 
 std::string_view name_of(i16 slot) {
-    return stores[slot].in_use == 1 ? stores[slot].name.right_trimmed() : std::string_view();
+    const StoreRecord& store = row_or_none(stores, slot);
+    return store.in_use == 1 ? store.name.right_trimmed() : std::string_view();
 }
 
 void count_uses(std::array<int, 1001>& by_slot) {
@@ -20,7 +22,8 @@ void count_uses(std::array<int, 1001>& by_slot) {
 }  // namespace
 
 StoresForm::StoresForm(QWidget* parent)
-    : NameRowsForm({.label = tr("&Store Name"),
+    : NameRowsForm({.table = Subject::stores,
+                    .label = tr("&Store Name"),
                     .one = tr("store"),
                     .plural = tr("Stores"),
                     .longest_name = static_cast<int>(decltype(StoreRecord::name)::size),

@@ -1,13 +1,15 @@
 #include "screens/lookups/UnitsForm.h"
 
 #include "core/name_rows.h"
+#include "core/rows.h"
 
 namespace tavernook {
 
 namespace {
 
 std::string_view name_of(i16 slot) {
-    return units[slot].in_use == 1 ? units[slot].name.right_trimmed() : std::string_view();
+    const UnitRecord& unit = row_or_none(units, slot);
+    return unit.in_use == 1 ? unit.name.right_trimmed() : std::string_view();
 }
 
 // An item counts once, whichever of its two fields holds the unit.
@@ -25,7 +27,8 @@ void count_uses(std::array<int, 1001>& by_slot) {
 }  // namespace
 
 UnitsForm::UnitsForm(QWidget* parent)
-    : NameRowsForm({.label = tr("&Unit Name"),
+    : NameRowsForm({.table = Subject::units,
+                    .label = tr("&Unit Name"),
                     .one = tr("unit"),
                     .plural = tr("Units"),
                     .longest_name = static_cast<int>(decltype(UnitRecord::name)::size),

@@ -2,15 +2,14 @@
 
 #include <QCloseEvent>
 #include <QHeaderView>
-#include <QSortFilterProxyModel>
 #include <algorithm>
 #include <utility>
 
 #include "core/program_state.h"
-#include "core/trap.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/rows_in_view.h"
+#include "screens/parts/rows_model.h"
 #include "screens/parts/shown_text.h"
-#include "screens/parts/slot_rows_model.h"
 #include "ui_name_rows_form.h"
 
 namespace tavernook {
@@ -27,7 +26,10 @@ std::size_t index_of(i16 slot) {
 }  // namespace
 
 NameRowsForm::NameRowsForm(NameRowsKind kind, QWidget* parent)
-    : QWidget(parent), kind_(std::move(kind)), ui_(std::make_unique<Ui::NameRowsForm>()) {
+    : Screen(parent),
+      kind_(std::move(kind)),
+      ui_(std::make_unique<Ui::NameRowsForm>()),
+      seen_{kind_.table, Subject::items} {
     ui_->setupUi(this);
     ui_->content->setMaximumWidth(letters_wide(*this, comfortable_letters));
     ui_->name_label->setText(kind_.label);
@@ -39,21 +41,25 @@ NameRowsForm::NameRowsForm(NameRowsKind kind, QWidget* parent)
     connect_commands();
     enter_presses_buttons(*this);
     setFocusProxy(ui_->name_list);
-    refresh();
+    guarded([this] { refresh(); });
     stop_editing();
 }
 
 NameRowsForm::~NameRowsForm() = default;
 
 void NameRowsForm::set_up_list() {
-    const auto name = [this](i16 slot) -> QVariant { return shown_text(kind_.name_of(slot)); };
-    const auto uses = [this](i16 slot) -> QVariant { return uses_[index_of(slot)]; };
-    model_ = new SlotRowsModel(
-        QLatin1Char('t'),
-        {{tr("Name"), name}, {tr("Items with it"), uses, Qt::AlignRight | Qt::AlignVCenter}}, this);
-    sorted_ = sorted_rows_of(*model_, this);
+    const auto uses_of = [this](RowId row) { return uses_[index_of(part_of(row, 0))]; };
+    model_ = new RowsModel(
+        {{.title = tr("Name"),
+          .text = [this](RowId row) { return shown_text(kind_.name_of(part_of(row, 0))); }},
+         {.title = tr("Items with it"),
+          .text = [uses_of](RowId row) { return QString::number(uses_of(row)); },
+          .number = [uses_of](RowId row) { return f64(uses_of(row)); },
+          .alignment = on_the_right}},
+        this);
+    model_->set_key([](RowId row) { return QLatin1Char('t') + QString::number(row); });
     dress_list(*ui_->name_list);
-    ui_->name_list->setModel(sorted_);
+    ui_->name_list->setModel(model_);
     ui_->name_list->setAccessibleName(kind_.plural);
     QHeaderView* header = ui_->name_list->header();
     header->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -64,30 +70,38 @@ void NameRowsForm::set_up_list() {
 
 void NameRowsForm::connect_commands() {
     const auto runs = [this](void (NameRowsForm::*command)()) {
-        return [this, command] { trap_in_screen([&] { (this->*command)(); }); };
+        return [this, command] { run([this, command] { (this->*command)(); }); };
     };
-    connect(ui_->new_button, &QPushButton::clicked, this, runs(&NameRowsForm::new_name));
-    connect(ui_->accept_button, &QPushButton::clicked, this, runs(&NameRowsForm::accept_name));
+    on_command(ui_->new_button, [this] { new_name(); });
+    on_command(ui_->accept_button, [this] { accept_name(); });
+    on_command(ui_->delete_button, [this] { delete_names(); });
     connect(ui_->name_box, &QLineEdit::returnPressed, this, runs(&NameRowsForm::accept_name));
-    connect(ui_->delete_button, &QPushButton::clicked, this, runs(&NameRowsForm::delete_names));
     connect(ui_->close_button, &QPushButton::clicked, this, [this] { close_screen(*this); });
-    connect(ui_->name_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            runs(&NameRowsForm::pick));
-    connect(ui_->name_list, &QTreeView::activated, this, runs(&NameRowsForm::edit_name));
-    on_keys(*ui_->name_list, Qt::Key_F2, runs(&NameRowsForm::edit_name));
+    connect(ui_->name_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (!filling_) guarded([this] { pick(); });
+    });
+    connect(ui_->name_list, &QTreeView::activated, this, &NameRowsForm::edit_name);
+    on_keys(*ui_->name_list, Qt::Key_F2, [this] { edit_name(); });
     on_keys(*ui_->name_list, QKeySequence::Delete, runs(&NameRowsForm::delete_names));
-    on_keys(*this, Qt::Key_Escape, runs(&NameRowsForm::escape));
+    on_keys(*this, Qt::Key_Escape, [this] { guarded([this] { escape(); }); });
 }
+
+// --- commands ------------------------------------------------------------------------------------
 
 void NameRowsForm::new_name() {
     ui_->name_list->clearSelection();
     stop_editing();
+    is_new_ = true;
     allow_typing(true);
     ui_->name_box->setFocus();
 }
 
 void NameRowsForm::accept_name() {
-    const bool is_new = kind_.edit_mode == 0;
+    const bool is_new = is_new_;
+    if (!is_new && edited_.now() == 0) {
+        stop_editing();
+        return say(tr("This %1 is not there any more.").arg(kind_.one));
+    }
     const std::string name = typed_text(ui_->name_box->text());
     const std::vector<std::string> before = names_now();
     allow_typing(false);
@@ -95,28 +109,35 @@ void NameRowsForm::accept_name() {
     kind_.accept(name);
     const std::vector<std::string> after = names_now();
     ui_->name_list->clearSelection();
-    refresh();
     stop_editing();
+    refresh();
     const auto changed = std::mismatch(after.begin(), after.end(), before.begin());
     if (changed.first != after.end()) {
         project_modified = i16_true;
-        const int row = model_->row_of(static_cast<i16>(changed.first - after.begin()));
-        const QModelIndex place = sorted_->mapFromSource(model_->index(row, 0));
-        ui_->name_list->selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
-        ui_->name_list->scrollTo(place);
+        stand_on(model_->place_of(static_cast<i16>(changed.first - after.begin())));
     }
     QWidget* next = ui_->name_list;
     if (is_new) next = ui_->new_button;
     next->setFocus();
 }
 
+// The row becomes the current one, in sight, and nothing is picked by that.
+void NameRowsForm::stand_on(int row) {
+    const QModelIndex place = model_->index(row, 0);
+    ui_->name_list->selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
+    ui_->name_list->scrollTo(place);
+}
+
 void NameRowsForm::delete_names() {
-    const std::vector<int> rows = selected_rows();
+    const std::vector<int> rows = selected_in_map();
     if (rows.empty()) return;
     const std::vector<std::string> before = names_now();
+    const RowId current = current_row(*ui_->name_list, *model_);
+    const int above = ui_->name_list->currentIndex().row() - 1;
     kind_.delete_selected(rows);
     if (names_now() != before) project_modified = i16_true;
     refresh();
+    if (model_->place_of(current) < 0) stand_on(std::max(0, above));
     pick();
     ui_->name_list->setFocus();
 }
@@ -130,17 +151,13 @@ void NameRowsForm::escape() {
 
 // The list's current row among those selected goes into the box.
 void NameRowsForm::pick() {
-    const std::vector<int> rows = selected_rows();
+    const std::vector<RowId> rows = selected_rows(*ui_->name_list, *model_);
     if (rows.empty()) return stop_editing();
-    const QModelIndex place = sorted_->mapToSource(ui_->name_list->currentIndex());
-    const int current = row_in_map(model_->slot_at(place.row()));
+    const RowId current = current_row(*ui_->name_list, *model_);
     const bool among = std::find(rows.begin(), rows.end(), current) != rows.end();
-    kind_.list_row = to_i16(among ? current : rows.front());
-    kind_.edit_mode = i16_true;
-    const i16 slot = kind_.list_map[index_of(kind_.list_row) + 1];
-    ui_->name_box->setText(shown_text(kind_.name_of(slot)));
-    allow_typing(true);
-    ui_->delete_button->setEnabled(true);
+    const RowId picked = among ? current : *std::min_element(rows.begin(), rows.end());
+    edited_ = RowRef(kind_.table, part_of(picked, 0));
+    show_edited();
 }
 
 void NameRowsForm::edit_name() {
@@ -149,18 +166,50 @@ void NameRowsForm::edit_name() {
     ui_->name_box->selectAll();
 }
 
+// --- what is shown -------------------------------------------------------------------------------
+
+void NameRowsForm::follow_changes() {
+    if (!seen_.is_stale()) return;
+    const bool was_editing = !is_new_ && edited_ != RowRef();
+    refresh();
+    if (!was_editing || ui_->name_box->isModified()) return;
+    if (edited_.now() == 0) return stop_editing();
+    show_edited();
+}
+
 void NameRowsForm::refresh() {
     kind_.refresh_list();
     uses_.fill(0);
     kind_.count_uses(uses_);
-    std::vector<i16> slots;
+    std::vector<RowId> slots;
     for (std::size_t row = 1; row < kind_.list_map.size() && kind_.list_map[row] != 0; ++row) {
         slots.push_back(kind_.list_map[row]);
     }
-    model_->set_slots(slots);
+    filling_ = true;
+    refill_in_place(*ui_->name_list, *model_, std::move(slots));
+    filling_ = false;
+    point_at_edited();
+    seen_.renew();
+}
+
+// For the routines over the table.
+void NameRowsForm::point_at_edited() {
+    const int row = row_in_map(edited_.now());
+    kind_.edit_mode = row >= 0 ? i16_true : i16_false;
+    if (row >= 0) kind_.list_row = to_i16(row);
+}
+
+void NameRowsForm::show_edited() {
+    is_new_ = false;
+    point_at_edited();
+    ui_->name_box->setText(shown_text(kind_.name_of(edited_.now())));
+    allow_typing(true);
+    ui_->delete_button->setEnabled(true);
 }
 
 void NameRowsForm::stop_editing() {
+    edited_ = {};
+    is_new_ = false;
     kind_.edit_mode = 0;
     ui_->name_box->clear();
     allow_typing(false);
@@ -172,17 +221,16 @@ void NameRowsForm::allow_typing(bool allowed) {
     ui_->accept_button->setEnabled(allowed);
 }
 
-// The map is the routines' own and is rebuilt by them, so that rows are looked up when needed.
 int NameRowsForm::row_in_map(i16 slot) const {
     const auto found = std::find(kind_.list_map.begin() + 1, kind_.list_map.end(), slot);
     const bool listed = slot != 0 && found != kind_.list_map.end();
     return listed ? static_cast<int>(found - kind_.list_map.begin()) - 1 : -1;
 }
 
-std::vector<int> NameRowsForm::selected_rows() const {
+std::vector<int> NameRowsForm::selected_in_map() const {
     std::vector<int> rows;
-    for (const QModelIndex& index : ui_->name_list->selectionModel()->selectedRows()) {
-        const int row = row_in_map(model_->slot_at(sorted_->mapToSource(index).row()));
+    for (const RowId slot : selected_rows(*ui_->name_list, *model_)) {
+        const int row = row_in_map(part_of(slot, 0));
         if (row >= 0) rows.push_back(row);
     }
     std::sort(rows.begin(), rows.end());
@@ -199,17 +247,8 @@ std::vector<std::string> NameRowsForm::names_now() const {
 }
 
 void NameRowsForm::closeEvent(QCloseEvent* event) {
-    trap_in_screen([this] { kind_.refresh_boxes(); });
+    guarded([this] { kind_.refresh_boxes(); });
     event->accept();
-}
-
-void NameRowsForm::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    if (event->spontaneous()) return;  // the desktop's doing; what was being typed stays
-    trap_in_screen([this] {
-        refresh();
-        pick();
-    });
 }
 
 }  // namespace tavernook

@@ -4,11 +4,12 @@
 
 #include "core/program_state.h"
 #include "core/project_data.h"
-#include "core/trap.h"
+#include "core/rows.h"
 #include "core/weights_and_measures.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/rows_in_view.h"
+#include "screens/parts/rows_model.h"
 #include "screens/parts/shown_text.h"
-#include "screens/parts/slot_rows_model.h"
 #include "screens/parts/table_copy.h"
 #include "ui_wam.h"
 
@@ -19,16 +20,17 @@ namespace {
 constexpr int comfortable_letters = 80;
 constexpr int longest_side = 30000;  // two of them and the sign between fit into a file
 
-QVariant line_text(i16 slot) {
-    return shown_text(wams[slot].text);
+QString line_text(RowId row) {
+    return shown_text(row_or_none(wams, part_of(row, 0)).text);
 }
 
 }  // namespace
 
 wam::wam(QWidget* parent)
-    : QWidget(parent),
+    : Screen(parent),
       ui_(std::make_unique<Ui::wam>()),
-      wam_slots_(new SlotRowsModel(QLatin1Char('t'), {{tr("Measure"), line_text}}, this)) {
+      lines_(new RowsModel({{.title = tr("Measure"), .text = line_text}}, this)),
+      seen_{Subject::measures} {
     ui_->setupUi(this);
     ui_->content->setMaximumWidth(letters_wide(*this, comfortable_letters));
     ui_->left_field->setMaxLength(longest_side);
@@ -44,10 +46,11 @@ wam::wam(QWidget* parent)
 wam::~wam() = default;
 
 void wam::set_up_lists() {
+    lines_->set_key([](RowId row) { return QLatin1Char('t') + QString::number(row); });
     QStringList fixed;
     for (const std::string_view line : fixed_measures) fixed.append(shown_text(line));
     ui_->fixed_list->setModel(new QStringListModel(fixed, this));
-    ui_->own_list->setModel(wam_slots_);
+    ui_->own_list->setModel(lines_);
     for (QListView* list : {ui_->fixed_list, ui_->own_list}) {
         space_rows(*list);
         copy_rows_by_keys(*list);
@@ -56,37 +59,30 @@ void wam::set_up_lists() {
 }
 
 void wam::connect_commands() {
-    const auto runs = [this](void (wam::*command)()) {
-        return [this, command] { trap_in_screen([&] { (this->*command)(); }); };
-    };
     const auto picks = [this](const QModelIndex& row) {
-        if (!quiet_ && row.isValid()) trap_in_screen([&] { pick(row.row()); });
+        if (!filling_ && row.isValid()) guarded([&] { pick(row.row()); });
     };
-    connect(ui_->new_button, &QPushButton::clicked, this, runs(&wam::new_line));
-    connect(ui_->accept_button, &QPushButton::clicked, this, runs(&wam::accept_line));
-    connect(ui_->delete_button, &QPushButton::clicked, this, runs(&wam::delete_line));
+    const auto edits = [this] { guarded([this] { edit_line(); }); };
+    on_command(ui_->new_button, [this] { new_line(); });
+    on_command(ui_->accept_button, [this] { accept_line(); });
+    on_command(ui_->delete_button, [this] { delete_line(); });
     connect(ui_->close_button, &QPushButton::clicked, this, [this] { close_screen(*this); });
     connect(ui_->own_list, &QListView::clicked, this, picks);
     connect(ui_->own_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [picks](const QItemSelection& selected) { picks(selected.indexes().value(0)); });
-    connect(ui_->own_list, &QListView::activated, this, runs(&wam::edit_line));
+    connect(ui_->own_list, &QListView::activated, this, edits);
     connect(ui_->left_field, &QLineEdit::returnPressed, ui_->right_field,
             [this] { ui_->right_field->setFocus(); });
     connect(ui_->right_field, &QLineEdit::returnPressed, ui_->accept_button, &QPushButton::click);
-    on_keys(*ui_->own_list, Qt::Key_F2, runs(&wam::edit_line));
-    on_keys(*ui_->own_list, QKeySequence::Delete, runs(&wam::delete_line));
-    on_keys(*this, Qt::Key_Escape, runs(&wam::escape));
+    on_keys(*ui_->own_list, Qt::Key_F2, edits);
+    on_keys(*ui_->own_list, QKeySequence::Delete, [this] { run([this] { delete_line(); }); });
+    on_keys(*this, Qt::Key_Escape, [this] { guarded([this] { escape(); }); });
 }
 
-void wam::PopulateWamList() {
-    trap_in_screen([this] {
-        quietly([this] { wam_slots_->set_slots(live_wams()); });
-        show_mode();
-    });
-}
+// --- commands ------------------------------------------------------------------------------------
 
 void wam::new_line() {
-    wam_is_new_ = i16_true;
+    is_new_ = true;
     set_fields({}, {});
     ui_->accept_button->setEnabled(true);
     show_mode();
@@ -97,49 +93,51 @@ void wam::new_line() {
 void wam::accept_line() {
     const std::string line =
         join_measure(typed_text(ui_->left_field->text()), typed_text(ui_->right_field->text()));
-    const bool was_new = wam_is_new_ != 0;
-    i16 slot = current_wam_;
-    if (was_new) {
-        slot = GetFreeWam();
-        if (slot == 0) return;
-        wams[slot].in_use = i16_true;
-        wam_is_new_ = i16_false;
-    }
+    const bool was_new = is_new_;
+    const i16 slot = slot_to_write();
+    if (slot == 0) return;
+    wams[slot].in_use = i16_true;
     wams[slot].text = line;
     project_modified = i16_true;
-    set_fields({}, {});
-    ui_->accept_button->setEnabled(false);
-    PopulateWamList();
+    is_new_ = false;
+    stop_editing();
+    fill();
     select_line();
-    ui_->own_list->scrollTo(wam_slots_->index(wam_slots_->row_of(slot), 0));
+    ui_->own_list->scrollTo(lines_->index(lines_->place_of(slot), 0));
     QWidget* next = ui_->own_list;
     if (was_new) next = ui_->new_button;
     next->setFocus();
 }
 
+i16 wam::slot_to_write() {
+    if (is_new_) return GetFreeWam();
+    const i16 slot = current_.now();
+    if (slot == 0) say(tr("This line is not there any more."));
+    return slot;
+}
+
 void wam::delete_line() {
-    if (current_wam_ != 0 && wams[current_wam_].in_use != 0) project_modified = i16_true;
-    wams[current_wam_] = {};
-    set_fields({}, {});
-    ui_->accept_button->setEnabled(false);
-    PopulateWamList();
+    const i16 slot = current_.now();
+    if (slot != 0) {
+        wams[slot] = {};
+        project_modified = i16_true;
+    }
+    stop_editing();
+    fill();
     select_line();
     ui_->own_list->setFocus();
 }
 
-// The left field keeps the blank in front of "=": kept, so that a line accepted unchanged grows.
 void wam::pick(int row) {
-    current_wam_ = wam_slots_->slot_at(row);
-    const MeasureParts parts = split_measure(wams[current_wam_].text);
-    set_fields(shown_text(parts.left), shown_text(parts.right));
-    ui_->accept_button->setEnabled(true);
-    show_mode();
+    const i16 slot = part_of(lines_->row_at(row), 0);
+    current_ = RowRef(Subject::measures, slot);
+    show_line(slot);
 }
 
 void wam::edit_line() {
     const QModelIndex row = ui_->own_list->currentIndex();
     if (!row.isValid()) return;
-    if (!ui_->accept_button->isEnabled()) pick(row.row());
+    if (!is_editing()) pick(row.row());
     ui_->left_field->setFocus();
     ui_->left_field->selectAll();
 }
@@ -149,31 +147,63 @@ void wam::escape() {
     if (!ui_->left_field->isModified() && !ui_->right_field->isModified()) {
         return close_screen(*this);
     }
-    const int row = wam_slots_->row_of(current_wam_);
-    if (wam_is_new_ == 0 && row >= 0) {
-        pick(row);
+    const i16 slot = is_new_ ? i16{0} : current_.now();
+    if (slot != 0) {
+        show_line(slot);
     } else {
         set_fields({}, {});
     }
     ui_->own_list->setFocus();
 }
 
-void wam::quietly(const std::function<void()>& work) {
-    quiet_ = true;
-    trap_in_screen(work);
-    quiet_ = false;
+// --- what is shown -------------------------------------------------------------------------------
+
+void wam::PopulateWamList() {
+    guarded([this] { fill(); });
+}
+
+void wam::fill() {
+    const std::vector<i16> live = live_wams();
+    filling_ = true;
+    refill_in_place(*ui_->own_list, *lines_, {live.begin(), live.end()});
+    filling_ = false;
+    show_mode();
+    seen_.renew();
+}
+
+// What was typed stays; a line that nobody has touched follows, or goes with its record.
+void wam::follow_changes() {
+    if (!seen_.is_stale()) return;
+    fill();
+    const bool typed = ui_->left_field->isModified() || ui_->right_field->isModified();
+    if (!is_editing() || is_new_ || typed) return;
+    if (const i16 slot = current_.now(); slot != 0) return show_line(slot);
+    stop_editing();
+    show_mode();
+}
+
+bool wam::is_editing() const {
+    return ui_->accept_button->isEnabled();
+}
+
+// The left field keeps the blank in front of "=": kept, so that a line accepted unchanged grows.
+void wam::show_line(i16 slot) {
+    const MeasureParts parts = split_measure(row_or_none(wams, slot).text);
+    set_fields(shown_text(parts.left), shown_text(parts.right));
+    ui_->accept_button->setEnabled(true);
+    show_mode();
 }
 
 // What is marked in the list is what Delete deletes.
 void wam::select_line() {
-    quietly([this] {
-        const int row = wam_slots_->row_of(current_wam_);
-        if (row >= 0) {
-            ui_->own_list->setCurrentIndex(wam_slots_->index(row, 0));
-        } else {
-            ui_->own_list->clearSelection();
-        }
-    });
+    filling_ = true;
+    if (!select_row(*ui_->own_list, *lines_, current_.now())) ui_->own_list->clearSelection();
+    filling_ = false;
+}
+
+void wam::stop_editing() {
+    set_fields({}, {});
+    ui_->accept_button->setEnabled(false);
 }
 
 void wam::set_fields(const QString& left, const QString& right) {
@@ -182,11 +212,10 @@ void wam::set_fields(const QString& left, const QString& right) {
 }
 
 void wam::show_mode() {
-    const bool typing = ui_->accept_button->isEnabled();
-    const int row = wam_slots_->row_of(current_wam_);
-    ui_->mode_label->setText(!typing ? tr("Pick a line to change it, or press \"New\".")
-                             : wam_is_new_ != 0 || row < 0 ? tr("A new line:")
-                                                           : tr("Change line %1:").arg(row + 1));
+    const int row = lines_->place_of(current_.now());
+    ui_->mode_label->setText(!is_editing() ? tr("Pick a line to change it, or press \"New\".")
+                             : is_new_ || row < 0 ? tr("A new line:")
+                                                  : tr("Change line %1:").arg(row + 1));
 }
 
 }  // namespace tavernook

@@ -3,21 +3,21 @@
 // two fields, and stored by "Accept".
 #pragma once
 
-#include <QWidget>
-#include <functional>
 #include <memory>
 
 #include "basics/values.h"
+#include "core/changes.h"
+#include "screens/parts/screen.h"
 
 namespace tavernook {
 
-class SlotRowsModel;
+class RowsModel;
 
 namespace Ui {
 class wam;
 }
 
-class wam : public QWidget {
+class wam : public Screen {
     Q_OBJECT
 
   public:
@@ -25,6 +25,9 @@ class wam : public QWidget {
     ~wam() override;
 
     void PopulateWamList();
+
+  protected:
+    void follow_changes() override;
 
   private:
     void set_up_lists();
@@ -37,17 +40,21 @@ class wam : public QWidget {
     void edit_line();
     void escape();
 
-    // Works on the list without taking what it selects meanwhile for a pick of the user's.
-    void quietly(const std::function<void()>& work);
+    i16 slot_to_write();  // 0 when there is none: the user has been told
+    bool is_editing() const;
+    void fill();
+    void show_line(i16 slot);
     void select_line();
+    void stop_editing();
     void set_fields(const QString& left, const QString& right);
     void show_mode();
 
     std::unique_ptr<Ui::wam> ui_;
-    SlotRowsModel* wam_slots_;  // the slot of each row
-    i16 current_wam_ = 0;       // the line being edited, and the one that Delete deletes
-    i16 wam_is_new_ = i16_false;
-    bool quiet_ = false;
+    RowsModel* lines_;
+    Seen seen_;
+    RowRef current_;  // the line being edited, and the one that Delete deletes
+    bool is_new_ = false;
+    bool filling_ = false;  // what the list selects meanwhile is no pick of the user's
 };
 
 }  // namespace tavernook

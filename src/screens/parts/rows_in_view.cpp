@@ -1,8 +1,8 @@
 #include "screens/parts/rows_in_view.h"
 
+#include <QAbstractItemView>
 #include <QItemSelection>
 #include <QScrollBar>
-#include <QTreeView>
 #include <algorithm>
 #include <unordered_set>
 #include <utility>
@@ -19,7 +19,7 @@ struct Place {
     int across = 0;
 };
 
-Place place_in(const QTreeView& view, const RowsModel& model) {
+Place place_in(const QAbstractItemView& view, const RowsModel& model) {
     const std::vector<RowId> selected = selected_rows(view, model);
     Place place;
     place.selected = {selected.begin(), selected.end()};
@@ -49,11 +49,14 @@ QItemSelection selection_of(const RowsModel& model, const std::unordered_set<Row
 
 }  // namespace
 
-bool refill_in_place(QTreeView& view, RowsModel& model, std::vector<RowId> rows) {
+bool refill_in_place(QAbstractItemView& view, RowsModel& model, std::vector<RowId> rows) {
     const Place before = place_in(view, model);
     if (!model.set_rows(std::move(rows))) return false;
     QItemSelectionModel& marks = *view.selectionModel();
-    marks.select(selection_of(model, before.selected), QItemSelectionModel::ClearAndSelect);
+    const QItemSelection kept = selection_of(model, before.selected);
+    marks.select(kept, QItemSelectionModel::ClearAndSelect);
+    // A selection that goes with its rows goes without a word.
+    if (kept.isEmpty() && !before.selected.empty()) Q_EMIT marks.selectionChanged({}, {});
     const int found = model.place_of(before.current);
     const int place = found >= 0 ? found : std::min(before.current_place, model.rowCount() - 1);
     if (place >= 0) marks.setCurrentIndex(model.index(place, 0), QItemSelectionModel::NoUpdate);
@@ -63,7 +66,7 @@ bool refill_in_place(QTreeView& view, RowsModel& model, std::vector<RowId> rows)
     return true;
 }
 
-std::vector<RowId> selected_rows(const QTreeView& view, const RowsModel& model) {
+std::vector<RowId> selected_rows(const QAbstractItemView& view, const RowsModel& model) {
     std::vector<RowId> found;
     for (const QItemSelectionRange& range : view.selectionModel()->selection()) {
         for (int place = range.top(); place <= range.bottom(); ++place) {
@@ -73,11 +76,11 @@ std::vector<RowId> selected_rows(const QTreeView& view, const RowsModel& model) 
     return found;
 }
 
-RowId current_row(const QTreeView& view, const RowsModel& model) {
+RowId current_row(const QAbstractItemView& view, const RowsModel& model) {
     return model.row_at(view.currentIndex().row());
 }
 
-bool select_row(QTreeView& view, const RowsModel& model, RowId row) {
+bool select_row(QAbstractItemView& view, const RowsModel& model, RowId row) {
     const int place = model.place_of(row);
     if (place < 0) return false;
     view.setCurrentIndex(model.index(place, 0));

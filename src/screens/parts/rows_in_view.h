@@ -6,23 +6,23 @@
 
 #include "screens/parts/rows_model.h"
 
-class QTreeView;
+class QAbstractItemView;
 
 namespace tavernook {
 
 // The rows, in the owner's order. What is still there stays selected and current, and the list
 // stays scrolled as it was; the place of a current row that has gone is that of the next one. False
 // when the same rows stand in the same order as before.
-bool refill_in_place(QTreeView& view, RowsModel& model, std::vector<RowId> rows);
+bool refill_in_place(QAbstractItemView& view, RowsModel& model, std::vector<RowId> rows);
 
 // As the selection holds them, which is not the order in which they stand.
-std::vector<RowId> selected_rows(const QTreeView& view, const RowsModel& model);
+std::vector<RowId> selected_rows(const QAbstractItemView& view, const RowsModel& model);
 
 // no_row without one.
-RowId current_row(const QTreeView& view, const RowsModel& model);
+RowId current_row(const QAbstractItemView& view, const RowsModel& model);
 
 // Makes the row the current and selected one and brings it into sight. Does nothing, and answers
 // so, when it is not in the list.
-bool select_row(QTreeView& view, const RowsModel& model, RowId row);
+bool select_row(QAbstractItemView& view, const RowsModel& model, RowId row);
 
 }  // namespace tavernook

@@ -2,7 +2,9 @@
 #include <QElapsedTimer>
 #include <QScrollBar>
 
+#include "core/changes.h"
 #include "screens/grocery/shopping_list_fixture.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 namespace {
@@ -155,9 +157,47 @@ TEST_F(ShoppingListOrder, ComingBackToTheScreenBringsItUpToDate) {
     items[salt].name = "Sea salt";
     want(salt, 3);
     items[bread] = ItemRecord{};
+    end_of_step();
     open_list();
     EXPECT_EQ(names(), (Texts{"Apples", "Milk", "Sea salt"}));
     EXPECT_EQ(column(picks()), (Texts{"Apples", "Milk", "Sea salt"}));
+}
+
+TEST_F(ShoppingListOrder, WhatOthersChangeIsFollowedAtTheEndOfTheirStep) {
+    open_list();
+    end_of_step();
+    choose_row(2);
+    stores[1].name = "Corner";
+    items[milk].shopping_quantity = 4;
+    sales_tax = 0;
+    end_of_step();
+    EXPECT_EQ(column(list(), 2), (Texts{"Corner", "Corner", "Baker"}));
+    EXPECT_EQ(column(list(), 4), (Texts{"10.00", "4.00", "1.00"}));
+    EXPECT_EQ(label("total_label"), "$12.50");  // 2.50 + 6.00 + 4.00
+    EXPECT_EQ(selected_names(list()), Texts{"Bread"});
+}
+
+TEST_F(ShoppingListOrder, WhatWasBegunInTheFindBoxStaysWhenItemsChange) {
+    open_list();
+    find_box().setText("sal");
+    put_food(4, "Salsa", 1, 1, 1, "5555");
+    end_of_step();
+    EXPECT_EQ(find_box().text(), "sal");
+    EXPECT_EQ(column(picks()), (Texts{"Salsa", "Salt"}));
+}
+
+TEST_F(ShoppingListOrder, AnotherItemInTheSlotOfADeletedOneIsNotTakenForIt) {
+    open_list();
+    end_of_step();
+    choose_row(1);
+    items[milk] = ItemRecord{};
+    items[milk].quantity = 0;
+    look_for_changes();
+    put_food(milk, "Cream", 1, 1, 1, "6666");
+    want(milk, 1);
+    press("F2");  // no question
+    EXPECT_EQ(status(), "This item is not there any more.");
+    EXPECT_EQ(names(), (Texts{"Apples", "Cream", "Bread"}));
 }
 
 TEST_F(ShoppingListOrder, TheAuditByCommandBringsItUpToDate) {

@@ -5,6 +5,7 @@
 
 #include "core/name_rows.h"
 #include "screens/child_screen_fixture.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 namespace {
@@ -363,6 +364,54 @@ TEST_P(NameRowsForms, ClosingRefreshesTheBoxesOfTheItemScreen) {
         EXPECT_FALSE(is_open(GetParam().screen)) << way;
         EXPECT_EQ(calls.entries, (Texts{GetParam().refreshed})) << way;
     }
+}
+
+TEST_P(NameRowsForms, WhatOthersChangeComesIntoTheListAndTheBox) {
+    put(1, "Dairy");
+    put(2, "Bakery");
+    open_form();
+    end_of_step();
+    click_row(list(), 1);
+    put(2, "Miller");
+    put(3, "Market");
+    use(1, "Milk", 3);
+    end_of_step();
+    EXPECT_EQ(column(list()), (Texts{"Dairy", "Miller", "Market"}));
+    EXPECT_EQ(column(list(), 1), (Texts{"0", "0", "1"}));
+    EXPECT_EQ(box().text(), "Miller");
+}
+
+TEST_P(NameRowsForms, WhatWasTypedStaysWhenOthersChangeTheTable) {
+    put(2, "Bakery");
+    open_form();
+    end_of_step();
+    click_row(list(), 0);
+    press("F2");
+    type("Miller");
+    put(1, "Dairy");  // the row of the map is another one now
+    end_of_step();
+    EXPECT_EQ(box().text(), "Miller");
+    press("Return");
+    EXPECT_EQ(column(list()), (Texts{"Dairy", "Miller"}));
+}
+
+TEST_P(NameRowsForms, ANameThatHasGoneMeanwhileIsNotAccepted) {
+    put(1, "Dairy");
+    put(2, "Bakery");
+    open_form();
+    end_of_step();
+    click_row(list(), 0);
+    press("F2");
+    type("Miller");
+    stores[1] = {};
+    units[1] = {};
+    end_of_step();
+    press("Return");
+    EXPECT_EQ(column(list()), (Texts{"Bakery"}));
+    EXPECT_EQ(panel(1), is_store() ? "This store is not there any more."
+                                   : "This unit is not there any more.");
+    EXPECT_EQ(project_modified, i16_false);
+    expect_nothing_to_accept();
 }
 
 TEST_P(NameRowsForms, EscapeTakesBackWhatWasTypedBeforeItCloses) {

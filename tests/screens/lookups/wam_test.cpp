@@ -5,6 +5,7 @@
 
 #include "core/weights_and_measures.h"
 #include "screens/child_screen_fixture.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 namespace {
@@ -257,6 +258,38 @@ TEST_F(WeightsAndMeasures, CloseByButtonLetterAndEscape) {
         settle();
         EXPECT_FALSE(is_open("wam")) << way;
     }
+}
+
+TEST_F(WeightsAndMeasures, ALineThatHasGoneMeanwhileIsNotWritten) {
+    put(1, "1 mug = 350 mL");
+    put(2, "1 stick = 113 grams");
+    open_own();
+    end_of_step();
+    click_row(list(), 0);
+    press("F2");
+    type("xyz");
+    wams[1] = {};
+    end_of_step();
+    EXPECT_EQ(column(list()), (Texts{"1 stick = 113 grams"}));
+    EXPECT_EQ(left().text(), "xyz");
+    click("accept_button");
+    EXPECT_EQ(wams[1].in_use, 0);
+    EXPECT_EQ(panel(1), "This line is not there any more.");
+    click("delete_button");
+    EXPECT_EQ(column(list()), (Texts{"1 stick = 113 grams"}));
+}
+
+TEST_F(WeightsAndMeasures, ALinePickedAndNotTouchedFollows) {
+    put(1, "1 mug = 350 mL");
+    open_own();
+    end_of_step();
+    click_row(list(), 0);
+    wams[1].text = "1 jug = 1 liter";
+    end_of_step();
+    EXPECT_EQ(left().text(), "1 jug ");
+    wams[1] = {};
+    end_of_step();
+    expect_empty_fields();
 }
 
 TEST_F(WeightsAndMeasures, EscapeTakesBackWhatWasTypedBeforeItCloses) {

@@ -238,6 +238,15 @@ TEST_F(RowsModelTest, WhatStaysInARefilledListStaysSelectedAndCurrent) {
     EXPECT_FALSE(refill_in_place(view, model, {3, 4, 5}));
 }
 
+TEST_F(RowsModelTest, ASelectionThatGoesWithItsRowsIsTold) {
+    stock_the_shelf();
+    select({2});
+    const QSignalSpy told(view.selectionModel(), &QItemSelectionModel::selectionChanged);
+    refill_in_place(view, model, {1, 3, 4});
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_TRUE(selected().empty());
+}
+
 TEST_F(RowsModelTest, TheNextRowBecomesCurrentForOneThatHasGone) {
     stock_the_shelf();
     select_row(view, model, 2);
