@@ -5,6 +5,7 @@
 #include <span>
 
 #include "basics/number_text.h"
+#include "core/changes.h"
 #include "core/project_data.h"
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
@@ -84,6 +85,16 @@ f64 ask_quantity(std::string_view title) {
     return leading_number(with_decimal_point(typed));
 }
 
+// The recipe may go, and the day may be audited, while the box stands open.
+void plan_as_asked(i16 number, std::string_view title, bool zero_too) {
+    const RowRef recipe(Subject::recipes, number);
+    const f64 quantity = ask_quantity(title);
+    if ((quantity == 0 && !zero_too) || recipe.now() == 0) return;
+    const DayRecord& day = day_at(current_day);
+    if (day.in_use == 1 && day.audited != 0) return;
+    add_meal(recipe.now(), quantity);
+}
+
 }  // namespace
 
 std::string recommendation_key(const Recommendation& row) {
@@ -115,14 +126,12 @@ i16 recommended_recipe(std::string_view key) {
 
 void add_recommended_meal(std::string_view key) {
     const std::optional<i16> recipe = number_behind_colon(key);
-    if (recipe) add_meal(*recipe, ask_quantity("Add Meal"));
+    if (recipe) plan_as_asked(*recipe, "Add Meal", true);
 }
 
 void add_recommended_meal_unless_zero(std::string_view key) {
     const std::optional<i16> recipe = number_behind_colon(key);
-    if (!recipe) return;
-    const f64 quantity = ask_quantity("Add");
-    if (quantity != 0) add_meal(*recipe, quantity);
+    if (recipe) plan_as_asked(*recipe, "Add", false);
 }
 
 }  // namespace tavernook

@@ -32,8 +32,9 @@ i16 recommended_item(std::string_view key);
 i16 recommended_recipe(std::string_view key);
 
 // The popup's command: asks for a quantity and plans the recipe on current_day with whatever that
-// reads as, 0 included, after Cancel too. Nothing happens for a key without a colon. Throws what
-// add_meal throws.
+// reads as, 0 included, after Cancel too. Nothing happens for a key without a colon; nothing is
+// planned when behind the box the recipe is not live any more or the day has been audited. Throws
+// what add_meal throws.
 void add_recommended_meal(std::string_view key);
 
 // The double click: the same, but a quantity that reads as 0 adds nothing.

@@ -2,49 +2,47 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QContextMenuEvent>
-#include <QHeaderView>
-#include <QSortFilterProxyModel>
-#include <QToolButton>
+#include <QMenu>
+#include <QPointer>
+#include <utility>
 #include <vector>
 
-#include "core/trap.h"
+#include "core/project/daily_audit.h"
 #include "planning/day_clipboard.h"
 #include "planning/day_plans.h"
+#include "planning/day_totals.h"
 #include "platform/platform.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
-#include "screens/parts/shown_text.h"
-#include "screens/parts/toolbar_parts.h"
-#include "screens/planner/calendar_grid.h"
-#include "screens/planner/day_list_model.h"
-#include "screens/planner/recommendations_model.h"
+#include "screens/parts/scan_entry.h"
+#include "screens/planner/calendar_pane.h"
+#include "screens/planner/day_commands.h"
+#include "screens/planner/day_pane.h"
+#include "screens/planner/other_screens.h"
+#include "screens/planner/planner_parts.h"
+#include "screens/planner/recommendations_pane.h"
+#include "screens/planner/selected_day.h"
 #include "ui_MealPlan.h"
 
 namespace tavernook {
 
 MealPlan::MealPlan(QWidget* parent)
-    : QWidget(parent),
-      ui_(std::make_unique<Ui::MealPlan>()),
-      day_list_(new DayListModel(this)),
-      sorted_day_(sorted_rows_of(*day_list_, this)),
-      recommended_(new RecommendationsModel(this)) {
-    ui_->setupUi(this);
+    : Screen(parent),
+      ui_(laid_out<Ui::MealPlan>(*this)),
+      calendar_(*ui_->month_panel),
+      day_(*ui_->day_panel),
+      recommendations_(*ui_->recommendations_panel) {
     setWindowIcon(icon(QStringLiteral("meal_plan")));
-    set_up_toolbars();
-    set_up_month_bar();
     set_up_calendar();
-    set_up_day_list();
+    set_up_day();
     set_up_recommendations();
-    set_up_commands();
-    set_up_sizes();
-    set_up_tab_order();
-    set_up_keys();
-    setFocusProxy(ui_->Text1);
+    set_up_menu();
+    set_up_order();
+    enter_presses_buttons(*this);
     reset_planner_state();
     set_meal_plan(this);
-    trap_in_screen([this] {
-        set_date(qdate_of(civil_from_date(platform_clock().now())));
+    guarded([this] {
+        set_date(todays_date());
         current_day = slot_of_selected_date();
         CalendarUpdate(0);
         show_plan();
@@ -53,145 +51,98 @@ MealPlan::MealPlan(QWidget* parent)
     update_commands();
 }
 
-// Another screen of its kind may have taken its place meanwhile, and the focus may still move while
-// the parts go.
+// Another screen of its kind may have taken its place meanwhile.
 MealPlan::~MealPlan() {
-    disconnect(qApp, nullptr, this, nullptr);
     if (meal_plan() == this) set_meal_plan(nullptr);
 }
 
 // --- how it is put together --------------------------------------------------------------------
 
-void MealPlan::set_up_toolbars() {
-    fill_toolbar(*this, *ui_->Toolbar1, {{1, "print_week"}, {2, "today"}, {3, "print_month"}});
-    fill_toolbar(*this, *ui_->Toolbar2,
-                 {{1, "recipes"}, {2, "inventory"}, {3, "delete"}, {4, "edit"}});
-    const int line = fontMetrics().height();
-    ui_->Toolbar1->setIconSize(QSize(line, line));
-    ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    ui_->Toolbar2->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    ui_->Toolbar2->installEventFilter(this);
-    auto* first = qobject_cast<QToolButton*>(ui_->Toolbar2->widgetForAction(ui_->Toolbar2_1));
-    first->setAutoRaise(false);
-    QFont large = first->font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.2);
-    first->setFont(large);
-    QFont heading = ui_->Label6->font();
-    heading.setBold(true);
-    heading.setPointSizeF(heading.pointSizeF() * 1.25);
-    ui_->Label6->setFont(heading);
-    QFont total = ui_->calories_total->font();
-    total.setBold(true);
-    for (QLabel* label : {ui_->calories_total, ui_->fat_total, ui_->cost_total}) {
-        label->setFont(total);
-    }
-    const std::pair<QToolButton*, const char*> steps[] = {{ui_->previous_month, "previous"},
-                                                          {ui_->next_month, "next"}};
-    for (const auto& [button, name] : steps) {
-        button->setIcon(icon(QLatin1String(name)));
-        button->setIconSize(QSize(line, line));
-    }
+void MealPlan::set_up_calendar() {
+    using Pane = CalendarPane;
+    on_wish(*this, calendar_, &Pane::date_chosen, &MealPlan::choose_date);
+    on_wish(*this, calendar_, &Pane::month_chosen, &MealPlan::choose_month);
+    on_wish(*this, calendar_, &Pane::today_wanted, &MealPlan::go_to_today);
+    on_wish(*this, calendar_, &Pane::recipes_wanted, choose_recipe);
+    on_wish(*this, calendar_, &Pane::copy_wanted, copy_day_shown);
+    on_wish(*this, calendar_, &Pane::cut_wanted, cut_day_shown);
+    on_wish(*this, calendar_, &Pane::paste_wanted, paste_here);
+    on_wish(*this, calendar_, &Pane::delete_wanted, delete_here);
+    on_wish(*this, calendar_, &Pane::dropped, [this](const QDate& date, const QString& text) {
+        choose_date(date);
+        plan_dragged(text);
+    });
+    connect(&calendar_, &Pane::menu_wanted, this, &MealPlan::show_menu);
+    calendar_.set_drop_rule([this](const QDate& date, const QString& text) {
+        return !is_running() && may_drop(date, text);
+    });
+    calendar_.take_keys_of(day_.entry());
 }
 
-void MealPlan::set_up_sizes() {
-    ui_->main_splitter->setSizes({720, 400});
-    ui_->main_splitter->setStretchFactor(0, 1);
-    ui_->main_splitter->setStretchFactor(1, 0);
-    ui_->month_splitter->setSizes({520, 180});
-    ui_->month_splitter->setStretchFactor(0, 1);
-    ui_->month_splitter->setStretchFactor(1, 0);
-    for (QTreeView* list : {ui_->lv2, ui_->recommendations}) {
-        list->setMinimumHeight(list->fontMetrics().height() * 4);
-        const int title = list->fontMetrics().horizontalAdvance(QStringLiteral("Quantity"));
-        list->header()->setMinimumSectionSize(title + letters_wide(*this, 2));
-    }
-    ui_->lv2->setMinimumWidth(letters_wide(*this, 36));
-    ui_->recommendations->setMinimumWidth(letters_wide(*this, 30));
+void MealPlan::set_up_day() {
+    using Pane = DayPane;
+    on_wish(*this, day_, &Pane::recipes_wanted, choose_recipe);
+    on_wish(*this, day_, &Pane::items_wanted, choose_item);
+    on_wish(*this, day_, &Pane::removal_wanted, &MealPlan::remove_selected);
+    on_wish(*this, day_, &Pane::edit_wanted, edit_day_shown);
+    on_wish(*this, day_, &Pane::opened, show_entry);
+    on_wish(*this, day_, &Pane::dropped, plan_dragged);
+    on_wish(*this, day_, &Pane::quantity_wanted,
+            [this] { ask_quantity(selected_day_key(), day_.selected_quantity()); });
+    on_wish(*this, day_.entry(), &ScanEntry::scanned, plan_code);
+    day_.set_drop_rule(
+        [this](const QString& text) { return !is_running() && may_drop(selected_date(), text); });
+    day_.entry().watch(
+        *this, {.keeps_letters = {&day_.list(), &recommendations_.list(), &calendar_.month_box()},
+                .keeps_digits = {&calendar_.year_box()}});
+    setFocusProxy(&day_.entry());
 }
 
-// As one reads: month, calendar, day, recommendations.
-void MealPlan::set_up_tab_order() {
-    std::vector<QWidget*> order{ui_->previous_month, ui_->Combo1, ui_->FlatScrollBar2,
-                                ui_->next_month};
-    const auto add_buttons = [&order](QToolBar& bar) {
-        for (QAction* action : bar.actions()) order.push_back(bar.widgetForAction(action));
-    };
-    add_buttons(*ui_->Toolbar1);
-    order.push_back(ui_->calendar_grid);
-    add_buttons(*ui_->Toolbar2);
-    for (QWidget* part : std::initializer_list<QWidget*>{ui_->Text1, ui_->lv2, ui_->Command2,
-                                                         ui_->recommendations}) {
-        order.push_back(part);
-    }
-    for (std::size_t n = 1; n < order.size(); ++n) setTabOrder(order[n - 1], order[n]);
+void MealPlan::set_up_recommendations() {
+    using Pane = RecommendationsPane;
+    on_wish(*this, recommendations_, &Pane::plan_wanted, &MealPlan::plan_recommended_row);
+    on_wish(*this, recommendations_, &Pane::item_wanted, show_recommended_item);
+    on_wish(*this, recommendations_, &Pane::recipe_wanted, show_recommended_recipe);
+    on_wish(*this, recommendations_, &Pane::refresh_wanted, &MealPlan::refresh_all);
+    on_keys(*this, QKeySequence::Refresh, [this] { run([this] { refresh_all(); }); });
 }
 
-void MealPlan::run(const std::function<void()>& command) {
-    if (busy_) return;
-    busy_ = true;
-    main_window().set_status(message_panel, "");
-    trap_in_screen(command);
-    busy_ = false;
-    update_commands();
-}
-
-void MealPlan::when_triggered(QAction* action, std::function<void()> command) {
-    connect(action, &QAction::triggered, this, [this, command] { run(command); });
-}
-
-void MealPlan::set_up_commands() {
-    when_triggered(ui_->Toolbar1_2, [this] { go_to_today(); });
-    when_triggered(ui_->Toolbar2_1, [this] { open_recipes(); });
-    when_triggered(ui_->Toolbar2_2, [this] { open_inventory(); });
-    when_triggered(ui_->Toolbar2_3, [this] { remove_selected(); });
-    when_triggered(ui_->Toolbar2_4, [this] { edit_audited(); });
-    when_triggered(ui_->mealplan_mod_qty, [this] { ask_quantity(); });
-    const std::pair<QAction*, PopupChoice> choices[] = {
-        {ui_->POPMenu_Cut, popup_cut},           {ui_->POPMenu_Paste, popup_paste},
-        {ui_->POPMenu_Delete, popup_delete},     {ui_->POPMenu_Copy, popup_copy},
-        {ui_->popmenu_add_item, popup_add_item}, {ui_->popmenu_add_meal, popup_add_meal}};
-    for (const auto& [action, choice] : choices) {
-        connect(action, &QAction::triggered, this, [this, choice = choice] {
+void MealPlan::set_up_menu() {
+    const QList<QAction*> actions = ui_->popmenu->actions();
+    for (int choice = popup_cut; choice <= popup_add_meal; ++choice) {
+        connect(actions[choice], &QAction::triggered, this, [this, choice] {
             set_popup(choice);
             run([this] { apply_popup(); });
         });
     }
-    connect(ui_->Command2, &QPushButton::clicked, this, [this] { run([this] { refresh_all(); }); });
-    enter_presses_buttons(*this);
 }
 
-void MealPlan::set_up_keys() {
-    on_keys(*this, QKeySequence::Refresh, [this] { ui_->Command2->click(); });
-    for (QWidget* part : findChildren<QWidget*>()) {
-        if (part->focusPolicy() != Qt::NoFocus) part->installEventFilter(this);
+// The calendar gets the room; one goes through the parts as one reads: month, calendar, day,
+// recommendations.
+void MealPlan::set_up_order() {
+    ui_->main_splitter->setSizes({720, 400});
+    ui_->month_splitter->setSizes({520, 180});
+    for (QSplitter* splitter : {ui_->main_splitter, ui_->month_splitter}) {
+        splitter->setStretchFactor(0, 1);
+        splitter->setStretchFactor(1, 0);
     }
-    ui_->lv2->viewport()->installEventFilter(this);
-    connect(qApp, &QApplication::focusChanged, this, &MealPlan::follow_focus);
+    std::vector<QWidget*> order;
+    for (const auto& parts :
+         {calendar_.tab_order(), day_.tab_order(), recommendations_.tab_order()}) {
+        order.insert(order.end(), parts.begin(), parts.end());
+    }
+    for (std::size_t n = 1; n < order.size(); ++n) setTabOrder(order[n - 1], order[n]);
 }
 
-// With large text there is room for the pictures only; their names are in the tooltips.
-void MealPlan::fit_day_commands() {
-    QToolBar& bar = *ui_->Toolbar2;
-    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    if (bar.sizeHint().width() > bar.width()) bar.setToolButtonStyle(Qt::ToolButtonIconOnly);
-}
-
-// Not every system makes a request for the context menu of these keys.
-void MealPlan::open_menu_by_keys(QWidget& part) {
-    on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] {
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), part.mapToGlobal(QPoint()));
-        QApplication::sendEvent(&part, &event);
-    });
-}
+// --- events ------------------------------------------------------------------------------------
 
 void MealPlan::closeEvent(QCloseEvent* event) {
-    event->setAccepted(!busy_);
+    event->setAccepted(!is_running());
 }
 
 // A box may have to be shown, which must wait until the window stands.
 void MealPlan::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
+    Screen::showEvent(event);
     if (first_call_) QMetaObject::invokeMethod(this, &MealPlan::first_view, Qt::QueuedConnection);
 }
 
@@ -204,36 +155,183 @@ void MealPlan::first_view() {
     populate_meal_recommendations();
 }
 
-// Names, stock and plans may have changed while the user was elsewhere. No box here: it would move
-// the focus again.
-void MealPlan::follow_focus(const QWidget* before, const QWidget* now) {
-    const auto is_inside = [this](const QWidget* widget) {
-        return widget != nullptr && isAncestorOf(widget);
-    };
-    if (busy_ || !is_inside(now) || is_inside(before)) return;
-    trap(
-        [this] {
-            draw_calendar();
-            show_plan();
-            renew_totals();
-        },
-        [](const Fault&) {});
-    update_commands();
+// Names, stock and plans may have been changed from anywhere. The date's slot may have gone, too.
+void MealPlan::follow_changes() {
+    if (!day_is_held()) current_day = slot_of_selected_date();
+    calendar_.follow_changes();
+    day_.follow_changes();
+    recommendations_.follow_changes();
+    day_.tell_date(calendar_.told_date());
+    day_.entry().follow_scanner_type();
 }
 
 void MealPlan::update_commands() {
     const bool open = !day_is_audited();
-    for (QAction* action :
-         {ui_->Toolbar2_1, ui_->Toolbar2_2, ui_->Toolbar2_3, ui_->popmenu_add_item,
-          ui_->popmenu_add_meal, ui_->mealplan_mod_qty, ui_->Recommend_Add_Meal}) {
-        action->setEnabled(open);
-    }
-    ui_->Toolbar2_4->setEnabled(!open && day_is_held());
+    day_.set_commands(open, !open && day_is_held());
+    recommendations_.set_may_plan(open);
+    ui_->popmenu_add_item->setEnabled(open);
+    ui_->popmenu_add_meal->setEnabled(open);
     ui_->POPMenu_Paste->setEnabled(day_clipboard.filled);
 }
 
-void MealPlan::say(const QString& text) {
-    main_window().set_status(message_panel, typed_text(text));
+// --- date and month ----------------------------------------------------------------------------
+
+void MealPlan::CalendarUpdate(i16 mode) {
+    guarded([&] {
+        if (mode == ports::month_in_view) {
+            calendar_.draw();
+        } else {
+            calendar_.show_month(selected_date());
+        }
+        day_.show_state();
+        day_.tell_date(calendar_.told_date());
+        pending_calendar_refresh = i16_false;
+    });
+    // An audit by the clock has no other word for the day shown.
+    set_day_editable(day_is_held() && !day_is_audited());
+    update_commands();
+}
+
+void MealPlan::set_date(const QDate& date) {
+    selected_day = to_i16(date.day());
+    selected_month = to_i16(date.month());
+    selected_year = to_i16(date.year());
+    day_.show_date(date);
+}
+
+void MealPlan::open_date(const QDate& date) {
+    set_date(date);
+    calendar_.mark(date);
+    populate_day();
+}
+
+void MealPlan::choose_date(const QDate& date) {
+    calendar_.mark(date);
+    if (date != selected_date() || civil_date_of(date) != opened_) open_date(date);
+}
+
+// The selected date comes along: the same day, or the last one of a shorter month.
+void MealPlan::choose_month(const QDate& first) {
+    const int day = std::min<int>(selected_day, first.daysInMonth());
+    calendar_.show_month(first);
+    open_date(QDate(first.year(), first.month(), day));
+    CalendarUpdate(ports::month_in_view);
+}
+
+void MealPlan::go_to_today() {
+    open_date(todays_date());
+    CalendarUpdate(0);
+}
+
+// --- the day -----------------------------------------------------------------------------------
+
+void MealPlan::populate_day() {
+    guarded([this] { open_selected_day(); });
+    populate_days_Meals_Items();
+}
+
+// The box for a full table comes once for each opening of a date.
+void MealPlan::open_selected_day() {
+    const CivilDate date{selected_year, selected_month, selected_day};
+    if (date == std::exchange(opened_, date)) {
+        current_day = slot_of_selected_date();
+    } else {
+        day_.clear();
+        open_day();
+    }
+}
+
+void MealPlan::populate_days_Meals_Items() {
+    guarded([this] { show_plan(); });
+    populate_day_info();
+    update_commands();
+}
+
+// Changes no table.
+void MealPlan::show_plan() {
+    day_.show_plan();
+    day_.tell_date(calendar_.told_date());
+}
+
+void MealPlan::populate_day_info() {
+    if (day_is_held()) {
+        guarded([this] { day_.show_totals(day_totals_shown(current_day)); });
+    } else {
+        reset_day_totals();
+    }
+    if (pending_calendar_refresh != 0) CalendarUpdate(ports::month_in_view);
+}
+
+void MealPlan::set_day_editable(bool editable) {
+    day_.set_editable(editable);
+}
+
+void MealPlan::reset_day_totals() {
+    guarded([this] { day_.show_no_totals(); });
+}
+
+std::string MealPlan::selected_day_key() {
+    return day_.selected_key();
+}
+
+void MealPlan::Add_Item(i16 item, f64 servings) {
+    guarded([&] { plan_item(item, servings); });
+    update_commands();
+}
+
+void MealPlan::add_meal(i16 recipe, f64 quantity) {
+    guarded([&] { plan_recipe(recipe, quantity); });
+    update_commands();
+}
+
+void MealPlan::remove_selected() {
+    const int row = day_.current_row();
+    if (!remove_row(selected_day_key())) return;
+    CalendarUpdate(ports::month_in_view);
+    day_.mark_row_at(row);
+}
+
+// --- the menu of a date ------------------------------------------------------------------------
+
+void MealPlan::show_menu(const QPoint& place) {
+    set_popup(popup_none);
+    update_commands();
+    ui_->popmenu->popup(place);
+}
+
+void MealPlan::apply_popup() {
+    constexpr void (*commands[])() = {cut_day_shown,  paste_here,  delete_here,
+                                      copy_day_shown, choose_item, choose_recipe};
+    const int choice = std::exchange(popup_choice_, int{popup_none});
+    if (choice >= popup_cut && choice <= popup_add_meal) commands[choice]();
+}
+
+// --- recommendations ---------------------------------------------------------------------------
+
+void MealPlan::populate_meal_recommendations() {
+    guarded([this] {
+        recommendations_.fill();
+        focus_entry();
+    });
+}
+
+void MealPlan::plan_recommended_row(const std::string& key, bool zero_too) {
+    const QPointer<MealPlan> still_here(this);
+    plan_recommended(key, zero_too);
+    if (!still_here.isNull()) focus_entry();
+}
+
+void MealPlan::refresh_all() {
+    audit_and_list();
+    guarded([this] { recommendations_.fill_with_a_word(); });
+    focus_entry();
+    populate_day();
+}
+
+// Another screen that the user works in keeps the focus.
+void MealPlan::focus_entry() {
+    const QWidget* now = QApplication::focusWidget();
+    if (now == nullptr || isAncestorOf(now)) day_.entry().setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace tavernook

@@ -1,32 +1,31 @@
 // The planner: the calendar of a month, the plan of the selected day with its totals, and the meals
 // that would use up what is past its date.
+//
+// The screen owns the date, whether it may be planned, and the menu of a date; its three panes show
+// and tell, and `day_commands` change the plan. Opening a date (`populate_day`) may show a box,
+// once for each opening; following a change never does, and takes no slot.
 #pragma once
 
-#include <QDate>
-#include <QWidget>
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "basics/date.h"
 #include "platform/screen_ports.h"
+#include "screens/parts/screen.h"
 
-class QAction;
-class QMenu;
-class QSortFilterProxyModel;
-class QTreeView;
+class QDate;
 
 namespace tavernook {
 
-class DayListModel;
-class RecommendationsModel;
-struct DayTotals;
+class CalendarPane;
+class DayPane;
+class RecommendationsPane;
 
 namespace Ui {
 class MealPlan;
 }
 
-class MealPlan : public QWidget, public ports::MealPlan {
+class MealPlan : public Screen, public ports::MealPlan {
     Q_OBJECT
 
   public:
@@ -45,7 +44,7 @@ class MealPlan : public QWidget, public ports::MealPlan {
     explicit MealPlan(QWidget* parent = nullptr);
     ~MealPlan() override;
 
-    // Nothing is planned on an audited day; the status bar says so.
+    // Nothing is planned on an audited day, nor what is not there any more; the status bar says so.
     void Add_Item(i16 item, f64 servings) override;
     void add_meal(i16 recipe, f64 quantity) override;
 
@@ -67,98 +66,43 @@ class MealPlan : public QWidget, public ports::MealPlan {
     int popup_choice() const { return popup_choice_; }
 
   protected:
+    void follow_changes() override;
+    void update_commands() override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    // One command at a time, trapped; the status bar is empty before it.
-    void run(const std::function<void()>& command);
-    void when_triggered(QAction* action, std::function<void()> command);
-
-    void set_up_toolbars();
-    void set_up_month_bar();
     void set_up_calendar();
-    void set_up_day_list();
+    void set_up_day();
     void set_up_recommendations();
-    void set_up_commands();
-    void set_up_sizes();
-    void set_up_tab_order();
-    void set_up_keys();
+    void set_up_menu();
+    void set_up_order();
     void first_view();
-    void fit_day_commands();
-    void open_menu_by_keys(QWidget& part);
-    void follow_focus(const QWidget* before, const QWidget* now);
-    void update_commands();
-    void say(const QString& text);  // in the status bar
 
-    // The calendar.
-    QDate selected_date() const;
     void set_date(const QDate& date);  // nothing is opened
-    void select_date(const QDate& date);
-    void select_cell(int cell);
-    void show_month(const QDate& month);
-    void step_month(int months);
+    void open_date(const QDate& date);
+    void choose_date(const QDate& date);
+    void choose_month(const QDate& first);
     void go_to_today();
-    void draw_calendar();
-    void show_cell_menu(int cell, const QPoint& place);
-    void apply_popup();
-    void copy_day_shown(bool cut);
-    void paste_here();
-    void delete_here();
-    bool calendar_key(const QKeyEvent& key);
-    bool calendar_shortcut(const QKeyEvent& key);
-    bool pastes_text() const;
-
-    // The day.
-    bool day_is_held() const;  // current_day is a day of the selected date
-    bool day_is_audited() const;
-    bool may_plan();  // says why not
+    void open_selected_day();
     void show_plan();
-    void show_state();
-    void renew_totals();
-    void show_totals(const DayTotals& totals);
-    void open_recipes();
-    void open_inventory();
-    void remove_selected();
-    void edit_audited();
-    void ask_quantity();
-    void open_entry(const QString& key);
-    void show_item(i16 item);
-    void show_recipe(i16 recipe);
-    void refresh_all();
 
-    // Recommendations.
-    std::string selected_recommendation() const;
-    void plan_recommended(void (*add)(std::string_view key));
-    void keep_caption_whole();
+    void show_menu(const QPoint& place);
+    void apply_popup();
+
+    void plan_recommended_row(const std::string& key, bool zero_too);
+    void remove_selected();
+    void refresh_all();
     void focus_entry();
 
-    // Barcodes and dropping.
-    bool key_pressed(QObject& watched, const QKeyEvent& key);
-    bool entry_key(const QKeyEvent& key);
-    bool scanner_key(QWidget& at, const QKeyEvent& key);
-    bool year_key(const QKeyEvent& key);
-    void start_entry(const QString& text);
-    void take_entry();
-    void plan_code(const std::string& code);
-    void plan_entry(bool is_recipe, i16 number, f64 quantity);
-    void say_planned(bool is_recipe, i16 number);
-    bool may_drop(const QDate& date, const QString& text);  // says why not
-    void drop(const QString& text);
-    bool drag_over_list(QEvent& event);
-
     std::unique_ptr<Ui::MealPlan> ui_;
-    DayListModel* day_list_;
-    QSortFilterProxyModel* sorted_day_;
-    RecommendationsModel* recommended_;
+    CalendarPane& calendar_;
+    DayPane& day_;
+    RecommendationsPane& recommendations_;
 
-    QDate month_;         // its first day
     CivilDate opened_{};  // the date that populate_day has opened last
-    QString year_digits_;
     int popup_choice_ = popup_none;
     bool first_call_ = true;
-    bool busy_ = false;
 };
 
 }  // namespace tavernook

@@ -1,8 +1,5 @@
 #include "screens/planner/calendar_cells.h"
 
-#include <QLocale>
-
-#include "core/program_state.h"
 #include "core/project_data.h"
 #include "screens/parts/plan_names.h"
 
@@ -44,14 +41,6 @@ void fill_from_days(CalendarCells& cells) {
 
 }  // namespace
 
-QDate qdate_of(const CivilDate& date) {
-    return {date.year, date.month, date.day};
-}
-
-CivilDate civil_date_of(const QDate& date) {
-    return {date.year(), date.month(), date.day()};
-}
-
 QDate first_cell_date(const QDate& month) {
     const QDate first(month.year(), month.month(), 1);
     return first.addDays(-(first.dayOfWeek() % 7));  // 7 is Sunday
@@ -68,12 +57,6 @@ CalendarCells calendar_cells(const QDate& month, const QDate& today) {
     }
     fill_from_days(cells);
     return cells;
-}
-
-QString spoken_date(const QDate& date) {
-    const bool day_first = date_day_first == 1;
-    return QLocale().toString(
-        date, day_first ? QStringLiteral("dddd, d MMMM") : QStringLiteral("dddd, MMMM d"));
 }
 
 }  // namespace tavernook

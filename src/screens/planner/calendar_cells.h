@@ -6,8 +6,6 @@
 #include <QStringList>
 #include <array>
 
-#include "basics/date.h"
-
 namespace tavernook {
 
 inline constexpr int calendar_cell_count = 42;
@@ -25,17 +23,11 @@ struct CalendarCell {
 
 using CalendarCells = std::array<CalendarCell, calendar_cell_count>;
 
-QDate qdate_of(const CivilDate& date);
-CivilDate civil_date_of(const QDate& date);
-
 // The date of cell 0 for the month of that date.
 QDate first_cell_date(const QDate& month);
 
 // One pass over the days. Days of dates that no calendar has stand nowhere; where a damaged file
 // holds a date twice, the last slot counts.
 CalendarCells calendar_cells(const QDate& month, const QDate& today);
-
-// "Tuesday, November 24" in the user's language and order of day and month.
-QString spoken_date(const QDate& date);
 
 }  // namespace tavernook

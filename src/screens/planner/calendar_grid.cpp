@@ -6,11 +6,14 @@
 #include <QHelpEvent>
 #include <QLocale>
 #include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QStyle>
 #include <QToolTip>
 
 #include "screens/parts/icons.h"
 #include "screens/planner/calendar_grid_access.h"
+#include "screens/planner/selected_day.h"
 
 namespace tavernook {
 
@@ -33,9 +36,7 @@ void tell(QWidget& grid, QAccessible::Event what, int cell) {
 }  // namespace
 
 CalendarGrid::CalendarGrid(QWidget* parent)
-    : QWidget(parent),
-      planned_mark_(icon(QStringLiteral("planned"))),
-      audited_mark_(icon(QStringLiteral("audited"))) {
+    : QWidget(parent), marks_{icon(QStringLiteral("planned")), icon(QStringLiteral("audited"))} {
     install_calendar_access();
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
@@ -84,6 +85,30 @@ int CalendarGrid::cell_at(const QPoint& place) const {
         if (cell_rect(number).contains(place)) return number;
     }
     return -1;
+}
+
+int CalendarGrid::header_height() const {
+    return fontMetrics().height() * 3 / 2;
+}
+
+QSize CalendarGrid::sizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    return {columns * metrics.averageCharWidth() * 16,
+            header_height() + rows * metrics.height() * 5};
+}
+
+// A number and its mark always find room.
+QSize CalendarGrid::minimumSizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    const int cell_width =
+        metrics.horizontalAdvance(QStringLiteral("00")) + metrics.height() + 4 * calendar_inset;
+    const int cell_height = metrics.height() + 3 * calendar_inset;
+    return {columns * cell_width, header_height() + rows * cell_height};
+}
+
+void CalendarGrid::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    CalendarPainter(*this, marks_, painter).paint(event->rect());
 }
 
 // --- words -------------------------------------------------------------------------------------

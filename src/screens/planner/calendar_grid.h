@@ -2,12 +2,12 @@
 // first names of what is planned. It owns no facts; what is done to it comes out as a signal.
 #pragma once
 
-#include <QIcon>
 #include <QLocale>
 #include <QWidget>
 #include <functional>
 
 #include "screens/planner/calendar_cells.h"
+#include "screens/planner/calendar_painter.h"
 
 namespace tavernook {
 
@@ -27,6 +27,8 @@ class CalendarGrid : public QWidget {
     void select_cell(int number);
     int selected_cell() const { return selected_; }
 
+    int drop_cell() const { return drop_cell_; }  // that takes what is dragged over it; -1 = none
+
     // As the user does by a click.
     void choose(int number);
 
@@ -34,6 +36,7 @@ class CalendarGrid : public QWidget {
 
     int cell_at(const QPoint& place) const;  // -1 outside the cells
     QRect cell_rect(int number) const;
+    int header_height() const;
 
     // For assistive technology: "Tuesday, November 24, planned" and what is planned.
     QString cell_name(int number) const;
@@ -63,22 +66,9 @@ class CalendarGrid : public QWidget {
     void dropEvent(QDropEvent* event) override;
 
   private:
-    int header_height() const;
-    QFont name_font() const;
-    int icon_side() const;
-    int widest_weekday() const;
-    QColor mixed(QPalette::ColorRole role, QPalette::ColorRole other, double share) const;
-    QColor background_of(int number) const;
-
-    void paint_header(QPainter& painter) const;
-    void paint_cell(QPainter& painter, int number) const;
-    void paint_number(QPainter& painter, const QRect& line, const CalendarCell& cell) const;
-    void paint_names(QPainter& painter, QRect area, const CalendarCell& cell) const;
-    void paint_frame(QPainter& painter, const QRect& rect) const;
     void mark_drop(int number);
 
-    QIcon planned_mark_;
-    QIcon audited_mark_;
+    CalendarMarks marks_;
     CalendarCells cells_{};
     int selected_ = -1;
     int drop_cell_ = -1;

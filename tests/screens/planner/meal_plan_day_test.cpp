@@ -330,6 +330,7 @@ TEST_F(PlannerDay, ComingBackShowsWhatWasChangedElsewhere) {
     settle();
     meals[soup].name = "Broth";
     day_quantities[1].item_quantity[2] = 7;
+    changed_elsewhere();
     show_screen("MealPlan");
     settle();
     EXPECT_EQ(plan_shown(), (Texts{"Broth 2 Cup(s)", "Milk 7 gram(s)"}));
@@ -345,6 +346,7 @@ TEST_F(PlannerDay, ComingBackCountsTheTotalsAnew) {
     settle();
     items[milk].cost = 3;
     currency_symbol = 163;
+    changed_elsewhere();
     show_screen("MealPlan");
     settle();
     EXPECT_EQ(totals()[2],
@@ -360,6 +362,7 @@ TEST_F(PlannerDay, ComingBackChangesNoRecordAndAsksNothing) {
     settle();
     items[milk].servings_per_qty_unit = 0;
     items[milk].serving_size = 0;
+    changed_elsewhere();
     show_screen("MealPlan");
     settle();
     EXPECT_EQ(items[milk].servings_per_qty_unit, 0);

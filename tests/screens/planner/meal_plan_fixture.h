@@ -17,9 +17,9 @@
 #include "planning/day_clipboard.h"
 #include "planning/day_plans.h"
 #include "screens/child_screen_fixture.h"
+#include "screens/parts/guard.h"
 #include "screens/planner/MealPlan.h"
 #include "screens/planner/calendar_grid.h"
-#include "screens/planner/day_list_model.h"
 
 namespace tavernook {
 
@@ -102,6 +102,9 @@ class MealPlanTest : public ChildScreenTest {
         open("MealPlan");
         settle();
     }
+
+    // The tables were changed by somebody else, whose step comes to its end.
+    static void changed_elsewhere() { end_of_step(); }
 
     MealPlan& planner() { return static_cast<MealPlan&>(*screen); }
     CalendarGrid& grid() { return part<CalendarGrid>("calendar_grid"); }

@@ -3,9 +3,9 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
+#include "screens/parts/rows_model.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/planner/meal_plan_fixture.h"
-#include "screens/planner/recommendations_model.h"
 
 namespace tavernook {
 namespace {
@@ -50,7 +50,7 @@ TEST_F(PlannerRecommendations, AreShownByOpeningTheScreen) {
     EXPECT_EQ(label("Label4"), found);
     EXPECT_EQ(part<QGroupBox>("recommendations_panel").title(), "Recommended Meals");
     const QModelIndex first = recommended().model()->index(0, 0);
-    EXPECT_EQ(first.data(RecommendationsModel::key_role).toString(), "i3:7");
+    EXPECT_EQ(first.data(RowsModel::key_role).toString(), "i3:7");
     EXPECT_EQ(recommended().model()->headerData(1, Qt::Horizontal).toString(), "Item");
     EXPECT_EQ(recommended().model()->headerData(2, Qt::Horizontal).toString(), "Quantity");
     EXPECT_EQ(focused(), "Text1");
@@ -170,11 +170,11 @@ TEST_F(PlannerRecommendations, SelectionAndScrollStayThroughARefresh) {
     const int middle = recommended().model()->rowCount() / 2;
     click_row(recommended(), middle);
     const QString key =
-        recommended().currentIndex().data(RecommendationsModel::key_role).toString();
+        recommended().currentIndex().data(RowsModel::key_role).toString();
     const int scrolled = recommended().verticalScrollBar()->value();
     ASSERT_GT(scrolled, 0);
     press("F5");
-    EXPECT_EQ(recommended().currentIndex().data(RecommendationsModel::key_role).toString(), key);
+    EXPECT_EQ(recommended().currentIndex().data(RowsModel::key_role).toString(), key);
     EXPECT_EQ(recommended().verticalScrollBar()->value(), scrolled);
 }
 

@@ -1,0 +1,42 @@
+// What the panes of the planner have in common.
+#pragma once
+
+#include <QObject>
+#include <memory>
+#include <type_traits>
+
+class QTreeView;
+class QWidget;
+
+namespace tavernook {
+
+// The layout of a pane, set up before its other parts are made.
+template <typename Layout, typename Pane>
+std::unique_ptr<Layout> laid_out(Pane& pane) {
+    auto layout = std::make_unique<Layout>();
+    layout->setupUi(&pane);
+    return layout;
+}
+
+// What a pane tells by a signal is a command of its screen: a function or one of its methods, which
+// gets what the signal tells.
+template <typename Screen, typename Pane, typename Signal, typename Command>
+void on_wish(Screen& screen, const Pane& pane, Signal signal, Command command) {
+    QObject::connect(&pane, signal, &screen, [&screen, command](const auto&... told) {
+        screen.run([&] {
+            if constexpr (std::is_member_function_pointer_v<Command>) {
+                (screen.*command)(told...);
+            } else {
+                command(told...);
+            }
+        });
+    });
+}
+
+// Shift+F10 asks for the context menu; not every system does so by itself.
+void open_menu_by_keys(QWidget& part);
+
+// A list that the keys come to has a row for them to work on.
+void mark_first_row_when_entered(QTreeView& list);
+
+}  // namespace tavernook

@@ -1,0 +1,54 @@
+#include "screens/planner/selected_day.h"
+
+#include <QLocale>
+
+#include "core/program_state.h"
+#include "core/project_data.h"
+#include "core/rows.h"
+#include "planning/planner_state.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+QDate qdate_of(const CivilDate& date) {
+    return {date.year, date.month, date.day};
+}
+
+CivilDate civil_date_of(const QDate& date) {
+    return {date.year(), date.month(), date.day()};
+}
+
+Date date_of(const QDate& date) {
+    return date_from_civil(date.year(), date.month(), date.day());
+}
+
+QDate selected_date() {
+    return {selected_year, selected_month, selected_day};
+}
+
+QDate todays_date() {
+    return qdate_of(civil_from_date(platform_clock().now()));
+}
+
+bool day_is_held() {
+    const DayRecord& day = row_or_none(days, current_day);
+    return day.in_use == 1 && day.day == selected_day && day.month == selected_month &&
+           day.year == selected_year;
+}
+
+bool day_is_audited() {
+    const DayRecord& day = row_or_none(days, current_day);
+    return day.in_use == 1 && day.audited != 0;
+}
+
+i16 slot_shown() {
+    return day_is_held() ? current_day : i16{0};
+}
+
+QString spoken_date(const QDate& date) {
+    const bool day_first = date_day_first == 1;
+    return QLocale().toString(
+        date, day_first ? QStringLiteral("dddd, d MMMM") : QStringLiteral("dddd, MMMM d"));
+}
+
+}  // namespace tavernook

@@ -1,0 +1,32 @@
+// What the planner knows of the day that it shows: the selected date, the slot that stands for it,
+// and whether it has been audited. Reads the planner's state; changes nothing and never throws.
+#pragma once
+
+#include <QDate>
+
+#include "basics/date.h"
+#include "basics/values.h"
+
+namespace tavernook {
+
+QDate qdate_of(const CivilDate& date);
+CivilDate civil_date_of(const QDate& date);
+Date date_of(const QDate& date);  // its midnight
+
+QDate selected_date();
+QDate todays_date();
+
+// current_day is a day of the selected date. Otherwise it is a free slot, or of a full table the
+// last one, which is another date's.
+bool day_is_held();
+
+// Also where a full table has handed out the last slot, which is another date's audited day.
+bool day_is_audited();
+
+// The slot whose plan is on show; 0 where the date has none.
+i16 slot_shown();
+
+// "Tuesday, November 24" in the user's language and order of day and month.
+QString spoken_date(const QDate& date);
+
+}  // namespace tavernook
