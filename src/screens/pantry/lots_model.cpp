@@ -6,6 +6,7 @@
 
 #include "basics/number_text.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "platform/platform.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/shown_text.h"
@@ -19,9 +20,7 @@ QString shown_date(Date date) {
 }
 
 QString unit_of(i16 item) {
-    const i16 unit = items[item].qty_units;
-    return unit < 1 || unit > unit_capacity ? QString()
-                                            : shown_text(units[unit].name.right_trimmed());
+    return shown_text(row_or_none(units, items[item].qty_units).name.right_trimmed());
 }
 
 // On the day itself a lot is still good.
@@ -79,6 +78,11 @@ LotsModel::Row LotsModel::read_row(const LotRecord& record, int place, const QSt
 }
 
 void LotsModel::fill(i16 item) {
+    if (item == 0) {
+        beginResetModel();
+        rows_.clear();
+        return endResetModel();
+    }
     const LotRecord& record = lots[item];
     const QString unit = unit_of(item);
     std::vector<Row> rows;

@@ -20,7 +20,7 @@ class LotsModel : public QAbstractTableModel {
 
     explicit LotsModel(QObject* parent);
 
-    // Reads the item's lots anew. A Fault leaves the rows as they were.
+    // Reads the item's lots anew; item 0 has none. A Fault leaves the rows as they were.
     void fill(i16 item);
 
     int rowCount(const QModelIndex& parent = {}) const override;
