@@ -2,7 +2,6 @@
 
 #include <QHeaderView>
 #include <QMenu>
-#include <QSortFilterProxyModel>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -14,9 +13,9 @@
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "platform/platform.h"
-#include "screens/pantry/lots_model.h"
 #include "screens/parts/date_popup.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/rows_in_view.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "ui_LotView.h"
@@ -61,8 +60,7 @@ void show_lot_view(i16 item) {
 LotView::LotView(QWidget* parent)
     : Screen(parent),
       ui_(std::make_unique<Ui::LotView>()),
-      model_(new LotsModel(this)),
-      sorted_(sorted_rows_of(*model_, this)),
+      model_(new RowsModel(lots_shown_.columns(), this)),
       calendar_(new DatePopup(*this, {"calendar_box", "calendar"})) {
     ui_->setupUi(this);
     ui_->content->setMaximumWidth(letters_wide(*this, comfortable_letters));
@@ -77,16 +75,16 @@ LotView::LotView(QWidget* parent)
 LotView::~LotView() = default;
 
 void LotView::set_up_list() {
-    sorted_->setSortRole(LotsModel::sort_role);
+    model_->set_key([](RowId row) { return QStringLiteral("l%1").arg(LotRows::place_of(row)); });
     dress_list(*ui_->lot_list);
-    ui_->lot_list->setModel(sorted_);
+    ui_->lot_list->setModel(model_);
     ui_->lot_list->setAccessibleName(tr("Lots"));
     QHeaderView* header = ui_->lot_list->header();
     header->setStretchLastSection(true);
-    const std::pair<int, int> widths[] = {{LotsModel::name, 14},
-                                          {LotsModel::created, 12},
-                                          {LotsModel::quantity, 15},
-                                          {LotsModel::expires, 12}};
+    const std::pair<int, int> widths[] = {{LotRows::name, 14},
+                                          {LotRows::created, 12},
+                                          {LotRows::quantity, 15},
+                                          {LotRows::expires, 12}};
     for (const auto& [column, letters] : widths) {
         header->resizeSection(column, letters_wide(*this, letters));
     }
@@ -137,7 +135,8 @@ void LotView::fill_list() {
     const i16 item = item_.now();
     setWindowTitle(caption_of(item));
     if (item != 0) ensure_lot_record(item);
-    model_->fill(item);
+    lots_shown_.read(item);
+    refill_in_place(*ui_->lot_list, *model_, lots_shown_.rows());
     show_total(item);
 }
 
@@ -170,14 +169,12 @@ void LotView::update_commands() {
 }
 
 i16 LotView::selected_place() const {
-    const QModelIndexList rows = ui_->lot_list->selectionModel()->selectedRows();
-    if (rows.isEmpty()) return -1;
-    return static_cast<i16>(rows.first().data(LotsModel::key_role).toString().mid(1).toInt());
+    const std::vector<RowId> rows = selected_rows(*ui_->lot_list, *model_);
+    return LotRows::place_of(rows.empty() ? no_row : rows.front());
 }
 
 void LotView::select_place(i16 place) {
-    const QModelIndex row = sorted_->mapFromSource(model_->index(place, 0));
-    ui_->lot_list->setCurrentIndex(row);
+    select_row(*ui_->lot_list, *model_, LotRows::row_of(place));
 }
 
 // --- commands --------------------------------------------------------------------------------
@@ -229,9 +226,9 @@ void LotView::ask_date(EditedDate which, i16 place) {
     if (item_.now() == 0) return say_gone();
     edited_date_ = which;
     const bool creation = which == EditedDate::creation;
-    const QModelIndex row = sorted_->mapFromSource(model_->index(place, LotsModel::name));
+    const QModelIndex row = model_->index(model_->place_of(LotRows::row_of(place)), LotRows::name);
     const QString lot = row.data().toString();
-    const int column = creation ? LotsModel::created : LotsModel::expires;
+    const int column = creation ? LotRows::created : LotRows::expires;
     QRect cell = ui_->lot_list->visualRect(row.siblingAtColumn(column));
     cell.translate(ui_->lot_list->viewport()->pos());
     calendar_->ask(

@@ -12,15 +12,15 @@
 
 #include "basics/values.h"
 #include "core/changes.h"
+#include "screens/pantry/lot_rows.h"
 #include "screens/parts/screen.h"
 
 class QDate;
-class QSortFilterProxyModel;
 
 namespace tavernook {
 
 class DatePopup;
-class LotsModel;
+class RowsModel;
 
 // Opens the screen for this item, or turns the open one to it.
 void show_lot_view(i16 item);
@@ -74,8 +74,8 @@ class LotView : public Screen {
     void show_popup();
 
     std::unique_ptr<Ui::LotView> ui_;
-    LotsModel* model_;
-    QSortFilterProxyModel* sorted_;
+    LotRows lots_shown_;
+    RowsModel* model_;
     DatePopup* calendar_;
     EditedDate edited_date_ = EditedDate::creation;
     RowRef item_;
