@@ -1,21 +1,69 @@
 #include "screens/parts/scan_entry.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+#include <algorithm>
 
 #include "barcodes/scanners.h"
 #include "basics/text.h"
 #include "core/project_data.h"
-#include "core/trap.h"
 #include "platform/platform.h"
+#include "screens/parts/guard.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/screen.h"
 #include "screens/parts/shown_text.h"
 
 namespace tavernook {
 
 namespace {
 
-bool is_digit(const QString& text) {
-    return text.size() == 1 && text[0] >= QLatin1Char('0') && text[0] <= QLatin1Char('9');
+constexpr QLatin1Char full_stop('.');
+constexpr int digits_kept = 4;
+
+bool is_digit(QChar letter) {
+    return letter >= QLatin1Char('0') && letter <= QLatin1Char('9');
+}
+
+bool is_part_of_letter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Shift || key.key() == Qt::Key_CapsLock;
+}
+
+// The one character that the key writes; null for every other key.
+QChar written(const QKeyEvent& key) {
+    constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString text = key.text();
+    const bool one = text.size() == 1 && (key.modifiers() & commands) == Qt::NoModifier;
+    return one && text[0].isPrint() && !text[0].isSpace() ? text[0] : QChar();
+}
+
+bool is_among(const std::vector<QWidget*>& parts, const QWidget& part) {
+    return std::find(parts.begin(), parts.end(), &part) != parts.end();
+}
+
+bool is_box_of_text(const QWidget& part) {
+    if (const auto* choices = qobject_cast<const QComboBox*>(&part)) return choices->isEditable();
+    return qobject_cast<const QLineEdit*>(&part) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(&part) != nullptr ||
+           qobject_cast<const QTextEdit*>(&part) != nullptr ||
+           qobject_cast<const QPlainTextEdit*>(&part) != nullptr;
+}
+
+QLineEdit* line_of(QWidget& part) {
+    auto* line = qobject_cast<QLineEdit*>(&part);
+    return line != nullptr ? line : part.findChild<QLineEdit*>();
+}
+
+std::optional<std::string> asked_code(const QString& typed) {
+    std::optional<std::string> code;
+    guarded([&] {
+        say(std::string_view());
+        code = boxes().input("Enter Barcode", "Barcode Entry", typed_text(typed));
+    });
+    if (code) code = std::string(trim(*code));
+    return code;
 }
 
 }  // namespace
@@ -35,26 +83,97 @@ void ScanEntry::follow_scanner_type() {
 }
 
 void ScanEntry::discard() {
+    kept_.clear();
     clear();
     if (!collector_.isNull()) collector_->clear();
 }
 
-bool ScanEntry::take_first_key(const QKeyEvent& key) {
-    const auto others = key.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    if (others != Qt::NoModifier) return false;
-    const bool stop = key.text() == QLatin1String(".") && !collector_.isNull();
-    const bool digit = is_digit(key.text()) && scanner_type == keyboard_wedge;
-    if (!stop && !digit) return false;
-    setFocus(Qt::OtherFocusReason);
-    deselect();
-    end(false);
-    if (stop) {
-        collector_->setText(collector_->text() + key.text());
-    } else {
-        insert(key.text());
+// --- the first key, typed elsewhere ------------------------------------------------------------
+
+void ScanEntry::watch(QWidget& screen, const Keeps& keeps) {
+    keeps_ = keeps;
+    for (QWidget* part : screen.findChildren<QWidget*>()) {
+        const bool keeps_all = is_box_of_text(*part) && !is_among(keeps_.keeps_digits, *part);
+        if (part->focusPolicy() != Qt::NoFocus && !keeps_all) part->installEventFilter(this);
     }
+}
+
+bool ScanEntry::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) kept_.clear();
+    if (event->type() == QEvent::KeyPress && watched != this &&
+        take_key_of(static_cast<QWidget&>(*watched), *static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    return QLineEdit::eventFilter(watched, event);
+}
+
+// True when the key is not for the part any more. A scanner that is no keyboard, or none, types
+// nowhere: its users' keys are their own, but for the full stop.
+bool ScanEntry::take_key_of(QWidget& part, const QKeyEvent& key) {
+    const QChar letter = written(key);
+    if (letter.isNull()) {
+        if (!is_part_of_letter(key)) kept_.clear();
+        return false;
+    }
+    const bool stop = letter == full_stop;
+    if (!stop && scanner_type != keyboard_wedge) return false;
+    if (is_digit(letter) && is_among(keeps_.keeps_digits, part)) return take_digit_of(part, letter);
+    if (!stop && !is_digit(letter) && is_among(keeps_.keeps_letters, part)) {
+        remember_letter(letter);
+        return false;
+    }
+    const bool keeps_digits = is_among(keeps_.keeps_digits, part);
+    if (keeps_digits && !kept_.isEmpty()) line_of(part)->setText(text_before_);
+    begin(letter);
     return true;
 }
+
+void ScanEntry::remember_letter(QChar letter) {
+    const QString prefix = QStringLiteral("tvk");
+    const QString longer = kept_ + letter;
+    const bool fits = prefix.startsWith(longer, Qt::CaseInsensitive);
+    const bool starts = prefix.startsWith(letter, Qt::CaseInsensitive);
+    kept_ = fits ? longer : starts ? QString(letter) : QString();
+}
+
+bool ScanEntry::take_digit_of(QWidget& part, QChar digit) {
+    if (kept_.isEmpty()) text_before_ = line_of(part)->text();
+    if (kept_.size() < digits_kept) {
+        kept_ += digit;
+        return false;
+    }
+    line_of(part)->setText(text_before_);
+    begin(digit);
+    return true;
+}
+
+bool ScanEntry::take_first_key(const QKeyEvent& key) {
+    const QChar letter = written(key);
+    const bool digit = is_digit(letter) && scanner_type == keyboard_wedge;
+    if (!digit && letter != full_stop) return false;
+    begin(letter);
+    return true;
+}
+
+// A full stop waits in the hold box; everything else stands in sight.
+void ScanEntry::begin(const QString& first) {
+    const QString before = kept_;
+    if (!hasFocus()) {
+        discard();
+        setFocus(Qt::OtherFocusReason);
+    }
+    kept_.clear();
+    deselect();
+    end(false);
+    insert(before);
+    if (first == full_stop && !collector_.isNull()) {
+        collector_->setText(collector_->text() + first);
+    } else {
+        insert(first);
+    }
+}
+
+// --- the keys in the box -----------------------------------------------------------------------
 
 bool ScanEntry::event(QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
@@ -71,6 +190,8 @@ bool ScanEntry::event(QEvent* event) {
 void ScanEntry::keyPressEvent(QKeyEvent* event) {
     if (is_enter(*event)) {
         finish();
+    } else if (event->key() == Qt::Key_Escape && taking_one_) {
+        end_one();
     } else if (event->key() == Qt::Key_Escape && !text().isEmpty()) {
         discard();
     } else {
@@ -78,45 +199,89 @@ void ScanEntry::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-// A full stop that was held for a code which never came would spoil the next one.
+void ScanEntry::showEvent(QShowEvent* event) {
+    QLineEdit::showEvent(event);
+    follow_scanner_type();
+}
+
+void ScanEntry::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    follow_scanner_type();
+}
+
+// A full stop that was held for a code which never came would spoil the next one. A box that takes
+// one code goes when the focus has found its new place.
 void ScanEntry::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     const bool comes_back =
         event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
-    if (!comes_back && text().isEmpty()) discard();
+    if (comes_back) return;
+    if (text().isEmpty()) discard();
+    if (taking_one_) QMetaObject::invokeMethod(this, &ScanEntry::end_one, Qt::QueuedConnection);
 }
+
+// --- the end of a code -------------------------------------------------------------------------
 
 void ScanEntry::finish() {
     if (scanner_type == no_scanner) return ask();
     if (!is_typed_into()) return;
     const QString line = (collector_.isNull() ? QString() : collector_->text()) + text();
+    const bool one = taking_one_;
     discard();
-    take_line(line);
+    end_one();
+    if (one && line.trimmed().isEmpty()) {
+        Q_EMIT scanned({});
+    } else {
+        take_line(line);
+    }
 }
 
 void ScanEntry::take_line(const QString& line) {
-    trap_in_screen([&] {
+    guarded([&] {
         const std::string typed = typed_text(line);
         if (trim(typed).empty()) return;
         const std::string code = code_in_line(typed);
-        if (code.empty()) {
-            Q_EMIT unreadable();
-        } else {
-            Q_EMIT scanned(code);
-        }
+        if (!code.empty()) return void(Q_EMIT scanned(code));
+        say(tr("No barcode could be read. Please scan again."));
+        Q_EMIT unreadable();
     });
 }
 
-// What was typed already stands in the box that asks.
+// What was typed already stands in the box that asks; a cancelled box throws nothing away.
 void ScanEntry::ask() {
-    trap_in_screen([this] {
+    const QPointer<ScanEntry> still_here(this);
+    const std::optional<std::string> code =
+        asked_code((collector_.isNull() ? QString() : collector_->text()) + text());
+    if (still_here.isNull() || !code) return;
+    discard();
+    if (!code->empty()) Q_EMIT scanned(*code);
+}
+
+// --- one code ----------------------------------------------------------------------------------
+
+void ScanEntry::take_one(QWidget& back_to) {
+    if (scanner_type == batch_scanner) return;
+    if (scanner_type == no_scanner) {
         const QPointer<ScanEntry> still_here(this);
-        const std::string typed = typed_text(text());
-        const auto code = boxes().input("Enter Barcode", "Barcode Entry", typed);
-        if (still_here.isNull() || !code) return;
-        discard();
-        if (!trim(*code).empty()) Q_EMIT scanned(std::string(trim(*code)));
-    });
+        const std::optional<std::string> code = asked_code({});
+        if (!still_here.isNull() && code) Q_EMIT scanned(*code);
+        return;
+    }
+    discard();
+    back_to_ = &back_to;
+    taking_one_ = true;
+    show();
+    setFocus(Qt::OtherFocusReason);
+}
+
+// The focus goes back unless the user has taken it elsewhere.
+void ScanEntry::end_one() {
+    if (!taking_one_) return;
+    taking_one_ = false;
+    discard();
+    if (hasFocus() && !back_to_.isNull()) back_to_->setFocus(Qt::OtherFocusReason);
+    hide();
+    Q_EMIT ended();
 }
 
 }  // namespace tavernook

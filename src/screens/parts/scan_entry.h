@@ -1,11 +1,31 @@
-// The box into which a scanner types its codes, one after the other. The end of a code is Enter or,
-// behind some text, Tab. What the project's scanner types is decoded; without a scanner Enter asks
-// for the code, and a scanner that is read elsewhere makes Enter do nothing.
+// A scan, from key to code.
+//
+// A scanner that is a keyboard types the digits of a code into whatever has the focus, and Enter or
+// Tab behind them. Where the box has the focus all of that is plain typing, and the end hands over
+// the line. Anywhere else on the screen the first key has to be noticed: `watch` looks at the keys
+// of every part, brings the focus here with the first digit, letter or full stop, and from then on
+// the rest is plain typing again. What an abandoned code has left in the box goes then.
+//
+// Some parts want such keys themselves. A list finds rows by letters, so it keeps them; those that
+// may be the beginning of a recipe's code ("tvk") are remembered besides, and come along once the
+// digits follow. A box of years keeps digits; the fifth one, or a letter, tells a code, and what
+// the year was is put back. A box of text keeps everything.
+//
+// The Cue Cat begins its line with a full stop, which goes to the hold box from everywhere; the
+// line is the hold box's text and this one's. Without a scanner Enter asks for the code, with what
+// was typed as the answer proposed; a scanner that is read on the scan list makes Enter do nothing.
+//
+// What can go wrong: a line that holds no code is told here, in the message panel, and nobody else
+// hears of it. A full stop or a beginning for which no code came is forgotten with the next key or
+// the next change of the focus, so that it never spoils a later code. The screen may go while the
+// question stands open; then nothing is told.
 #pragma once
 
 #include <QLineEdit>
 #include <QPointer>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tavernook {
 
@@ -13,14 +33,27 @@ class ScanEntry : public QLineEdit {
     Q_OBJECT
 
   public:
+    // Parts of a screen that want keys which might begin a code.
+    struct Keeps {
+        std::vector<QWidget*> keeps_letters;
+        std::vector<QWidget*> keeps_digits;  // boxes for a number of up to four digits
+    };
+
     explicit ScanEntry(QWidget* parent = nullptr);
 
-    // The hold box: the code is its text and this one's. Both are empty after a code.
+    // The hold box. Both boxes are empty after a code.
     void set_collector(QLineEdit& collector) { collector_ = &collector; }
 
-    // For a screen whose other parts get the first key of a code: a full stop goes to the hold box,
-    // a digit of a scanner that types into here, and the focus comes here. False for other keys.
-    bool take_first_key(const QKeyEvent& key);
+    // From now on a code may begin in any part of the screen that takes the focus. Call it once,
+    // when all of them are there; toolbars have to be filled.
+    void watch(QWidget& screen, const Keeps& keeps);
+
+    // For a box that is there for one code at a time and hidden in between: it comes up with the
+    // focus, and goes with the code, by Escape, or when the focus goes elsewhere; otherwise the
+    // focus goes back. Enter in the empty box, and an empty answer, are told as an empty code.
+    // Where there is no scanner the code is asked for at once and the box stays hidden.
+    void take_one(QWidget& back_to);
+    bool is_taking_one() const { return taking_one_; }
 
     // Takes a text as if it had been scanned.
     void take_line(const QString& line);
@@ -28,26 +61,44 @@ class ScanEntry : public QLineEdit {
     // Whether codes are typed into the box, by the project's setting.
     static bool is_typed_into();
 
-    // The hint in the empty box follows the setting.
+    // The hint in the empty box follows the setting; it does so by itself whenever the box comes in
+    // sight or gets the focus.
     void follow_scanner_type();
 
     // Gives up what has come so far.
     void discard();
 
+    // For a screen that does not `watch`: a digit or a full stop of a code that begins elsewhere.
+    bool take_first_key(const QKeyEvent& key);
+
   Q_SIGNALS:
-    void scanned(const std::string& code);  // not empty
-    void unreadable();                      // a line that holds no code
+    void scanned(const std::string& code);  // empty from `take_one` only
+    void ended();                           // of `take_one`: the box has gone, with or without code
+    void unreadable();                      // a line that holds no code; it has been told
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
+    bool take_key_of(QWidget& part, const QKeyEvent& key);
+    void remember_letter(QChar letter);
+    bool take_digit_of(QWidget& part, QChar digit);
+    void begin(const QString& first);
     void finish();
     void ask();
+    void end_one();
 
+    Keeps keeps_;
     QPointer<QLineEdit> collector_;
+    QString kept_;         // what came elsewhere and may be the beginning of a code
+    QString text_before_;  // of the part that keeps digits, before the first of them
+    QPointer<QWidget> back_to_;
+    bool taking_one_ = false;
 };
 
 }  // namespace tavernook
