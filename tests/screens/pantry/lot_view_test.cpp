@@ -435,7 +435,7 @@ TEST_F(LotViewScreen, StockThatMovedWhileItWasOutOfSightIsShownWhenItComesBack) 
     screen->parentWidget()->hide();
     add_to_lots(3, 12);
     end_of_step();
-    screen->parentWidget()->show();
+    show_screen("LotView");
     EXPECT_EQ(part<QLabel>("total_label").text(), "In stock: 18.5 quart(s), in 3 lots");
 }
 
