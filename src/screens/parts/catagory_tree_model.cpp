@@ -35,15 +35,15 @@ void sort_by_rank(std::vector<TreeLeaf>& leaves, const std::function<LeafRank(i1
     leaves = std::move(sorted);
 }
 
-}  // namespace
-
-i16 dragged_number(const QMimeData& data, QChar letter) {
-    const QString text = data.text();
-    bool is_number = false;
-    const int number = text.mid(1).toInt(&is_number);
-    const bool fits = is_number && number > 0 && number <= item_capacity;
-    return text.startsWith(letter) && fits ? static_cast<i16>(number) : i16{0};
+// What a column says of a leaf; nothing where it cannot.
+template <typename Answer>
+QVariant asked(const std::function<Answer(i16)>& of, i16 leaf) {
+    QVariant answer;
+    if (of) quietly([&] { answer = QVariant(of(leaf)); });
+    return answer;
 }
+
+}  // namespace
 
 CatagoryTreeModel::CatagoryTreeModel(TreeContents contents, QObject* parent)
     : QAbstractItemModel(parent), contents_(std::move(contents)) {
@@ -240,7 +240,7 @@ QString CatagoryTreeModel::name_of(const Node& shown) const {
         case Kind::catagory:
             return shown_text(row_or_none(catagories, shown.number).name.trimmed());
         default:
-            return contents_.columns.front().text(shown.number);
+            return asked(contents_.columns.front().text, shown.number).toString();
     }
 }
 
@@ -273,9 +273,9 @@ QVariant CatagoryTreeModel::leaf_data(i16 leaf, const TreeColumn& column, int ro
         case Qt::DisplayRole:
         case Qt::EditRole:
         case Qt::ToolTipRole:
-            return column.text(leaf);
+            return asked(column.text, leaf);
         case Qt::DecorationRole:
-            return column.decoration ? column.decoration(leaf) : QVariant();
+            return asked(column.decoration, leaf);
         case Qt::TextAlignmentRole:
             return column.is_right ? QVariant(int{Qt::AlignRight | Qt::AlignVCenter}) : QVariant();
         default:
@@ -332,31 +332,24 @@ QMimeData* CatagoryTreeModel::mimeData(const QModelIndexList& indexes) const {
     const i16 leaf = indexes.isEmpty() ? i16{0} : leaf_at(indexes.first());
     if (leaf == 0) return nullptr;
     auto* data = new QMimeData;
-    data->setText(QLatin1Char(contents_.drag_letter) + QString::number(leaf));
+    data->setText(contents_.drag_text(leaf));
     return data;
-}
-
-// A leaf of this list; 0 for anything else.
-i16 CatagoryTreeModel::dropped_leaf(const QMimeData* data) const {
-    if (data == nullptr) return 0;
-    const i16 number = dragged_number(*data, QLatin1Char(contents_.drag_letter));
-    const bool is_here = std::any_of(leaves_.begin(), leaves_.end(),
-                                     [&](const TreeLeaf& leaf) { return leaf.number == number; });
-    return is_here ? number : i16{0};
 }
 
 // Between two rows is nowhere.
 bool CatagoryTreeModel::canDropMimeData(const QMimeData* data, Qt::DropAction, int row, int,
                                         const QModelIndex& parent) const {
     const bool is_on_catagory = row < 0 && (is_root(parent) || catagory_at(parent) != 0);
-    return contents_.move_leaf && is_on_catagory && dropped_leaf(data) != 0;
+    return contents_.move_leaf && is_on_catagory && data != nullptr &&
+           contents_.dropped_leaf(data->text()) != 0;
 }
 
 bool CatagoryTreeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row,
                                      int column, const QModelIndex& parent) {
     if (!canDropMimeData(data, action, row, column, parent)) return false;
     bool is_moved = false;
-    guarded([&] { is_moved = contents_.move_leaf(dropped_leaf(data), catagory_at(parent)); });
+    const i16 leaf = contents_.dropped_leaf(data->text());
+    guarded([&] { is_moved = contents_.move_leaf(leaf, catagory_at(parent)); });
     if (is_moved) Q_EMIT changed();
     return is_moved;
 }

@@ -10,8 +10,8 @@
 // A filter builds the same rows again from the leaves at hand, without reading a table: 10,000
 // leaves take a few milliseconds. Categories in which nothing is found go.
 //
-// A category, and a leaf where the list allows it, is named in place; a leaf can be dragged as a
-// letter and its number, and be dropped on a category where the list allows that. Both change
+// A category, and a leaf where the list allows it, is named in place; a leaf can be dragged as
+// the text that names it, and be dropped on a category where the list allows that. Both change
 // records: `changed` tells it, for the end of a step to be taken once the view has done its work.
 //
 // What can go wrong: reading the leaves may fault; everything stays as it was then. A leaf may have
@@ -53,15 +53,18 @@ struct TreeColumn {
 struct TreeContents {
     CatagoryKind is_shown;
     std::function<std::vector<TreeLeaf>()> read_leaves;
-    std::vector<TreeColumn> columns;  // the first is that of the names
-    char drag_letter;
-    QString root_name = {};        // empty: the top has no row of its own
-    bool is_number_first = false;  // in keys
+    std::vector<TreeColumn> columns;             // the first is that of the names
+    std::function<QString(i16 leaf)> drag_text;  // see drag_text.h
+    QString root_name = {};                      // empty: the top has no row of its own
+    bool is_number_first = false;                // in keys
 
     // Each tells whether it has changed something. Without one, it cannot be done in the list.
     std::function<bool(i16 row, std::string_view name)> rename_catagory = {};
     std::function<bool(i16 leaf, std::string_view name)> rename_leaf = {};
     std::function<bool(i16 leaf, i16 catagory)> move_leaf = {};  // category 0: the root
+
+    // The leaf that a dropped text names, 0 for anything else. Goes with `move_leaf`.
+    std::function<i16(const QString& text)> dropped_leaf = {};
 };
 
 class CatagoryTreeModel : public QAbstractItemModel {
@@ -154,7 +157,6 @@ class CatagoryTreeModel : public QAbstractItemModel {
     QString name_of(const Node& shown) const;
     QVariant catagory_data(const Node& shown, int role) const;
     QVariant leaf_data(i16 leaf, const TreeColumn& column, int role) const;
-    i16 dropped_leaf(const QMimeData* data) const;
 
     TreeContents contents_;
     std::vector<TreeLeaf> leaves_;
@@ -165,8 +167,5 @@ class CatagoryTreeModel : public QAbstractItemModel {
     Qt::SortOrder sort_order_ = Qt::AscendingOrder;
     int shown_leaves_ = 0;
 };
-
-// The number behind the letter of a dragged text as in "m7"; 0 when the text is no such one.
-i16 dragged_number(const QMimeData& data, QChar letter);
 
 }  // namespace tavernook
