@@ -13,8 +13,8 @@
 #include "inventory/lots.h"
 #include "screens/child_screen_fixture.h"
 #include "screens/cookbook/Mealbuilder.h"
-#include "screens/cookbook/recipe_tree_model.h"
 #include "screens/pantry/item_tree_model.h"
+#include "screens/parts/catagory_tree_model.h"
 #include "screens/planner/calendar_grid.h"
 
 namespace tavernook {
@@ -203,7 +203,7 @@ class TypicalDay : public ChildScreenTest {
 
     void choose_recipe(i16 recipe) {
         auto& tree = part<QTreeView>("recipe_tree");
-        const auto& model = static_cast<const RecipeTreeModel&>(*tree.model());
+        const auto& model = static_cast<const CatagoryTreeModel&>(*tree.model());
         tree.setCurrentIndex(model.index_of(QStringLiteral("%1c").arg(recipe)));
         settle();
     }
