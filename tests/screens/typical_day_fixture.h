@@ -13,7 +13,7 @@
 #include "inventory/lots.h"
 #include "screens/child_screen_fixture.h"
 #include "screens/cookbook/Mealbuilder.h"
-#include "screens/pantry/item_tree_model.h"
+#include "screens/pantry/item_tree.h"
 #include "screens/parts/catagory_tree_model.h"
 #include "screens/planner/calendar_grid.h"
 
@@ -183,7 +183,7 @@ class TypicalDay : public ChildScreenTest {
         open_inventory();
         const QAbstractItemModel& model = *part<QTreeView>("item_tree").model();
         const QModelIndex index =
-            static_cast<const ItemTreeModel&>(model).index_of(QStringLiteral("c%1").arg(item));
+            static_cast<const CatagoryTreeModel&>(model).index_of(QStringLiteral("c%1").arg(item));
         if (!index.isValid()) throw std::runtime_error("no such item in the tree");
         return std::unique_ptr<QMimeData>(model.mimeData({index}));
     }

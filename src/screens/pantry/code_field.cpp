@@ -13,23 +13,26 @@ CodeField::CodeField(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui
     ui_->setupUi(this);
     ui_->Text13->set_collector(*ui_->Text14);
     connect(ui_->scan, &QPushButton::clicked, this, [this] { Q_EMIT command([this] { scan(); }); });
-    connect(ui_->Text13, &ScanEntry::scanned, this, &CodeField::take);
-    connect(ui_->Text13, &ScanEntry::ended, this,
-            [this] { ui_->barcode->setText(shown_text(code_)); });
-    take({});
+    connect(ui_->Text13, &ScanEntry::scanned, this, &CodeField::show_code);
+    connect(ui_->Text13, &ScanEntry::ended, this, &CodeField::show_text);
+    show_code({});
     follow_scanner_type();
 }
 
 CodeField::~CodeField() = default;
 
 void CodeField::show_code(const std::string& code) {
-    if (ui_->Text13->is_taking_one()) ui_->scan->setFocus(Qt::OtherFocusReason);
-    take(code);
+    code_ = trim(code).empty() ? std::string(no_barcode) : std::string(trim(code));
+    show_text();
 }
 
-void CodeField::take(const std::string& code) {
-    code_ = trim(code).empty() ? std::string(no_barcode) : std::string(trim(code));
-    ui_->barcode->setText(shown_text(code_));
+// The old code is out of sight for as long as the box for another one is open.
+void CodeField::show_text() {
+    ui_->barcode->setText(ui_->Text13->is_taking_one() ? QString() : shown_text(code_));
+}
+
+void CodeField::give_up_scanning() {
+    if (ui_->Text13->is_taking_one()) ui_->scan->setFocus(Qt::OtherFocusReason);
 }
 
 void CodeField::follow_scanner_type() {
@@ -39,12 +42,10 @@ void CodeField::follow_scanner_type() {
                                 : tr("Reads or asks for the barcode of this item."));
 }
 
-// The old code is out of sight for as long as the box is open.
 void CodeField::scan() {
     follow_scanner_type();
-    if (!ui_->scan->isEnabled()) return;
-    if (ScanEntry::is_typed_into()) ui_->barcode->clear();
     ui_->Text13->take_one(*ui_->scan);
+    show_text();
 }
 
 std::vector<QWidget*> CodeField::boxes_in_order() const {

@@ -23,8 +23,9 @@ class CodeField : public QWidget {
     explicit CodeField(QWidget* parent = nullptr);
     ~CodeField() override;
 
-    // Blank counts as none, which reads "empty". A code that is being scanned is given up.
+    // Blank counts as none, which reads "empty".
     void show_code(const std::string& code);
+    void give_up_scanning();
     const std::string& code() const { return code_; }
 
     // The project's scanner may not be one that types.
@@ -37,7 +38,7 @@ class CodeField : public QWidget {
 
   private:
     void scan();
-    void take(const std::string& code);
+    void show_text();
 
     std::unique_ptr<Ui::CodeField> ui_;
     std::string code_;

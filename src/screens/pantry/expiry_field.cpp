@@ -1,5 +1,7 @@
 #include "screens/pantry/expiry_field.h"
 
+#include <QDate>
+
 #include "core/program_state.h"
 #include "inventory/item_form.h"
 #include "screens/parts/date_popup.h"

@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QKeyEvent>
-#include <QPlainTextEdit>
 #include <QScopeGuard>
 #include <QStringListModel>
 #include <algorithm>
@@ -26,21 +25,8 @@ namespace tavernook {
 namespace {
 
 constexpr const char* quantity_mask = "#####0.00";
-constexpr const char* serving_mask = "#0.00#";
 constexpr const char* whole_mask = "0";
 constexpr int name_letters = 12;
-constexpr int lines_of_long_texts = 3;
-
-// The line ends of a stored text are CR LF; an edited one gets them anew.
-QString shown_lines(i16 row) {
-    return shown_text(pooled_text(row)).replace(QLatin1String("\r\n"), QLatin1String("\n"));
-}
-
-std::string typed_lines(const QPlainTextEdit& edit, i16 row) {
-    QString typed = edit.toPlainText();
-    if (typed == shown_lines(row)) return std::string(pooled_text(row));
-    return typed_text(typed.replace(QLatin1Char('\n'), QLatin1String("\r\n")));
-}
 
 std::string typed_line(const QLineEdit& edit) {
     return typed_text(edit.text());
@@ -49,12 +35,14 @@ std::string typed_line(const QLineEdit& edit) {
 }  // namespace
 
 ItemFormPane::ItemFormPane(QWidget* parent)
-    : QWidget(parent), ui_(std::make_unique<Ui::ItemFormPane>()),
+    : QWidget(parent),
+      ui_(std::make_unique<Ui::ItemFormPane>()),
       unit_names_(new QStringListModel(this)),
       store_names_(new QStringListModel(this)) {
     ui_->setupUi(this);
     set_up_boxes();
-    set_up_sizes();
+    // Shares of the room until the user arranges them otherwise.
+    ui_->form_splitter->setSizes({400, 340});
     add_fields();
     connect_boxes();
     refresh_units();
@@ -82,18 +70,6 @@ void ItemFormPane::set_up_boxes() {
     for (QWidget* box : boxes_in_order()) box->installEventFilter(this);
 }
 
-// Shares of the room until the user arranges them otherwise.
-void ItemFormPane::set_up_sizes() {
-    ui_->form_splitter->setSizes({400, 340});
-    for (QPlainTextEdit* text : {ui_->description, ui_->notes}) {
-        const int frame =
-            2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()));
-        const int lines = text->fontMetrics().lineSpacing() * lines_of_long_texts;
-        text->setMinimumHeight(lines + frame);
-        text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    }
-}
-
 // --- the boxes and what they show ------------------------------------------------------------
 
 void ItemFormPane::add_fields() {
@@ -111,45 +87,34 @@ void ItemFormPane::add_fields() {
                          std::string(row_or_none(items, item).barcode.trimmed()));
                  },
                  [this] { return shown_text(ui_->code_field->code()); }});
-    add_texts();
+    add_locations();
     add_names_and_numbers();
+    ui_->serving->add_fields(fields_);
     ui_->nutrients->add_fields(fields_);
+    ui_->maker->add_fields(fields_);
     // The day is another way to tell the storage time, and counts as touched with it.
-    fields_.add({[this](i16 item) { show_dates(item); },
-                 [this] { return ui_->storage_time->touched() ? QStringLiteral("-") : QString(); }});
+    fields_.add(
+        {[this](i16 item) { show_dates(item); },
+         [this] { return ui_->storage_time->touched() ? QStringLiteral("-") : QString(); }});
 }
 
 void ItemFormPane::add_names_and_numbers() {
     fields_.add_name(*ui_->qty_units,
                      [](i16 item) { return name_in(units, items[item].qty_units); });
-    fields_.add_name(*ui_->serving_size_units,
-                     [](i16 item) { return name_in(units, items[item].serving_size_units); });
     fields_.add_name(*ui_->store, [](i16 item) { return name_in(stores, items[item].store); });
     fields_.add_number(*ui_->quantity, quantity_mask, stock_of);
     const auto add = [this](QuantityBox* box, const char* mask, auto figure) {
-        fields_.add_number(*box, mask, [figure](i16 item) { return f64{items[item].*figure}; });
+        fields_.add_number(*box, mask,
+                           [figure](i16 item) { return static_cast<f64>(items[item].*figure); });
     };
     add(ui_->stock_quantity, quantity_mask, &ItemRecord::stock_quantity);
     add(ui_->restock_quantity, quantity_mask, &ItemRecord::restock_quantity);
     add(ui_->cost, quantity_mask, &ItemRecord::cost);
     add(ui_->storage_time, whole_mask, &ItemRecord::storage_time);
     add(ui_->store_order, whole_mask, &ItemRecord::store_order);
-    add(ui_->servings_per_qty_unit, serving_mask, &ItemRecord::servings_per_qty_unit);
-    add(ui_->serving_size, serving_mask, &ItemRecord::serving_size);
 }
 
-void ItemFormPane::add_texts() {
-    using Detail = ItemDetailRecord;
-    fields_.add_line(*ui_->manufacturer, [](i16 item) {
-        return shown_text(pooled_text(item_details[item].manufacturer));
-    });
-    fields_.add_line(*ui_->brand,
-                     [](i16 item) { return shown_text(pooled_text(item_details[item].brand)); });
-    const auto add_lines = [this](QPlainTextEdit* box, i16 Detail::*row) {
-        fields_.add_lines(*box, [row](i16 item) { return shown_lines(item_details[item].*row); });
-    };
-    add_lines(ui_->description, &Detail::description);
-    add_lines(ui_->notes, &Detail::notes);
+void ItemFormPane::add_locations() {
     QLineEdit* const locations[] = {ui_->location_1, ui_->location_2, ui_->location_3};
     for (std::size_t part = 0; part < std::size(locations); ++part) {
         fields_.add_line(*locations[part], [part](i16 item) {
@@ -159,12 +124,8 @@ void ItemFormPane::add_texts() {
 }
 
 void ItemFormPane::connect_boxes() {
-    for (QComboBox* box : {ui_->qty_units, ui_->serving_size_units}) {
-        connect(box, &QComboBox::currentTextChanged, this, &ItemFormPane::update_labels);
-    }
-    for (QuantityBox* box : {ui_->quantity, ui_->servings_per_qty_unit, ui_->serving_size}) {
-        connect(box, &QLineEdit::textChanged, this, &ItemFormPane::update_labels);
-    }
+    connect(ui_->qty_units, &QComboBox::currentTextChanged, this, &ItemFormPane::update_labels);
+    connect(ui_->quantity, &QLineEdit::textChanged, this, &ItemFormPane::update_labels);
     connect(ui_->lot_track, &QPushButton::clicked, this, &ItemFormPane::lots_wanted);
     connect(ui_->code_field, &CodeField::command, this, &ItemFormPane::command);
     connect(ui_->expiry_field, &ExpiryField::command, this, &ItemFormPane::command);
@@ -197,6 +158,7 @@ void ItemFormPane::show_nothing() {
 
 void ItemFormPane::put_on(On shown) {
     on_ = shown;
+    ui_->code_field->give_up_scanning();
     const bool any = shown != On::nothing;
     ui_->information_area->widget()->setEnabled(any);
     ui_->nutrition_area->widget()->setEnabled(any);
@@ -257,29 +219,14 @@ void ItemFormPane::show_dates(i16 item) {
     ui_->last_restock->setText(restocked);
 }
 
-// A figure being typed may be beyond all that can be told.
-void ItemFormPane::update_labels() noexcept {
-    quietly([this] { write_labels(); });
-}
-
-void ItemFormPane::write_labels() {
+void ItemFormPane::update_labels() {
     const QString unit = ui_->qty_units->currentText().trimmed();
     const QString behind = unit.isEmpty() ? QStringLiteral("...") : unit;
     const QString sign = shown_text(std::string(1, static_cast<char>(currency_symbol)));
     ui_->cost_label->setText(QStringLiteral("Cost(%1)/").arg(sign) + without_mnemonics(behind));
-    ui_->servings_per_label->setText(QStringLiteral("Servings/") + without_mnemonics(behind));
     ui_->stock_units->setText(unit);
     ui_->restock_units->setText(unit);
-    if (on_ == On::nothing) {
-        ui_->note_line->clear();
-        ui_->servings->clear();
-        return;
-    }
-    const QString size = shown_text(format_number(ui_->serving_size->value(), serving_mask));
-    ui_->note_line->setText(QStringLiteral("Note:  1 Serving = ") + size + QLatin1Char(' ') +
-                            ui_->serving_size_units->currentText().trimmed());
-    const f64 servings = ui_->quantity->value() * ui_->servings_per_qty_unit->value();
-    ui_->servings->setText(shown_text(format_number(servings, quantity_mask)));
+    ui_->serving->show_stock(on_ != On::nothing, ui_->quantity->value(), behind);
 }
 
 // --- and back --------------------------------------------------------------------------------
@@ -308,9 +255,7 @@ ItemValues ItemFormPane::values(i16 item) const {
     values.restock_quantity = ui_->restock_quantity->value();
     values.cost = ui_->cost->value();
     values.qty_units = typed_text(ui_->qty_units->currentText());
-    values.serving_size = ui_->serving_size->value();
-    values.serving_size_units = typed_text(ui_->serving_size_units->currentText());
-    values.servings_per_qty_unit = ui_->servings_per_qty_unit->value();
+    ui_->serving->read(values);
     values.store = typed_text(ui_->store->currentText());
     values.store_order = round_to_i16(ui_->store_order->value());
     const bool same_home = item != 0 && chosen_catagory() == home_catagory(stored.category);
@@ -320,53 +265,35 @@ ItemValues ItemFormPane::values(i16 item) const {
     values.nutrients = ui_->nutrients->values();
     values.fat = values.nutrients[0].value;
     values.calories = values.nutrients[1].value;
-    read_texts(values, item);
-    return values;
-}
-
-void ItemFormPane::read_texts(ItemValues& values, i16 item) const {
-    const ItemDetailRecord& detail = row_or_none(item_details, item);
-    values.manufacturer = typed_line(*ui_->manufacturer);
-    values.brand = typed_line(*ui_->brand);
-    values.description = typed_lines(*ui_->description, detail.description);
-    values.notes = typed_lines(*ui_->notes, detail.notes);
+    ui_->maker->read(values, item);
     const Locations parts{typed_line(*ui_->location_1), typed_line(*ui_->location_2),
                           typed_line(*ui_->location_3)};
-    const std::string stored(pooled_text(row_or_none(items, item).locations));
-    values.locations = parts == split_locations(stored) ? stored : join_locations(parts);
+    const std::string locations(pooled_text(stored.locations));
+    values.locations = parts == split_locations(locations) ? locations : join_locations(parts);
+    return values;
 }
 
 // --- from box to box -------------------------------------------------------------------------
 
 std::vector<QComboBox*> ItemFormPane::unit_boxes() const {
-    std::vector<QComboBox*> boxes{ui_->qty_units, ui_->serving_size_units};
+    std::vector<QComboBox*> boxes{ui_->qty_units, &ui_->serving->unit_box()};
     for (QComboBox* box : ui_->nutrients->unit_boxes()) boxes.push_back(box);
     return boxes;
 }
 
 std::vector<QWidget*> ItemFormPane::boxes_in_order() const {
-    std::vector<QWidget*> boxes{ui_->item_name,
-                                ui_->item_category,
-                                ui_->quantity,
-                                ui_->qty_units,
-                                ui_->stock_quantity,
-                                ui_->restock_quantity,
-                                ui_->cost,
-                                ui_->storage_time,
-                                &ui_->expiry_field->button(),
-                                ui_->lot_track,
-                                ui_->store,
-                                ui_->store_order,
-                                ui_->location_1,
-                                ui_->location_2,
-                                ui_->location_3};
+    std::vector<QWidget*> boxes;
     const auto add = [&boxes](const std::vector<QWidget*>& more) {
         boxes.insert(boxes.end(), more.begin(), more.end());
     };
+    add({ui_->item_name, ui_->item_category, ui_->quantity, ui_->qty_units});
+    add({ui_->stock_quantity, ui_->restock_quantity, ui_->cost, ui_->storage_time});
+    add({&ui_->expiry_field->button(), ui_->lot_track, ui_->store, ui_->store_order});
+    add({ui_->location_1, ui_->location_2, ui_->location_3});
     add(ui_->code_field->boxes_in_order());
-    add({ui_->servings_per_qty_unit, ui_->serving_size, ui_->serving_size_units});
+    add(ui_->serving->boxes_in_order());
     add(ui_->nutrients->boxes_in_order());
-    add({ui_->manufacturer, ui_->brand, ui_->description, ui_->notes});
+    add(ui_->maker->boxes_in_order());
     return boxes;
 }
 

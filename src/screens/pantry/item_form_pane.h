@@ -18,7 +18,6 @@
 #include "screens/parts/guard.h"
 
 class QComboBox;
-class QPlainTextEdit;
 class QStringListModel;
 
 namespace tavernook {
@@ -60,7 +59,7 @@ class ItemFormPane : public QWidget {
     void refresh_stores();
 
     void go_to_name();
-    void rename();            // with all of it selected
+    void rename();             // with all of it selected
     void go_to_first_blank();  // of a new item
     std::vector<QWidget*> boxes_in_order() const;
 
@@ -76,10 +75,9 @@ class ItemFormPane : public QWidget {
     enum class On { nothing, new_item, item };
 
     void set_up_boxes();
-    void set_up_sizes();
     void add_fields();
     void add_names_and_numbers();
-    void add_texts();
+    void add_locations();
     void connect_boxes();
 
     void put_on(On shown);
@@ -87,9 +85,7 @@ class ItemFormPane : public QWidget {
     void choose_catagory(i16 catagory);
     i16 chosen_catagory() const;
     void show_dates(i16 item);
-    void update_labels() noexcept;
-    void write_labels();
-    void read_texts(ItemValues& values, i16 item) const;
+    void update_labels();
     std::vector<QComboBox*> unit_boxes() const;
     void go_to_next_box(QWidget* box);
 

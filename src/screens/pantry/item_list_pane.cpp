@@ -45,8 +45,8 @@ void ItemListPane::set_up_columns() {
     ui_->item_tree->header()->setAccessibleName(tr("Columns of the items"));
     ui_->item_tree->setColumnWidth(item_stock_column,
                                    metrics.horizontalAdvance("000.00 bottle(s)"));
-    ui_->item_tree->setColumnWidth(item_attention_column,
-                                   metrics.horizontalAdvance("Expires soon") + metrics.height() * 3);
+    ui_->item_tree->setColumnWidth(
+        item_attention_column, metrics.horizontalAdvance("Expires soon") + metrics.height() * 3);
 }
 
 void ItemListPane::read(View view) {
@@ -74,8 +74,25 @@ void ItemListPane::follow_changes() {
     if (seen_.is_stale() && !is_naming()) refresh();
 }
 
+void ItemListPane::mark_item(i16 item) {
+    mark(item == 0 ? QString() : model().key_of_leaf(item));
+}
+
+void ItemListPane::mark_catagory(i16 row) {
+    mark(model().key_of_catagory(row));
+}
+
+void ItemListPane::set_item_on_show(i16 item) {
+    set_on_show(item == 0 ? QString() : model().key_of_leaf(item));
+}
+
 std::vector<QWidget*> ItemListPane::boxes_in_order() const {
     return {ui_->filter, ui_->toggle_view, ui_->item_tree, ui_->expand_tree, ui_->collapse_tree};
+}
+
+void ItemListPane::set_menu(const MenuCommands& commands) {
+    connect(this, &ItemListPane::menu_wanted, this,
+            [this, commands](const QPoint& on_screen) { show_menu(on_screen, commands); });
 }
 
 void ItemListPane::show_menu(const QPoint& on_screen, const MenuCommands& commands) {

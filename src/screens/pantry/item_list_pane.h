@@ -28,21 +28,25 @@ class ItemListPane : public CatagoryTreePane {
     // Not while a category is being named in the tree.
     void follow_changes();
 
+    void mark_item(i16 item);  // 0: nothing
+    void mark_catagory(i16 row);
+    void set_item_on_show(i16 item);  // marked again whenever another filter shows it
+
     std::vector<QWidget*> boxes_in_order() const;
 
-    // Under the mouse or the marked row. Between the commands of the screen stands what belongs to
-    // the tree itself.
+    // The screen's part of the menu over the tree.
     struct MenuCommands {
         QAction* new_item;
         QAction* new_category;
         QAction* copy;
         QAction* remove;
     };
-    void show_menu(const QPoint& on_screen, const MenuCommands& commands);
+    void set_menu(const MenuCommands& commands);
 
   private:
     void set_up_columns();
     void read(View view);
+    void show_menu(const QPoint& on_screen, const MenuCommands& commands);
 
     std::unique_ptr<Ui::ItemListPane> ui_;
     Seen seen_{Subject::items, Subject::lots, Subject::units, Subject::catagories,

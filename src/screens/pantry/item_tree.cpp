@@ -9,6 +9,7 @@
 #include "core/string_storage.h"
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
+#include "screens/parts/drag_text.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/shown_text.h"
 
@@ -47,8 +48,8 @@ LeafRank attention_rank(i16 item) {
 }
 
 QString search_text(const ItemRecord& record, i16 item, const QString& folded_name) {
-    QString text = folded_name + QLatin1Char('\n') +
-                   folded(shown_text(pooled_text(item_details[item].brand)));
+    QString text =
+        folded_name + QLatin1Char('\n') + folded(shown_text(pooled_text(item_details[item].brand)));
     if (record.barcode != no_barcode) {
         text += QLatin1Char('\n') + folded(shown_text(record.barcode.trimmed()));
     }
@@ -87,8 +88,9 @@ TreeContents item_tree_contents() {
                      .text = attention_words,
                      .decoration = attention_icon,
                      .rank = attention_rank}},
-        .drag_letter = 'i',
-        .rename_catagory = [](i16 row, std::string_view name) { return rename_catagory(row, name); },
+        .drag_text = text_of_dragged_item,
+        .rename_catagory = [](i16 row,
+                              std::string_view name) { return rename_catagory(row, name); },
     };
 }
 

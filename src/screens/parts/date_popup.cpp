@@ -81,6 +81,8 @@ void DatePopup::ask(QWidget& field, const QRect& place, const QString& heading) 
     adjustSize();
     move(place_beside(field, place, size()));
     show();
+    // How big it is shows only now, when it comes up for the first time.
+    move(place_beside(field, place, size()));
     calendar_->setFocus(Qt::OtherFocusReason);
 }
 

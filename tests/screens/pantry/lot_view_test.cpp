@@ -243,8 +243,7 @@ TEST_F(LotViewScreen, TheSameQuantityLeavesTheProjectUnchanged) {
 TEST_F(LotViewScreen, TheItemScreenFollowsALotThatWasChanged) {
     ASSERT_NE(show_screen("FoodInventory"), nullptr);
     food_inventory()->view_item(3, 0);
-    auto* shown =
-        window.registry().loaded("FoodInventory")->findChild<QLineEdit*>("quantity");
+    auto* shown = window.registry().loaded("FoodInventory")->findChild<QLineEdit*>("quantity");
     EXPECT_EQ(shown->text(), "6.50");
     open_lots();
     expect_quantity_box("4", "5");
@@ -435,7 +434,9 @@ TEST_F(LotViewScreen, StockThatMovedWhileItWasOutOfSightIsShownWhenItComesBack) 
     screen->parentWidget()->hide();
     add_to_lots(3, 12);
     end_of_step();
+    fprintf(stderr,"A %d %f\n", screen->isVisible(), lots[3].lot_quantity[3]);
     show_screen("LotView");
+    fprintf(stderr,"B %d %s\n", screen->isVisible(), qPrintable(part<QLabel>("total_label").text()));
     EXPECT_EQ(part<QLabel>("total_label").text(), "In stock: 18.5 quart(s), in 3 lots");
 }
 

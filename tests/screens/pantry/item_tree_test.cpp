@@ -1,4 +1,4 @@
-#include "screens/pantry/item_tree_model.h"
+#include "screens/pantry/item_tree.h"
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
@@ -30,7 +30,7 @@ class ItemModel : public testing::Test {
         std::string found;
         for (int row = 0; row < model.rowCount(parent); ++row) {
             const QModelIndex index = model.index(row, 0, parent);
-            found += index.data(ItemTreeModel::key_role).toString().toStdString();
+            found += index.data(CatagoryTreeModel::key_role).toString().toStdString();
             if (model.rowCount(index) > 0) found += "(" + keys(index) + ")";
             found += " ";
         }
@@ -39,21 +39,21 @@ class ItemModel : public testing::Test {
     }
 
     TestPlatform platform;
-    ItemTreeModel model;
+    CatagoryTreeModel model{item_tree_contents()};
     QAbstractItemModelTester tester{&model,
                                     QAbstractItemModelTester::FailureReportingMode::Warning};
 };
 
 TEST_F(ItemModel, KeysNameTheRows) {
     put_item(5, "Rice", 1);
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_EQ(keys(), "r1(c5)");
-    EXPECT_EQ(model.item_at(model.index_of("c5")), 5);
+    EXPECT_EQ(model.leaf_at(model.index_of("c5")), 5);
     EXPECT_EQ(model.catagory_at(model.index_of("c5")), 0);
     EXPECT_EQ(model.catagory_at(model.index_of("r1")), 1);
     EXPECT_FALSE(model.index_of("c6").isValid());
     EXPECT_FALSE(model.index_of("").isValid());
-    model.populate(ItemTreeModel::View::list);
+    model.populate(CatagoryTreeModel::View::list);
     EXPECT_EQ(keys(), "c5");
 }
 
@@ -66,9 +66,9 @@ TEST_F(ItemModel, SortsByNameWithoutRegardToCapitalsAndAccents) {
              2);
     put_item(3, "eggs", 2);
     put_item(4, "Ebony", 2);
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_EQ(keys(), "r2(c4 c2 c3 c1) r1");
-    model.sort(ItemTreeModel::name_column, Qt::DescendingOrder);
+    model.sort(item_name_column, Qt::DescendingOrder);
     EXPECT_EQ(keys(), "r1 r2(c1 c3 c2 c4)");
 }
 
@@ -78,7 +78,7 @@ TEST_F(ItemModel, CategoriesStandBeneathTheirParents) {
     put_catagory(4, "Zone");
     put_item(1, "Kale", 3);
     put_item(2, "Herbs", 2);
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_EQ(keys(), "r1 r4(r2(r3(c1) c2))");
 }
 
@@ -92,7 +92,7 @@ TEST_F(ItemModel, ACircleOfParentsAndAParentOfRecipesLeadToTheTop) {
     put_catagory(8, "F", 99);
     put_catagory(9, "G", -5);
     put_catagory(10, "H", 12345);
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_EQ(keys(), "r2(r4) r3 r5 r7 r8 r9 r1 r10");
 }
 
@@ -102,7 +102,7 @@ TEST_F(ItemModel, AnItemOfNoOrOfAnUnknownCategoryStandsUnderTheFirst) {
     put_item(2, "B", 77);
     put_item(3, "C", 3);
     put_item(4, "D", -9);
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_EQ(keys(), "r1(c1 c2 c3 c4)");
     EXPECT_EQ(items[1].category, 1);
     EXPECT_EQ(items[2].category, 77);
@@ -121,7 +121,7 @@ TEST_F(ItemModel, TheFilterWantsEveryWordInNameBrandOrBarcode) {
     items[3].barcode = "7610200068613";
     pooled_strings[1] = "Alpine Meadows";
     item_details[3].brand = 1;
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_FALSE(model.is_filtered());
     model.set_filter("CREME");
     EXPECT_EQ(keys(), "r2(r3(c1))");
@@ -134,10 +134,10 @@ TEST_F(ItemModel, TheFilterWantsEveryWordInNameBrandOrBarcode) {
     EXPECT_FALSE(model.index_of("r1").isValid());
     model.set_filter("empty");
     EXPECT_EQ(keys(), "");
-    EXPECT_EQ(model.item_count(), 0);
+    EXPECT_EQ(model.leaf_count(), 0);
     model.set_filter("  ");
     EXPECT_EQ(keys(), "r2(r3(c1) c3) r1(c2)");
-    EXPECT_EQ(model.item_count(), 3);
+    EXPECT_EQ(model.leaf_count(), 3);
 }
 
 TEST_F(ItemModel, TheStockIsThatOfTheLotsWithItsUnit) {
@@ -145,8 +145,8 @@ TEST_F(ItemModel, TheStockIsThatOfTheLotsWithItsUnit) {
     items[1].qty_units = 6;
     lots[1].lot_quantity[3] = 1.5;
     lots[1].lot_quantity[4] = 0.125;
-    model.populate(ItemTreeModel::View::tree);
-    const QModelIndex stock = model.index_of("c1").siblingAtColumn(ItemTreeModel::stock_column);
+    model.populate(CatagoryTreeModel::View::tree);
+    const QModelIndex stock = model.index_of("c1").siblingAtColumn(item_stock_column);
     EXPECT_EQ(stock.data().toString(), "1.63 liter(s)");
     lots[1].lot_quantity[3] = 0;  // shown at once
     EXPECT_EQ(stock.data().toString(), "0.13 liter(s)");
@@ -154,7 +154,7 @@ TEST_F(ItemModel, TheStockIsThatOfTheLotsWithItsUnit) {
 
 TEST_F(ItemModel, OnlyACategoryCanBeRenamed) {
     put_item(1, "Milk", 1);
-    model.populate(ItemTreeModel::View::tree);
+    model.populate(CatagoryTreeModel::View::tree);
     EXPECT_FALSE(model.setData(model.index_of("c1"), "Cream", Qt::EditRole));
     EXPECT_FALSE(model.setData(model.index_of("r1"), "   ", Qt::EditRole));
     EXPECT_FALSE(model.setData(model.index_of("r1"), "General", Qt::EditRole));
@@ -167,13 +167,13 @@ TEST_F(ItemModel, BuildsATreeOfTenThousandItemsQuickly) {
     for (i16 item = 1; item <= item_capacity; ++item) {
         put_item(item, ("Food number " + std::to_string(item)).c_str(), 1);
     }
-    ItemTreeModel plain;  // without the tester, which looks at every row
+    CatagoryTreeModel plain(item_tree_contents());  // without the tester, which looks at every row
     QElapsedTimer clock;
     clock.start();
-    plain.populate(ItemTreeModel::View::tree);
+    plain.populate(CatagoryTreeModel::View::tree);
     RecordProperty("populate_ms", static_cast<int>(clock.elapsed()));
     EXPECT_LT(clock.elapsed(), 100);
-    EXPECT_EQ(plain.item_count(), 10000);
+    EXPECT_EQ(plain.leaf_count(), 10000);
 }
 
 }  // namespace
