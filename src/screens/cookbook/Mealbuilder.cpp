@@ -26,6 +26,7 @@
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/tab_order.h"
 #include "screens/parts/toolbar_parts.h"
 #include "ui_Mealbuilder.h"
 
@@ -81,11 +82,11 @@ Mealbuilder::Mealbuilder(QWidget* parent)
     setWindowIcon(icon(QStringLiteral("recipes")));
     set_up_toolbar();
     set_up_sizes();
+    setFocusProxy(&recipes_);
     set_up_tab_order();
     set_up_commands();
     listen_to_panes();
     enter_presses_buttons(*this);
-    setFocusProxy(&recipes_);
     set_mealbuilder(this);
     populate_tree();
     show_nothing();
@@ -132,7 +133,7 @@ void Mealbuilder::set_up_tab_order() {
         order.insert(order.end(), parts.begin(), parts.end());
     }
     order.push_back(ui_->close_button);
-    for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+    set_tab_order(order);
 }
 
 void Mealbuilder::set_up_commands() {
