@@ -28,18 +28,10 @@ namespace {
 
 constexpr i16 item_catagory_type = -1;
 
-std::string mousedown_error(const Fault& fault) {
-    return "Error in item inventory mousedown: " + fault.description;
-}
-
 std::unique_ptr<Ui::FoodInventory> laid_out(FoodInventory& screen) {
     auto ui = std::make_unique<Ui::FoodInventory>();
     ui->setupUi(&screen);
     return ui;
-}
-
-bool is_plain(const QKeyEvent& event) {
-    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
 }  // namespace
@@ -54,8 +46,6 @@ FoodInventory::FoodInventory(QWidget* parent)
     setWindowIcon(icon(QStringLiteral("inventory")));
     setFocusProxy(&list_);
     ui_->main_splitter->setSizes({380, 720});
-    ui_->main_splitter->setStretchFactor(0, 1);
-    ui_->main_splitter->setStretchFactor(1, 0);
     dress_item_toolbars(*this, *ui_->item_toolbar_1, *ui_->item_toolbar_2);
     order_tabs();
     connect_commands();
@@ -74,9 +64,9 @@ FoodInventory::~FoodInventory() {
 // As one reads: commands, list, form, and what is done with it.
 void FoodInventory::order_tabs() {
     std::vector<QWidget*> order = buttons_in_order(*ui_->item_toolbar_1);
-    for (const auto& more : {list_.boxes_in_order(), form_.boxes_in_order(),
-                             hand_over_bar_.boxes_in_order(),
-                             buttons_in_order(*ui_->item_toolbar_2)}) {
+    for (const auto& more :
+         {list_.boxes_in_order(), form_.boxes_in_order(), hand_over_bar_.boxes_in_order(),
+          buttons_in_order(*ui_->item_toolbar_2)}) {
         order.insert(order.end(), more.begin(), more.end());
     }
     order.push_back(ui_->close_screen);
@@ -88,7 +78,12 @@ void FoodInventory::connect_keys() {
         on_keys(*this, Qt::CTRL | key, [this] { ui_->item_toolbar_2_1->trigger(); });
     }
     on_keys(*this, QKeySequence::Find, [this] { list_.find(); });
-    on_keys(*this, QKeySequence::Refresh, [this] { run([this] { read_anew(); }); });
+    on_keys(*this, QKeySequence::Refresh, [this] {
+        run([this] {
+            if (item_.number() != 0) view(item_.number(), false);
+            list_.refresh();
+        });
+    });
 }
 
 void FoodInventory::connect_commands() {
@@ -117,7 +112,8 @@ void FoodInventory::connect_panes() {
     list_.set_menu({ui_->item_toolbar_1_1, ui_->item_toolbar_1_2, ui_->item_toolbar_1_5,
                     ui_->item_toolbar_1_4});
     connect(&form_, &ItemFormPane::command, this, &FoodInventory::run);
-    connect(&form_, &ItemFormPane::lots_wanted, this, [this] { run([this] { show_lots(); }); });
+    connect(&form_, &ItemFormPane::lots_wanted, this,
+            [this] { run([this] { show_lot_view(item_.number()); }); });
     connect(&form_, &ItemFormPane::left_at_the_end, this, [this] {
         ui_->item_toolbar_2->widgetForAction(ui_->item_toolbar_2_1)->setFocus(Qt::TabFocusReason);
     });
@@ -167,7 +163,12 @@ void FoodInventory::update_commands() {
 // A question waits until the key or the mouse button has done its work.
 void FoodInventory::chosen_in_the_list() {
     const auto turn = [this] {
-        run([this] { guarded([this] { turn_to_chosen(); }, mousedown_error); });
+        run([this] {
+            guarded([this] { turn_to_chosen(); },
+                    [](const Fault& fault) {
+                        return "Error in item inventory mousedown: " + fault.description;
+                    });
+        });
     };
     if (item_.has_edits()) {
         QMetaObject::invokeMethod(this, turn, Qt::QueuedConnection);
@@ -256,15 +257,6 @@ void FoodInventory::copy_item_shown() {
     dialog->open();
 }
 
-void FoodInventory::show_lots() {
-    if (item_.number() != 0) show_lot_view(item_.number());
-}
-
-void FoodInventory::read_anew() {
-    if (item_.number() != 0) view(item_.number(), false);
-    list_.refresh();
-}
-
 void FoodInventory::add_to_caller() {
     if (item_.number() == 0 || !item_.settle() || item_.number() == 0) return;
     hand_over(return_mode_, item_.number(), hand_over_bar_.amount());
@@ -274,11 +266,8 @@ void FoodInventory::add_to_caller() {
 void FoodInventory::hide_screen() {
     if (item_.is_new()) item_.show_nothing();
     set_return(returns_nowhere);
-    if (auto* child = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-        child->hide();
-    } else {
-        hide();
-    }
+    auto* child = qobject_cast<QMdiSubWindow*>(parentWidget());
+    (child != nullptr ? static_cast<QWidget*>(child) : this)->hide();
 }
 
 // --- what other screens ask --------------------------------------------------------------------
@@ -340,10 +329,11 @@ void FoodInventory::closeEvent(QCloseEvent* event) {
 // What was opened last goes first.
 void FoodInventory::keyPressEvent(QKeyEvent* event) {
     const bool escape = event->key() == Qt::Key_Escape;
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (escape && list_.show_all()) return;
     if (escape && return_mode_ != returns_nowhere) {
         ui_->close_screen->click();
-    } else if (event->key() == Qt::Key_Slash && is_plain(*event)) {
+    } else if (event->key() == Qt::Key_Slash && plain) {
         list_.find();
     } else {
         QWidget::keyPressEvent(event);

@@ -71,8 +71,6 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
     void new_category();
     void remove();
     void copy_item_shown();
-    void show_lots();
-    void read_anew();
     void add_to_caller();
     void hide_screen();
 

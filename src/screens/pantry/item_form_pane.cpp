@@ -78,8 +78,8 @@ void ItemFormPane::add_fields() {
     fields_.add({[this](i16 item) {
                      ui_->item_category->clear();
                      if (item == 0) return;
-                     fill_catagories();
-                     choose_catagory(items[item].category);
+                     ui_->item_category->fill();
+                     ui_->item_category->choose(items[item].category);
                  },
                  [this] { return ui_->item_category->currentData().toString(); }});
     fields_.add({[this](i16 item) {
@@ -144,8 +144,8 @@ void ItemFormPane::show_item(i16 item) {
 void ItemFormPane::show_new_item(const std::string& name, i16 catagory) {
     show_nothing();
     ui_->expiry_field->show_new_item();
-    fill_catagories();
-    choose_catagory(catagory);
+    ui_->item_category->fill();
+    ui_->item_category->choose(catagory);
     ui_->item_name->setText(shown_text(name));
     put_on(On::new_item);
 }
@@ -173,7 +173,7 @@ void ItemFormPane::follow(i16 item) {
     refresh_stores();
     ui_->code_field->follow_scanner_type();
     if (item != 0) fields_.follow(item);
-    if (on_ != On::nothing) fill_catagories();
+    if (on_ != On::nothing) ui_->item_category->fill();
     update_labels();
 }
 
@@ -189,25 +189,6 @@ void ItemFormPane::refresh_units() {
 
 void ItemFormPane::refresh_stores() {
     change_list(*store_names_, live_names(stores), {ui_->store});
-}
-
-// What is chosen stays chosen.
-void ItemFormPane::fill_catagories() {
-    const QVariant chosen = ui_->item_category->currentData();
-    ui_->item_category->clear();
-    for (i16 row = 1; row <= catagory_capacity; ++row) {
-        if (!is_item_catagory(row)) continue;
-        ui_->item_category->addItem(shown_text(catagories[row].name.trimmed()), int{row});
-    }
-    ui_->item_category->model()->sort(0);
-    if (chosen.isValid()) choose_catagory(static_cast<i16>(chosen.toInt()));
-}
-
-// An item of a category that is not there stands under the first one, and keeps its number until
-// another category is chosen.
-void ItemFormPane::choose_catagory(i16 catagory) {
-    const int home = home_catagory(catagory);
-    ui_->item_category->setCurrentIndex(ui_->item_category->findData(home));
 }
 
 void ItemFormPane::show_dates(i16 item) {
@@ -239,10 +220,6 @@ void ItemFormPane::set_code(const std::string& code) {
     ui_->code_field->show_code(code);
 }
 
-i16 ItemFormPane::chosen_catagory() const {
-    return static_cast<i16>(ui_->item_category->currentData().toInt());
-}
-
 ItemValues ItemFormPane::values(i16 item) const {
     const ItemRecord& stored = row_or_none(items, item);
     ItemValues values;
@@ -258,8 +235,8 @@ ItemValues ItemFormPane::values(i16 item) const {
     ui_->serving->read(values);
     values.store = typed_text(ui_->store->currentText());
     values.store_order = round_to_i16(ui_->store_order->value());
-    const bool same_home = item != 0 && chosen_catagory() == home_catagory(stored.category);
-    values.category = same_home ? stored.category : chosen_catagory();
+    const CatagoryBox& catagory = *ui_->item_category;
+    values.category = item == 0 ? catagory.chosen() : catagory.chosen_for(stored.category);
     values.last_restock_date = platform_clock().now();
     values.barcode = ui_->code_field->code();
     values.nutrients = ui_->nutrients->values();

@@ -81,9 +81,6 @@ class ItemFormPane : public QWidget {
     void connect_boxes();
 
     void put_on(On shown);
-    void fill_catagories();
-    void choose_catagory(i16 catagory);
-    i16 chosen_catagory() const;
     void show_dates(i16 item);
     void update_labels();
     std::vector<QComboBox*> unit_boxes() const;
