@@ -230,6 +230,27 @@ TEST_F(ItemThatChanges, OutOfSightItFollowsWhenItComesBack) {
     EXPECT_EQ(text("item_name"), "Long rice");
 }
 
+TEST_F(ItemThatChanges, ACodeBeingScannedGoesOnWhileOthersChange) {
+    click("scan");
+    type("0123");
+    lots[1].lot_quantity[0] = 0.5;
+    end_of_step();
+    EXPECT_EQ(text("barcode"), "");
+    type("45");
+    press("Return");
+    settle();
+    EXPECT_EQ(text("barcode"), "012345");
+}
+
+TEST_F(ItemThatChanges, TheMonthViewIsForTheItemOnShowOnly) {
+    click("exp_date");
+    EXPECT_TRUE(part<QWidget>("month_box").isVisible());
+    delete_item_1();
+    end_of_step();
+    EXPECT_FALSE(part<QWidget>("month_box").isVisible());
+    expect_nothing_on_show();
+}
+
 // --- deleted elsewhere -----------------------------------------------------------------------
 
 TEST_F(ItemThatChanges, ADeletedItemLeavesAnEmptyFormThatSaysSo) {
