@@ -19,11 +19,11 @@
 #include "painting.h"
 #include "platform/platform.h"
 #include "recipes/documents.h"
-#include "screens/cookbook/recipe_tree_model.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/register_screens.h"
 #include "screens/grocery/ShoppingList.h"
+#include "screens/parts/catagory_tree_model.h"
 #include "screens/parts/screen_switch.h"
 #include "support/generated_projects.h"
 
@@ -227,7 +227,7 @@ void recipe_chosen(benchmark::State& state) {
     for (const i16 recipe : {i16{1}, i16{2}}) store_document(recipe, book.rtf_bytes);
     auto& tree = full.part<QTreeView>("recipe_tree");
     tree.expandAll();
-    const auto& model = static_cast<const RecipeTreeModel&>(*tree.model());
+    const auto& model = static_cast<const CatagoryTreeModel&>(*tree.model());
     QTextEdit plain;
     plain.resize(full.part<QWidget>("recipe_pane").size());
     plain.show();

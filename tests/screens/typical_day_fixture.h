@@ -13,8 +13,8 @@
 #include "inventory/lots.h"
 #include "screens/child_screen_fixture.h"
 #include "screens/cookbook/Mealbuilder.h"
-#include "screens/cookbook/recipe_tree_model.h"
-#include "screens/pantry/item_tree_model.h"
+#include "screens/pantry/item_tree.h"
+#include "screens/parts/catagory_tree_model.h"
 #include "screens/planner/calendar_grid.h"
 
 namespace tavernook {
@@ -183,7 +183,7 @@ class TypicalDay : public ChildScreenTest {
         open_inventory();
         const QAbstractItemModel& model = *part<QTreeView>("item_tree").model();
         const QModelIndex index =
-            static_cast<const ItemTreeModel&>(model).index_of(QStringLiteral("c%1").arg(item));
+            static_cast<const CatagoryTreeModel&>(model).index_of(QStringLiteral("c%1").arg(item));
         if (!index.isValid()) throw std::runtime_error("no such item in the tree");
         return std::unique_ptr<QMimeData>(model.mimeData({index}));
     }
@@ -203,7 +203,7 @@ class TypicalDay : public ChildScreenTest {
 
     void choose_recipe(i16 recipe) {
         auto& tree = part<QTreeView>("recipe_tree");
-        const auto& model = static_cast<const RecipeTreeModel&>(*tree.model());
+        const auto& model = static_cast<const CatagoryTreeModel&>(*tree.model());
         tree.setCurrentIndex(model.index_of(QStringLiteral("%1c").arg(recipe)));
         settle();
     }

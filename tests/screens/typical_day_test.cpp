@@ -98,7 +98,7 @@ void HouseholdDay::expect_plan_and_totals() {
 void HouseholdDay::dinner_is_taken_from_the_stock() {
     open_inventory();
     auto& tree = part<QTreeView>("item_tree");
-    tree.setCurrentIndex(static_cast<const ItemTreeModel&>(*tree.model()).index_of("c4"));
+    tree.setCurrentIndex(static_cast<const CatagoryTreeModel&>(*tree.model()).index_of("c4"));
     settle();
     EXPECT_EQ(part<QLineEdit>("quantity").text(), "2.75");
     let_time_come(may_15, 18, 29);

@@ -257,8 +257,9 @@ void take_inventory_screens(Main& window, const TakePicture& take) {
     food_inventory()->set_return(0);
     food_inventory()->populate_tree();
     part<QPushButton>(screen, "exp_date").click();
-    take(QStringLiteral("FoodInventory_month_view"), window);
-    part<QPushButton>(screen, "exp_date").click();
+    auto& calendar = part<QWidget>(screen, "month_box");
+    take(QStringLiteral("FoodInventory_month_view"), calendar);
+    calendar.hide();
     take_copy(take, screen);
     window.resize(900, 600);
     take(QStringLiteral("FoodInventory_small"), window);

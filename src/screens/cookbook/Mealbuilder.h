@@ -1,42 +1,54 @@
-// The recipe manager: the tree of recipes, and of the recipe shown its ingredients, its figures and
-// its text. Other screens open it to pick a recipe, in a return mode.
+// The recipe manager: the recipes by category, and of the one on show its ingredients, its figures
+// and its text. Other screens open it to pick a recipe, in a return mode.
+//
+// Leaving a recipe. A recipe is left when another one is chosen or made, when its category is
+// deleted, when the screen closes and when the project is saved or closed; always by
+// `save_document`, before anything else happens:
+//
+//   1. A text that was changed, or that is new, goes into its file. What was typed as serving size
+//      and unit goes into the table after it, whether or not there was a text to write.
+//   2. Where the file cannot be written, one box has told it, and the recipe is not left: it stays
+//      on show and marked, its text in the pane, and what was asked for does not happen. Only at
+//      the second time in a row does closing ask whether to go on without the text.
+//   3. Then the next recipe counts as shown. Until its text is read the pane counts as holding
+//      none of its own (`hold_unread`), as what stands there is still another recipe's: it can be
+//      neither changed nor saved. A text that cannot be read leaves it so, its file untouched.
+//   4. Ingredients and figures come first, then the text, each with its own box where it fails.
+//
+// A recipe that is deleted is on show first, by the same way, so that its text can be kept as a
+// backup. What can go wrong: a box stands open while the recipe goes, by the end of a project or by
+// another screen; so the recipe on show is a RowRef, and a command takes it anew behind its box.
 #pragma once
 
-#include <QSet>
-#include <QStringListModel>
-#include <QWidget>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "core/changes.h"
 #include "platform/screen_ports.h"
 #include "recipes/roll_up.h"
+#include "screens/parts/screen.h"
 #include "screens/parts/unsaved_edits.h"
-
-class QAction;
-class QMenu;
-class QSortFilterProxyModel;
-class QTreeView;
 
 namespace tavernook {
 
-class IngredientsModel;
-class RecipePane;
-class RecipeTreeModel;
+class DocumentPane;
+class FiguresPane;
+class IngredientsPane;
+class RecipeListPane;
 
 namespace Ui {
 class Mealbuilder;
 }
 
-class Mealbuilder : public QWidget, public ports::Mealbuilder, public UnsavedEdits {
+class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdits {
     Q_OBJECT
 
   public:
     explicit Mealbuilder(QWidget* parent = nullptr);
     ~Mealbuilder() override;
 
-    i16 get_mealid() override { return shown_; }
+    i16 get_mealid() override { return shown_.now(); }
     void setid(i16 recipe) override;
     void clear_document() override;
     void add_node(std::string_view parent_key, std::string_view key,
@@ -69,35 +81,25 @@ class Mealbuilder : public QWidget, public ports::Mealbuilder, public UnsavedEdi
     bool settle_edits() override;
 
   protected:
+    void follow_changes() override;
+    void update_commands() override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    // What the pane holds: nothing, the recipe's text, the empty one of a recipe that is new, or
-    // still what it held before because the recipe's text could not be read.
-    enum class Document { none, loaded, fresh, unread };
-
-    // One command at a time, trapped.
-    void run(const std::function<void()>& command);
-    void when_clicked(const char* name, const std::function<void()>& command);
-
     void set_up_toolbar();
-    void set_up_tree();
-    void set_up_list();
-    void set_up_serving();
-    void set_up_document();
     void set_up_sizes();
     void set_up_tab_order();
     void set_up_commands();
-    void set_up_keys();
-    void update_commands();
-    void follow_focus(const QWidget* before, const QWidget* now);
-    void tell(const std::string& text);
+    void listen_to_panes();
 
-    // Commands on recipes.
+    void set_shown(i16 recipe);
     void show_recipe(i16 recipe);
+    void show_marked();
     void show_nothing();
+    void show_name();
+    void show_tree_menu(const QPoint& on_screen);
+
     void new_recipe();
     void new_category();
     void delete_marked();
@@ -105,69 +107,31 @@ class Mealbuilder : public QWidget, public ports::Mealbuilder, public UnsavedEdi
     void delete_category(i16 catagory);
     void refresh();
     void add_to_plan();
+    void begin_new_text();
+    void insert_barcode();
+    void refuse_root_name();
 
-    // The tree.
-    void rebuild_tree();
-    void expand_tree();
-    void select_key(const QString& key);
-    QString selected_key() const;
-    i16 selected_catagory() const;
-    void show_selected();
-    void note_expanded(const QModelIndex& index, bool expanded);
-    void narrow(const QString& filter);
-    void find();
-    void rename_marked();
-    bool is_naming() const;
-    void show_tree_menu(const QPoint& place);
-    bool filter_key(int key);
-    void update_tree_hint();
-
-    // Ingredients and figures.
-    bool has_recipe() const { return shown_ != 0; }
-    QModelIndex selected_ingredient() const;
-    i16 selected_item() const;
-    std::string selected_item_key() const;
     void fill_list(i16 recipe);
-    void mark_ingredient(const QVariant& key, int row);
+    void follow_figures();
     void clear_list();
-    void show_figures();
     bool take_serving();
     void store_serving();
     void choose_ingredient();
     void change_quantity();
     void open_item();
-    void remove_selected();
-    void show_list_menu(const QPoint& place);
-
-    // The text.
-    bool has_unsaved_text() const;
-    bool holds_text() const;
-    bool can_write_anew() const;
-    void take_document(i16 slot);
-    bool keep_deleted_text(i16 slot);
-    void write_anew();
-    void set_document(Document state);
-    void show_notice();
-    void show_name();
+    void remove_marked();
 
     std::unique_ptr<Ui::Mealbuilder> ui_;
-    RecipeTreeModel* model_;
-    IngredientsModel* ingredients_;
-    QSortFilterProxyModel* sorted_ingredients_;
-    QStringListModel* unit_names_;
-    RecipePane* pane_ = nullptr;
-    QAction* rename_ = nullptr;
+    RecipeListPane& recipes_;
+    IngredientsPane& ingredients_;
+    FiguresPane& figures_pane_;
+    DocumentPane& document_;
 
-    i16 shown_ = 0;
-    i16 return_mode_ = 0;
-    RollUp figures_;
-    QString shown_unit_;
-    Document document_ = Document::none;
-    QString pane_owner_;  // whose text the pane holds
-    QSet<QString> closed_;
-    bool save_failed_ = false;
-    bool arranging_tree_ = false;
-    bool busy_ = false;
+    RowRef shown_;
+    RollUp figures_;  // as they are on the screen
+    Seen seen_{Subject::recipes, Subject::items, Subject::units, Subject::settings};
+    i16 return_mode_ = returns_nowhere;
+    bool has_save_failed_ = false;
 };
 
 }  // namespace tavernook

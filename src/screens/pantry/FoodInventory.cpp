@@ -2,25 +2,24 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMdiSubWindow>
-#include <QPlainTextEdit>
-#include <QToolButton>
 
 #include "basics/text.h"
 #include "core/catagories.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
-#include "core/trap.h"
 #include "inventory/item_form.h"
-#include "inventory/lots.h"
+#include "inventory/items.h"
 #include "platform/platform.h"
+#include "screens/pantry/LotView.h"
 #include "screens/pantry/copydialog.h"
+#include "screens/pantry/hand_over.h"
+#include "screens/pantry/item_toolbars.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_switch.h"
-#include "screens/parts/shown_text.h"
-#include "screens/parts/toolbar_parts.h"
-#include "shopping/shopping_list.h"
+#include "screens/parts/tab_order.h"
 #include "ui_FoodInventory.h"
 
 namespace tavernook {
@@ -29,32 +28,32 @@ namespace {
 
 constexpr i16 item_catagory_type = -1;
 
-QString action_name(const QToolBar& bar, int position) {
-    return QStringLiteral("%1_%2").arg(bar.objectName()).arg(position);
+std::unique_ptr<Ui::FoodInventory> laid_out(FoodInventory& screen) {
+    auto ui = std::make_unique<Ui::FoodInventory>();
+    ui->setupUi(&screen);
+    return ui;
 }
 
 }  // namespace
 
 FoodInventory::FoodInventory(QWidget* parent)
-    : QWidget(parent),
-      ui_(std::make_unique<Ui::FoodInventory>()),
-      model_(new ItemTreeModel(this)),
-      unit_names_(new QStringListModel(this)),
-      store_names_(new QStringListModel(this)) {
-    ui_->setupUi(this);
+    : Screen(parent),
+      ui_(laid_out(*this)),
+      list_(*ui_->tree_panel),
+      form_(*ui_->item_form),
+      hand_over_bar_(*ui_->hand_over_bar),
+      item_(form_) {
     setWindowIcon(icon(QStringLiteral("inventory")));
-    set_up_toolbars();
-    set_up_fields();
-    set_up_tree();
-    set_up_sizes();
-    set_up_tab_order();
-    set_up_commands();
-    set_up_keys();
+    setFocusProxy(&list_);
+    ui_->main_splitter->setSizes({380, 720});
+    dress_item_toolbars(*this, *ui_->item_toolbar_1, *ui_->item_toolbar_2);
+    order_tabs();
+    connect_commands();
+    connect_panes();
+    connect_keys();
     set_food_inventory(this);
-    refresh_units();
-    refresh_stores();
-    initialize_inv();
-    set_return(0);
+    set_return(returns_nowhere);
+    update_commands();
 }
 
 // Another screen of its kind may have taken its place meanwhile.
@@ -62,268 +61,164 @@ FoodInventory::~FoodInventory() {
     if (food_inventory() == this) set_food_inventory(nullptr);
 }
 
-void FoodInventory::set_up_toolbars() {
-    fill_toolbar(*this, *ui_->item_toolbar_1,
-                 {{1, "new_item"},
-                  {2, "new_category"},
-                  {3, nullptr},
-                  {4, "delete"},
-                  {5, "copy"},
-                  {6, "stores"},
-                  {7, "units"},
-                  {8, "import"},
-                  {9, "export"},
-                  {10, "usage"},
-                  {11, "label"}});
-    fill_toolbar(*this, *ui_->item_toolbar_2, {{1, "accept"}});
-    const int line = fontMetrics().height();
-    ui_->item_toolbar_1->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    ui_->item_toolbar_1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    ui_->item_toolbar_2->setIconSize(QSize(line * 2, line * 2));
-    ui_->item_toolbar_2->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    for (const int later : {8, 9, 10, 11}) {
-        findChild<QAction*>(action_name(*ui_->item_toolbar_1, later))->setEnabled(false);
+// As one reads: commands, list, form, and what is done with it.
+void FoodInventory::order_tabs() {
+    std::vector<QWidget*> order = buttons_in_order(*ui_->item_toolbar_1);
+    for (const auto& more :
+         {list_.boxes_in_order(), form_.boxes_in_order(), hand_over_bar_.boxes_in_order(),
+          buttons_in_order(*ui_->item_toolbar_2)}) {
+        order.insert(order.end(), more.begin(), more.end());
     }
-    auto* accept_button =
-        qobject_cast<QToolButton*>(ui_->item_toolbar_2->widgetForAction(ui_->item_toolbar_2_1));
-    accept_button->setAutoRaise(false);
-    QFont large = accept_button->font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.2);
-    accept_button->setFont(large);
-}
-
-// As one reads: commands, list, fields, and what is done with them.
-void FoodInventory::set_up_tab_order() {
-    std::vector<QWidget*> order;
-    const auto add_buttons = [&order](QToolBar& bar) {
-        for (QAction* action : bar.actions()) {
-            if (!action->isSeparator()) order.push_back(bar.widgetForAction(action));
-        }
-    };
-    add_buttons(*ui_->item_toolbar_1);
-    for (QWidget* part : std::initializer_list<QWidget*>{
-             ui_->filter, ui_->toggle_view, ui_->item_tree, ui_->expand_tree, ui_->collapse_tree}) {
-        order.push_back(part);
-    }
-    for (QWidget* field : fields_in_order()) order.push_back(field);
-    for (QWidget* part : std::initializer_list<QWidget*>{ui_->quantity_to_add, ui_->add_item,
-                                                         ui_->keep_window_open}) {
-        order.push_back(part);
-    }
-    add_buttons(*ui_->item_toolbar_2);
     order.push_back(ui_->close_screen);
-    for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+    set_tab_order(order);
 }
 
-// Shares of the room until the user arranges them otherwise; long texts need three lines.
-void FoodInventory::set_up_sizes() {
-    ui_->main_splitter->setSizes({380, 720});
-    ui_->form_splitter->setSizes({400, 340});
-    ui_->main_splitter->setStretchFactor(0, 1);
-    ui_->main_splitter->setStretchFactor(1, 0);
-    for (QPlainTextEdit* text : {ui_->description, ui_->notes}) {
-        const int frame =
-            2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()));
-        text->setMinimumHeight(text->fontMetrics().lineSpacing() * 3 + frame);
-        text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+void FoodInventory::connect_keys() {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        on_keys(*this, Qt::CTRL | key, [this] { ui_->item_toolbar_2_1->trigger(); });
     }
-    QLineEdit* filter = ui_->filter;
-    filter->setMinimumWidth(filter->fontMetrics().averageCharWidth() * 14);
+    on_keys(*this, QKeySequence::Find, [this] { list_.find(); });
+    on_keys(*this, QKeySequence::Refresh, [this] {
+        run([this] {
+            if (item_.number() != 0) view(item_.number(), false);
+            list_.refresh();
+        });
+    });
 }
 
-void FoodInventory::run(const std::function<void()>& command) {
-    if (busy_) return;
-    busy_ = true;
-    trap_in_screen(command);
-    busy_ = false;
-    update_commands();
-}
-
-void FoodInventory::when_clicked(const char* name, const std::function<void()>& command) {
-    on_command(*this, name, [this, command] { run(command); });
-}
-
-void FoodInventory::set_up_commands() {
-    when_clicked("item_toolbar_1_1", [this] { new_item(); });
-    when_clicked("item_toolbar_1_2", [this] { new_category(); });
-    when_clicked("item_toolbar_1_4", [this] { delete_food_item(); });
-    when_clicked("item_toolbar_1_5", [this] { copy_item_shown(); });
-    when_clicked("item_toolbar_1_6", [] { show_screen(QStringLiteral("StoresForm")); });
-    when_clicked("item_toolbar_1_7", [] { show_screen(QStringLiteral("UnitsForm")); });
-    when_clicked("item_toolbar_2_1", [this] { accept(); });
-    when_clicked("expand_tree", [this] { expand_all(true); });
-    when_clicked("collapse_tree", [this] { expand_all(false); });
-    when_clicked("exp_date", [this] { toggle_month_view(); });
-    when_clicked("lot_track", [this] { show_lots(); });
-    when_clicked("scan", [this] { scan(); });
-    when_clicked("add_item", [this] { add_to_caller(); });
-    when_clicked("close_screen", [this] {
+void FoodInventory::connect_commands() {
+    on_command(ui_->item_toolbar_1_1, [this] { start_new_item(); });
+    on_command(ui_->item_toolbar_1_2, [this] { new_category(); });
+    on_command(ui_->item_toolbar_1_4, [this] { remove(); });
+    on_command(ui_->item_toolbar_1_5, [this] { copy_item_shown(); });
+    on_command(ui_->item_toolbar_1_6, [] { show_screen(QStringLiteral("StoresForm")); });
+    on_command(ui_->item_toolbar_1_7, [] { show_screen(QStringLiteral("UnitsForm")); });
+    on_command(ui_->item_toolbar_2_1, [this] { accept(); });
+    on_command(ui_->close_screen, [this] {
         if (settle_edits()) hide_screen();
     });
-    when_clicked("toggle_view",
-                 [this] { set_view(ui_->toggle_view->text() == QLatin1String("Normal") ? 1 : 0); });
+}
+
+void FoodInventory::connect_panes() {
+    connect(&list_, &ItemListPane::chosen, this, &FoodInventory::chosen_in_the_list);
+    connect(&list_, &ItemListPane::narrowed, this, &FoodInventory::update_commands);
+    connect(&list_, &ItemListPane::leaf_entered, this, [this] {
+        if (return_mode_ != returns_nowhere) return hand_over_bar_.go_to_amount();
+        form_.go_to_name();
+    });
+    connect(&list_, &ItemListPane::rename_elsewhere, &form_, &ItemFormPane::rename);
+    connect(&list_, &ItemListPane::insert_wanted, ui_->item_toolbar_1_1, &QAction::trigger);
+    connect(&list_, &ItemListPane::delete_wanted, ui_->item_toolbar_1_4, &QAction::trigger);
+    list_.set_menu({ui_->item_toolbar_1_1, ui_->item_toolbar_1_2, ui_->item_toolbar_1_5,
+                    ui_->item_toolbar_1_4});
+    connect(&form_, &ItemFormPane::command, this, &FoodInventory::run);
+    connect(&form_, &ItemFormPane::lots_wanted, this,
+            [this] { run([this] { show_lot_view(item_.number()); }); });
+    connect(&form_, &ItemFormPane::left_at_the_end, this, [this] {
+        ui_->item_toolbar_2->widgetForAction(ui_->item_toolbar_2_1)->setFocus(Qt::TabFocusReason);
+    });
+    connect(&hand_over_bar_, &HandOverBar::handed_over, this,
+            [this] { run([this] { add_to_caller(); }); });
+}
+
+// --- what is on show ---------------------------------------------------------------------------
+
+// The item that is on show already keeps what the user has changed.
+void FoodInventory::view(i16 item, bool select) {
+    if (item == item_.number() && !item_.is_new() && item_.has_edits()) {
+        form_.follow(item);
+    } else {
+        if (!item_.settle()) return;
+        item_.show(item);
+    }
+    if (!select) return;
+    list_.refresh();
+    list_.mark_item(item);
+}
+
+void FoodInventory::show_no_item() {
+    item_.show_nothing();
+    list_.refresh();
+    list_.mark_item(0);
+}
+
+void FoodInventory::follow_changes() {
+    list_.follow_changes();
+    if (item_.follow_changes()) return;
+    list_.mark_item(0);  // the row may be another item's by now
+    say(tr("The item that was on show has been deleted."));
 }
 
 void FoodInventory::update_commands() {
-    const bool item = shown_item_ != 0;
-    const bool catagory = selected_catagory() != 0;
-    ui_->item_toolbar_2_1->setEnabled(has_item());
-    ui_->item_toolbar_1_4->setEnabled(!copying_ && !new_item_ && (item || catagory));
+    const bool item = item_.number() != 0;
+    const bool catagory = list_.marked_catagory() != 0;
+    list_.set_item_on_show(item_.number());
+    ui_->item_toolbar_2_1->setEnabled(item_.is_any());
+    ui_->item_toolbar_1_4->setEnabled(!is_copying_ && !item_.is_new() && (item || catagory));
     ui_->item_toolbar_1_5->setEnabled(item);
-    ui_->lot_track->setEnabled(item);
-    ui_->add_item->setEnabled(item);
-    ui_->information_area->widget()->setEnabled(has_item());
-    ui_->nutrition_area->widget()->setEnabled(has_item());
-    rename_->setEnabled(item || catagory);
-    ui_->form_hint->setVisible(!has_item() && model_->item_count() > 0);
-    ui_->form_hint->setText(tr("Choose an item in the list, or press \"New Item\"."));
+    hand_over_bar_.set_item(item);
+    ui_->form_hint->setVisible(!item_.is_any() && list_.leaf_count() > 0);
 }
 
-// --- what is shown ---------------------------------------------------------------------------
-
-void FoodInventory::view_item(i16 item, i16 select) {
-    trap_in_screen([&] {
-        const bool same = item == shown_item_ && !new_item_;
-        if (!(same && has_edits()) && !settle_edits()) return;
-        if (same && has_edits()) {
-            refresh_quantity();
-        } else {
-            show_item(item);
-        }
-        if (select == 0) return;
-        rebuild_tree();
-        select_key(QStringLiteral("c%1").arg(item));
-    });
-    update_commands();
+// A question waits until the key or the mouse button has done its work.
+void FoodInventory::chosen_in_the_list() {
+    const auto turn = [this] {
+        run([this] {
+            guarded([this] { turn_to_chosen(); },
+                    [](const Fault& fault) {
+                        return "Error in item inventory mousedown: " + fault.description;
+                    });
+        });
+    };
+    if (item_.has_edits()) {
+        QMetaObject::invokeMethod(this, turn, Qt::QueuedConnection);
+    } else {
+        turn();
+    }
 }
 
-void FoodInventory::show_item(i16 item) {
-    if (item == 0 || items[item].in_use != 1) return show_nothing();
-    cancel_capture();
-    hide_month_view();
-    ensure_lot_record(item);
-    shown_item_ = item;
-    new_item_ = false;
-    fill_fields(item);
-    take_snapshot();
-    update_commands();
-}
-
-void FoodInventory::show_nothing() {
-    cancel_capture();
-    hide_month_view();
-    shown_item_ = 0;
-    new_item_ = false;
-    clear_fields();
-    take_snapshot();
-    update_commands();
-}
-
-void FoodInventory::initialize_inv() {
-    show_nothing();
-    rebuild_tree();
-    select_key({});
-    update_commands();
-}
-
-bool FoodInventory::has_edits() const {
-    return new_item_ || (shown_item_ != 0 && field_texts() != shown_texts_);
+void FoodInventory::turn_to_chosen() {
+    const QString wanted = list_.marked_key();
+    const RowRef item(Subject::items, list_.marked_leaf());
+    const RowRef catagory(Subject::catagories, list_.marked_catagory());
+    if (wanted.isEmpty() || item_.is(item)) return;
+    if (!item_.settle()) return list_.mark_item(item_.number());
+    list_.mark(wanted);
+    current_catagory =
+        item.now() != 0 ? home_catagory(items[item.now()].category) : home_catagory(catagory.now());
+    item_.show(item.now());
 }
 
 bool FoodInventory::settle_edits() {
-    if (!has_edits()) return true;
-    const std::string name = typed_text(ui_->item_name->text().trimmed());
-    const std::string what = new_item_ ? "Save the new item " : "Save the changes to ";
-    const std::string shown_name = name.empty() ? "without a name" : "\"" + name + "\"";
-    const Answer answer =
-        boxes().message(what + shown_name + "?", Buttons::yes_no_cancel, "Item Inventory");
-    if (answer == Answer::cancel) return false;
-    if (answer == Answer::yes) {
-        if (!store(new_item_)) return false;
-        rebuild_tree();
-        take_snapshot();
-        return true;
-    }
-    show_item(new_item_ ? i16{0} : shown_item_);
-    return true;
+    const bool had_edits = item_.has_edits();
+    bool is_settled = false;
+    serve([&] { is_settled = item_.settle(); });
+    if (had_edits) list_.refresh();
+    return is_settled;
 }
 
-// --- commands --------------------------------------------------------------------------------
-
-void FoodInventory::new_item() {
-    trap_in_screen([this] { start_new_item(); });
-}
+// --- commands ----------------------------------------------------------------------------------
 
 // Asks first, so that a cancelled box leaves what was shown.
 bool FoodInventory::start_new_item() {
-    if (!settle_edits()) return false;
+    if (!item_.settle()) return false;
     const auto name = boxes().input("Please Enter New Item Name", "New Item", "");
     if (!name) return false;
-    const i16 catagory = is_item_catagory(current_catagory) ? current_catagory : i16{1};
-    show_nothing();
-    select_key(QStringLiteral("r%1").arg(catagory));
-    new_item_ = true;
-    ui_->exp_date->setText(QStringLiteral("Exp Date"));
-    ui_->lot_track->setText(QStringLiteral("Lot Track"));
-    fill_catagories(catagory);
-    ui_->item_name->setText(shown_text(trim(*name)));
-    update_commands();
-    (ui_->item_name->text().isEmpty() ? static_cast<QWidget*>(ui_->item_name) : ui_->quantity)
-        ->setFocus(Qt::TabFocusReason);
+    const i16 catagory = home_catagory(current_catagory);
+    item_.show_new(std::string(trim(*name)), catagory);
+    list_.mark_catagory(catagory);
+    form_.go_to_first_blank();
     return true;
 }
 
-void FoodInventory::add_barcode(std::string_view barcode) {
-    trap_in_screen([&] {
-        if (start_new_item()) show_barcode(std::string(trim(barcode)));
-    });
-}
-
-void FoodInventory::accept_item(bool is_new) {
-    store(is_new);
-    update_commands();
-}
-
-bool FoodInventory::store(bool is_new) {
-    return trap_in_screen([&] {
-        const ItemValues values = form_values();
-        if (is_new) {
-            shown_item_ = create_item_from_form(values);
-        } else {
-            update_item(shown_item_, values);
-        }
-        new_item_ = false;
-        project_modified = i16_true;
-        current_catagory = values.category;
-        refresh_units();
-        refresh_stores();
-        take_snapshot();
-        rebuild_tree();
-        tell_other_screens();
-    });
-}
-
-void FoodInventory::tell_other_screens() {
-    if (items[shown_item_].on_shopping_list == 0) {
-        update_shopping_flag(shown_item_);
-        if (ports::ShoppingList* list_to_buy = shopping_list()) {
-            list_to_buy->populate_list();
-            list_to_buy->populate_list2();
-        }
-    }
-    if (ports::CS1504GETUPC* list = scan_list()) {
-        list->refresh_item(barcode_, items[shown_item_].name.trimmed(), shown_item_);
-    }
-}
-
 void FoodInventory::accept() {
-    if (!has_item() || !store(new_item_)) return;
+    if (!item_.is_any()) return;
+    item_.store(item_.is_new());
     if (ports::Reports* screen = reports()) {
         screen->search_engine();
         screen->populate_list();
     }
-    view_item(shown_item_, i16_true);
+    view(item_.number(), true);
 }
 
 void FoodInventory::new_category() {
@@ -331,53 +226,118 @@ void FoodInventory::new_category() {
     if (!name || trim(*name).empty()) return;
     const i16 row = new_catagory(trim(*name), item_catagory_type, 0);
     project_modified = i16_true;
-    if (has_item()) return;
-    select_key(QStringLiteral("r%1").arg(row));
+    list_.refresh();
+    if (item_.is_any()) return;
+    list_.mark_catagory(row);
     current_catagory = row;
 }
 
-void FoodInventory::delete_food_item() {
-    trap_in_screen([this] {
-        if (new_item_) return;
-        const i16 catagory = selected_catagory();
-        if (shown_item_ == 0 && catagory == 0) return;
-        const i16 gone = shown_item_ != 0 ? delete_item(shown_item_) : delete_catagory(catagory);
-        if (gone == 0) return;
-        project_modified = i16_true;
-        // The user may have closed the replacement screen.
-        if (shown_item_ != 0 && items[shown_item_].in_use == 1) return;
-        initialize_inv();
-    });
-    update_commands();
+void FoodInventory::remove() {
+    if (item_.is_new()) return;
+    const i16 item = item_.number();
+    const i16 catagory = list_.marked_catagory();
+    if (item == 0 && catagory == 0) return;
+    const i16 gone = item != 0 ? delete_item(item) : delete_catagory(catagory);
+    if (gone == 0) return;
+    project_modified = i16_true;
+    // The user may have closed the replacement screen.
+    if (item_.number() == 0) show_no_item();
 }
 
 void FoodInventory::copy_item_shown() {
-    if (!settle_edits() || shown_item_ == 0) return;
+    if (!item_.settle() || item_.number() == 0) return;
     auto* dialog = new copydialog(this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->set_index(shown_item_);
+    dialog->set_index(item_.number());
     connect(dialog, &QDialog::finished, this, [this] {
-        copying_ = false;
+        is_copying_ = false;
         update_commands();
     });
-    copying_ = true;
+    is_copying_ = true;
     dialog->open();
 }
 
-void FoodInventory::hide_screen() {
-    if (new_item_) show_nothing();
-    set_return(0);
-    if (auto* child = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-        child->hide();
-    } else {
-        hide();
-    }
+void FoodInventory::add_to_caller() {
+    if (item_.number() == 0 || !item_.settle() || item_.number() == 0) return;
+    hand_over(return_mode_, item_.number(), hand_over_bar_.amount());
+    if (!hand_over_bar_.stays_open()) hide_screen();
 }
+
+void FoodInventory::hide_screen() {
+    if (item_.is_new()) item_.show_nothing();
+    set_return(returns_nowhere);
+    auto* child = qobject_cast<QMdiSubWindow*>(parentWidget());
+    (child != nullptr ? static_cast<QWidget*>(child) : this)->hide();
+}
+
+// --- what other screens ask --------------------------------------------------------------------
+
+// Their step goes on; its end brings the look for changes.
+void FoodInventory::serve(const Work& what_is_asked) {
+    guarded(what_is_asked);
+    update_commands();
+}
+
+void FoodInventory::view_item(i16 item, i16 select) {
+    serve([&] { view(item, select != 0); });
+}
+
+void FoodInventory::set_view(i16 view) {
+    serve([&] { list_.set_view(view == 0 ? ItemListPane::View::tree : ItemListPane::View::list); });
+}
+
+void FoodInventory::initialize_inv() {
+    serve([this] { show_no_item(); });
+}
+
+void FoodInventory::new_item() {
+    serve([this] { start_new_item(); });
+}
+
+void FoodInventory::add_barcode(std::string_view barcode) {
+    serve([&] {
+        if (start_new_item()) form_.set_code(std::string(barcode));
+    });
+}
+
+void FoodInventory::accept_item(bool is_new) {
+    serve([&] { item_.store(is_new); });
+    list_.refresh();
+}
+
+void FoodInventory::delete_food_item() {
+    serve([this] { remove(); });
+}
+
+void FoodInventory::refresh_quantity() {
+    serve([this] { form_.follow(item_.number()); });
+}
+
+void FoodInventory::set_return(i16 mode) {
+    return_mode_ = mode;
+    hand_over_bar_.set_mode(mode);
+}
+
+// --- what Qt tells -----------------------------------------------------------------------------
 
 void FoodInventory::closeEvent(QCloseEvent* event) {
     bool may_close = false;
-    trap_in_screen([&] { may_close = !busy_ && settle_edits(); });
+    run([&] { may_close = settle_edits(); });
     event->setAccepted(may_close);
+}
+
+// What was opened last goes first.
+void FoodInventory::keyPressEvent(QKeyEvent* event) {
+    const bool escape = event->key() == Qt::Key_Escape;
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (escape && list_.show_all()) return;
+    if (escape && return_mode_ != returns_nowhere) {
+        ui_->close_screen->click();
+    } else if (event->key() == Qt::Key_Slash && plain) {
+        list_.find();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 }  // namespace tavernook

@@ -4,10 +4,10 @@
 
 #include "core/program_state.h"
 #include "core/project_data.h"
-#include "core/trap.h"
+#include "core/rows.h"
 #include "inventory/item_form.h"
 #include "platform/platform.h"
-#include "screens/parts/icons.h"
+#include "screens/parts/screen.h"
 #include "screens/parts/shown_text.h"
 #include "ui_copydialog.h"
 
@@ -28,8 +28,13 @@ copydialog::copydialog(QWidget* parent) : QDialog(parent), ui_(std::make_unique<
 copydialog::~copydialog() = default;
 
 void copydialog::set_index(i16 item) {
-    item_ = item;
-    const ItemRecord& source = items[item];
+    item_ = RowRef(Subject::items, item);
+    guarded([&] { fill(item); });
+    ui_->copy_catagories->setFocus();
+}
+
+void copydialog::fill(i16 item) {
+    const ItemRecord& source = row_or_none(items, item);
     ui_->copy_name->setText(shown_text(source.name.trimmed()));
     ui_->copy_catagories->clear();
     for (i16 row = 1; row <= catagory_capacity; ++row) {
@@ -43,19 +48,22 @@ void copydialog::set_index(i16 item) {
         const int row = ui_->copy_catagories->item(place)->data(Qt::UserRole).toInt();
         if (row == home_catagory(source.category)) ui_->copy_catagories->setCurrentRow(place);
     }
-    ui_->copy_catagories->setFocus();
 }
 
 void copydialog::accept() {
     const QListWidgetItem* chosen = ui_->copy_catagories->currentItem();
-    if (chosen == nullptr || items[item_].in_use != 1) return reject();
+    if (chosen == nullptr) return reject();
     const auto catagory = static_cast<i16>(chosen->data(Qt::UserRole).toInt());
     QDialog::accept();
-    trap_in_screen([&] {
-        const i16 copy = copy_item(item_, catagory);
-        project_modified = i16_true;
-        if (ports::FoodInventory* screen = food_inventory()) screen->view_item(copy, i16_true);
-    });
+    steps_.run([this, catagory] { make_copy(catagory); });
+}
+
+void copydialog::make_copy(i16 catagory) {
+    const i16 item = item_.now();
+    if (item == 0) return say(tr("The item has been deleted; nothing was copied."));
+    const i16 copy = copy_item(item, home_catagory(catagory));
+    project_modified = i16_true;
+    if (ports::FoodInventory* screen = food_inventory()) screen->view_item(copy, i16_true);
 }
 
 }  // namespace tavernook

@@ -1,10 +1,13 @@
-// Asks under which category a copy of an item goes, and makes it.
+// Asks under which category a copy of an item goes, and makes it. The item and the category are
+// taken anew when the user has chosen: either may have gone meanwhile, and then nothing is copied.
 #pragma once
 
 #include <QDialog>
 #include <memory>
 
 #include "basics/values.h"
+#include "core/changes.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 
@@ -23,8 +26,12 @@ class copydialog : public QDialog {
     void accept() override;
 
   private:
+    void fill(i16 item);
+    void make_copy(i16 catagory);
+
     std::unique_ptr<Ui::copydialog> ui_;
-    i16 item_ = 0;
+    RowRef item_;
+    Steps steps_;
 };
 
 }  // namespace tavernook

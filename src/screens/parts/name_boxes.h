@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "basics/values.h"
+#include "core/rows.h"
 #include "screens/parts/shown_text.h"
 
 namespace tavernook {
@@ -23,10 +24,10 @@ QStringList live_names(const Rows& table) {
     return names;
 }
 
-// Empty for row 0.
+// Empty for what is no row.
 template <typename Rows>
 QString name_in(const Rows& table, i16 row) {
-    return row > 0 ? shown_text(table[row].name.trimmed()) : QString();
+    return row > 0 ? shown_text(row_or_none(table, row).name.trimmed()) : QString();
 }
 
 void show_name(QComboBox& box, const QString& name);

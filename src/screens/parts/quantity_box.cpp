@@ -28,8 +28,10 @@ void QuantityBox::set_number(f64 value) {
 void QuantityBox::show_untouched(f64 value, const std::string& text) {
     value_ = value;
     shown_ = shown_text(text);
-    setText(shown_);
-    setCursorPosition(0);
+    if (this->text() != shown_) {
+        setText(shown_);
+        setCursorPosition(0);
+    }
     mark();
 }
 

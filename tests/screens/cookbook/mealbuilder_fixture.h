@@ -19,10 +19,11 @@
 
 #include "inventory/lots.h"
 #include "screens/cookbook/Mealbuilder.h"
-#include "screens/cookbook/ingredients_model.h"
-#include "screens/cookbook/recipe_tree_model.h"
+#include "screens/cookbook/ingredients_pane.h"
 #include "screens/frame/register_screens.h"
 #include "screens/main_window_fixture.h"
+#include "screens/parts/catagory_tree_model.h"
+#include "screens/parts/rows_model.h"
 
 namespace tavernook {
 
@@ -59,7 +60,7 @@ class MealbuilderTest : public MainWindowTest {
     }
 
     QTreeView& tree() { return part<QTreeView>("recipe_tree"); }
-    RecipeTreeModel& model() { return *qobject_cast<RecipeTreeModel*>(tree().model()); }
+    CatagoryTreeModel& model() { return *qobject_cast<CatagoryTreeModel*>(tree().model()); }
     QTreeView& list() { return part<QTreeView>("ingredient_list"); }
     QTextEdit& document() { return *part<QWidget>("recipe_pane").findChild<QTextEdit*>(); }
     std::string pane_text() { return document().toPlainText().toStdString(); }
@@ -70,9 +71,9 @@ class MealbuilderTest : public MainWindowTest {
         for (int row = 0; row < model().rowCount(parent); ++row) {
             const QModelIndex index = model().index(row, 0, parent);
             const std::string name = index.data().toString().toStdString();
-            found += model().recipe_at(index) != 0 ? name + " " : "[" + name + " ";
+            found += model().leaf_at(index) != 0 ? name + " " : "[" + name + " ";
             found += rows(index);
-            if (model().recipe_at(index) == 0) found += "] ";
+            if (model().leaf_at(index) == 0) found += "] ";
         }
         return found;
     }
@@ -84,7 +85,7 @@ class MealbuilderTest : public MainWindowTest {
         for (int row = 0; row < shown.rowCount(); ++row) {
             const QModelIndex name = shown.index(row, 0);
             found.push_back((name.data().toString() + ' ' + shown.index(row, 1).data().toString() +
-                             ' ' + name.data(IngredientsModel::key_role).toString())
+                             ' ' + name.data(RowsModel::key_role).toString())
                                 .toStdString());
         }
         return found;
@@ -97,7 +98,7 @@ class MealbuilderTest : public MainWindowTest {
         settle();
     }
     std::string marked() {
-        return tree().currentIndex().data(RecipeTreeModel::key_role).toString().toStdString();
+        return tree().currentIndex().data(CatagoryTreeModel::key_role).toString().toStdString();
     }
     void choose_ingredient(int row) { list().setCurrentIndex(list().model()->index(row, 0)); }
 

@@ -376,6 +376,7 @@ TEST_F(RecipeManager, ARecipeThatIsGoneIsNotShownAnyMore) {
     window.registry().show("FoodInventory");
     settle();
     meals[3].in_use = 0;
+    end_of_step();
     open();
     EXPECT_EQ(screen().get_mealid(), 0);
     EXPECT_EQ(rows(), "[General [Breakfast Pancakes Porridge ] ] ");
@@ -411,7 +412,7 @@ TEST_F(RecipeManager, NamesThatAreCutShortAreToldByTheirRows) {
     mark("1c");
     EXPECT_EQ(tree().currentIndex().data(Qt::ToolTipRole).toString(),
               label("recipe_heading").c_str());
-    const QModelIndex name = list().model()->index(0, IngredientsModel::name_column);
+    const QModelIndex name = list().model()->index(0, IngredientsPane::name_column);
     EXPECT_EQ(name.data(Qt::ToolTipRole).toString(), "Milk");
 }
 

@@ -20,7 +20,7 @@ TEST_F(RecipeTree, HangsCategoriesAndRecipesOnGeneral) {
     EXPECT_TRUE(tree().isExpanded(model().index_of("3r")));
     for (const char* key : {"r0", "2r", "3r", "1c", "4c"}) {
         const QModelIndex index = model().index_of(QLatin1String(key));
-        EXPECT_EQ(index.data(RecipeTreeModel::key_role).toString().toStdString(), key);
+        EXPECT_EQ(index.data(CatagoryTreeModel::key_role).toString().toStdString(), key);
     }
     EXPECT_FALSE(model().index_of("4r").isValid());
     EXPECT_FALSE(part<QLabel>("tree_hint").isVisible());

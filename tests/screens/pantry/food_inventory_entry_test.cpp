@@ -350,6 +350,66 @@ TEST_F(ItemEntry, EveryControlHasAnAccessibleName) {
     EXPECT_GT(controls, 60);
 }
 
+TEST_F(ItemEntry, TabGoesThroughThePanesAsOneReads) {
+    show_rice();
+    screen().set_return(1);
+    std::vector<std::string> way;
+    part<QWidget>("item_toolbar_1_1_button").setFocus();
+    for (int steps = 0; steps < 90 && focused() != "close_screen"; ++steps) {
+        way.push_back(focused());
+        press("Tab");
+    }
+    const auto stands_before = [&way](const char* first, const char* second) {
+        const auto a = std::find(way.begin(), way.end(), first);
+        const auto b = std::find(way.begin(), way.end(), second);
+        return b != way.end() && a < b;
+    };
+    const char* const expected[] = {"item_toolbar_1_1_button",
+                                    "item_toolbar_1_5_button",
+                                    "item_toolbar_1_7_button",
+                                    "filter",
+                                    "toggle_view",
+                                    "item_tree",
+                                    "expand_tree",
+                                    "collapse_tree",
+                                    "item_name",
+                                    "item_category",
+                                    "quantity",
+                                    "qty_units",
+                                    "stock_quantity",
+                                    "restock_quantity",
+                                    "cost",
+                                    "storage_time",
+                                    "exp_date",
+                                    "lot_track",
+                                    "store",
+                                    "store_order",
+                                    "location_1",
+                                    "location_3",
+                                    "scan",
+                                    "servings_per_qty_unit",
+                                    "serving_size",
+                                    "serving_size_units",
+                                    "fat",
+                                    "fat_units",
+                                    "calories",
+                                    "protien",
+                                    "protien_units",
+                                    "manufacturer",
+                                    "brand",
+                                    "description",
+                                    "notes",
+                                    "quantity_to_add",
+                                    "add_item",
+                                    "keep_window_open",
+                                    "item_toolbar_2_1_button"};
+    for (std::size_t part = 1; part < std::size(expected); ++part) {
+        EXPECT_TRUE(stands_before(expected[part - 1], expected[part]))
+            << expected[part - 1] << " before " << expected[part];
+    }
+    EXPECT_EQ(focused(), "close_screen");
+}
+
 TEST_F(ItemEntry, NoTwoControlsShareAMnemonic) {
     show_rice();
     screen().set_return(1);

@@ -18,7 +18,7 @@
 #include "screens/frame/register_screens.h"
 #include "screens/main_window_fixture.h"
 #include "screens/pantry/FoodInventory.h"
-#include "screens/pantry/item_tree_model.h"
+#include "screens/pantry/item_tree.h"
 #include "screens/parts/quantity_box.h"
 
 namespace tavernook {
@@ -67,7 +67,7 @@ class FoodInventoryTest : public MainWindowTest {
     }
 
     QTreeView& tree() { return part<QTreeView>("item_tree"); }
-    ItemTreeModel& model() { return *qobject_cast<ItemTreeModel*>(tree().model()); }
+    CatagoryTreeModel& model() { return *qobject_cast<CatagoryTreeModel*>(tree().model()); }
 
     void choose_row(const char* key) {
         const QModelIndex index = model().index_of(QLatin1String(key));
@@ -77,7 +77,7 @@ class FoodInventoryTest : public MainWindowTest {
     }
 
     std::string marked() {
-        return tree().currentIndex().data(ItemTreeModel::key_role).toString().toStdString();
+        return tree().currentIndex().data(CatagoryTreeModel::key_role).toString().toStdString();
     }
 
     void click(const char* name) {

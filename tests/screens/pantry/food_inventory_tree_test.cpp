@@ -27,7 +27,7 @@ class ItemTree : public FoodInventoryTest {
         for (int row = 0; row < model().rowCount(parent); ++row) {
             const QModelIndex index = model().index(row, 0, parent);
             const std::string name = index.data().toString().toStdString();
-            found += model().item_at(index) != 0 ? name + " " : "[" + name + "] ";
+            found += model().leaf_at(index) != 0 ? name + " " : "[" + name + "] ";
             found += rows(index);
         }
         return found;
@@ -155,7 +155,7 @@ TEST_F(ItemTree, NarrowsTenThousandItemsAtOnce) {
     RecordProperty("slowest_ms", static_cast<int>(slowest));
     EXPECT_LT(slowest, 50);
     filter.setText("food 9999");
-    EXPECT_EQ(model().item_count(), 1);
+    EXPECT_EQ(model().leaf_count(), 1);
     EXPECT_EQ(rows(), "[Group 40] Food number 9999 ");
 }
 
@@ -172,14 +172,14 @@ TEST_F(ItemTree, WhatWantsAttentionIsMarkedByIconAndWord) {
     open();
     const auto attention = [this](const char* key) {
         const QModelIndex index =
-            model().index_of(QLatin1String(key)).siblingAtColumn(ItemTreeModel::attention_column);
+            model().index_of(QLatin1String(key)).siblingAtColumn(item_attention_column);
         EXPECT_FALSE(index.data(Qt::DecorationRole).value<QIcon>().isNull()) << key;
         return index.data().toString().toStdString();
     };
     EXPECT_EQ(attention("c1"), "Expired");
     EXPECT_EQ(attention("c2"), "Expires soon");
     EXPECT_EQ(attention("c3"), "Low");
-    const QModelIndex stock = model().index_of("c1").siblingAtColumn(ItemTreeModel::stock_column);
+    const QModelIndex stock = model().index_of("c1").siblingAtColumn(item_stock_column);
     EXPECT_EQ(stock.data().toString(), "2.00");
     EXPECT_TRUE(stock.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
 }
@@ -195,10 +195,10 @@ TEST_F(ItemTree, AHeaderClickSorts) {
         settle();
     };
     choose_row("c2");
-    click_on(ItemTreeModel::stock_column);
+    click_on(item_stock_column);
     EXPECT_EQ(rows(), "Butter Milk Rice ");
-    EXPECT_EQ(header.sortIndicatorSection(), ItemTreeModel::stock_column);
-    click_on(ItemTreeModel::stock_column);
+    EXPECT_EQ(header.sortIndicatorSection(), item_stock_column);
+    click_on(item_stock_column);
     EXPECT_EQ(rows(), "Rice Milk Butter ");
     EXPECT_EQ(marked(), "c2");
 }
@@ -407,6 +407,7 @@ TEST_F(ItemTree, AScreenThatIsHiddenShowsWhatHasChangedMeanwhile) {
     EXPECT_FALSE(screen().isVisible());
     EXPECT_TRUE(window.findChild<QWidget*>("StartPage")->isVisible());
     put_item(4, "Cream", 2, 1);
+    end_of_step();
     open();
     EXPECT_EQ(rows(), "[Dairy] Butter Cream Milk [General] Rice ");
 }

@@ -31,6 +31,7 @@ class LotViewScreen : public ChildScreenTest {
         fill(2, 4, 45426, 45427);    // until today
         items[3].quantity = 6.5;
         lots[3].current_lot = 2;
+        look_for_changes();
     }
 
     static void fill(std::size_t place, f64 quantity, Date created, Date expires) {
@@ -240,18 +241,16 @@ TEST_F(LotViewScreen, TheSameQuantityLeavesTheProjectUnchanged) {
     EXPECT_EQ(project_modified, i16_false);
 }
 
-TEST_F(LotViewScreen, TheItemScreenIsToldOfItsOwnItemOnly) {
-    CallLog calls;
-    FakeFoodInventory item_screen(calls);
+TEST_F(LotViewScreen, TheItemScreenFollowsALotThatWasChanged) {
+    ASSERT_NE(show_screen("FoodInventory"), nullptr);
+    food_inventory()->view_item(3, 0);
+    auto* shown = window.registry().loaded("FoodInventory")->findChild<QLineEdit*>("quantity");
+    EXPECT_EQ(shown->text(), "6.50");
     open_lots();
-    item_screen.index = 4;
     expect_quantity_box("4", "5");
     press("Return");
-    EXPECT_TRUE(calls.entries.empty());
-    item_screen.index = 3;
-    expect_quantity_box("5", "6");
-    press("Return");
-    EXPECT_EQ(calls.entries, (Texts{"FoodInventory refresh_quantity"}));
+    ASSERT_NE(show_screen("FoodInventory"), nullptr);
+    EXPECT_EQ(shown->text(), "7.50");
 }
 
 TEST_F(LotViewScreen, ALotIsDeletedByButtonKeyAndPopup) {
@@ -422,14 +421,113 @@ TEST_F(LotViewScreen, AnItemThatHasGoneIsLeftAlone) {
     EXPECT_EQ(lots[3].creation_date[2], 0);
 }
 
-TEST_F(LotViewScreen, StockThatMovedMeanwhileIsShownOnTheWayBack) {
+TEST_F(LotViewScreen, StockThatMovedMeanwhileIsShown) {
     open_lots();
-    part("close_button").setFocus();
-    window.findChild<QWidget*>("toolbar_1_2_button")->setFocus();
     add_to_lots(3, 12);
-    list().setFocus();
+    end_of_step();
     EXPECT_EQ(part<QLabel>("total_label").text(), "In stock: 18.5 quart(s), in 3 lots");
     EXPECT_EQ(column(list(), 2)[3], "12 quart(s)");
+    EXPECT_EQ(selected(), 2);
+}
+
+TEST_F(LotViewScreen, StockThatMovedWhileItWasOutOfSightIsShownWhenItComesBack) {
+    open_lots();
+    screen->parentWidget()->hide();
+    add_to_lots(3, 12);
+    end_of_step();
+    show_screen("LotView");
+    EXPECT_EQ(part<QLabel>("total_label").text(), "In stock: 18.5 quart(s), in 3 lots");
+}
+
+// --- the item that it shows ------------------------------------------------------------------
+
+class LotViewOfAChangingItem : public LotViewScreen {
+  protected:
+    void delete_milk() {
+        items[3] = ItemRecord{};
+        clear_lot_record(3);
+    }
+    void put_cream_in_its_place() {
+        items[3].in_use = 1;
+        items[3].name = "Cream";
+        items[3].quantity = 1;
+        init_lot_record(3);
+        fill(0, 1, 45426, 45440);
+    }
+    void expect_gone() {
+        EXPECT_EQ(view().index(), 0);
+        EXPECT_EQ(list().model()->rowCount(), 0);
+        EXPECT_EQ(part<QLabel>("total_label").text(), "This item has been deleted.");
+        EXPECT_EQ(screen->windowTitle(), "Lot View - ");
+        EXPECT_FALSE(part("quantity_button").isEnabled());
+    }
+};
+
+TEST_F(LotViewOfAChangingItem, ItIsRenamedWithIt) {
+    open_lots();
+    items[3].name = "Whole milk";
+    units[2].name = "Quart";
+    end_of_step();
+    EXPECT_EQ(screen->parentWidget()->windowTitle(), "Lot View - Whole milk");
+    EXPECT_EQ(column(list(), 2)[2], "4 Quart");
+}
+
+TEST_F(LotViewOfAChangingItem, ItGoesWithIt) {
+    open_lots();
+    delete_milk();
+    end_of_step();
+    expect_gone();
+}
+
+TEST_F(LotViewOfAChangingItem, AnotherItemInTheSameSlotIsNotShown) {
+    open_lots();
+    end_of_step();
+    delete_milk();
+    end_of_step();
+    put_cream_in_its_place();
+    end_of_step();
+    expect_gone();
+    view().set_current();
+    EXPECT_EQ(lots[3].current_lot, 0);
+    open_lots();
+    EXPECT_EQ(screen->windowTitle(), "Lot View - Cream");
+    EXPECT_EQ(list().model()->rowCount(), 16);
+}
+
+TEST_F(LotViewOfAChangingItem, AQuantityForAnItemThatWentBehindTheBoxChangesNothing) {
+    open_lots();
+    end_of_step();
+    platform.boxes.expect_input("Type new Quantity", "Modify Quantity", "4", "5").during([this] {
+        delete_milk();
+        look_for_changes();
+        put_cream_in_its_place();
+        look_for_changes();
+    });
+    press("Return");
+    EXPECT_EQ(lots[3].lot_quantity[2], 0);
+    EXPECT_EQ(items[3].quantity, 1);
+    EXPECT_EQ(project_modified, i16_false);
+    EXPECT_EQ(panel(1), "The item has been deleted; nothing was changed.");
+    expect_gone();
+}
+
+TEST_F(LotViewOfAChangingItem, ADateForAnItemThatWentBehindTheCalendarChangesNothing) {
+    open_lots();
+    click("creation_button");
+    delete_milk();
+    press_in_calendar(Qt::Key_Return);
+    EXPECT_FALSE(part("calendar_box").isVisible());
+    EXPECT_EQ(lots[3].creation_date[2], 0);
+    expect_gone();
+}
+
+TEST_F(LotViewOfAChangingItem, AUnitThatIsNoRowIsShownAsNone) {
+    items[3].qty_units = 32000;
+    open_lots();
+    EXPECT_EQ(column(list(), 2)[2], "4");
+    items[3].qty_units = -7;
+    end_of_step();
+    EXPECT_EQ(part<QLabel>("total_label").text(), "In stock: 6.5, in 2 lots");
 }
 
 }  // namespace

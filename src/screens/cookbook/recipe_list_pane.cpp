@@ -1,0 +1,85 @@
+#include "screens/cookbook/recipe_list_pane.h"
+
+#include "core/project_data.h"
+#include "core/rows.h"
+#include "recipes/recipe_names.h"
+#include "screens/parts/drag_text.h"
+#include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
+#include "screens/parts/list_parts.h"
+#include "screens/parts/shown_text.h"
+#include "ui_recipe_list_pane.h"
+
+namespace tavernook {
+
+namespace {
+
+QString recipe_name(i16 slot) {
+    return shown_text(row_or_none(meals, slot).name.trimmed());
+}
+
+std::vector<TreeLeaf> live_recipes() {
+    std::vector<TreeLeaf> found;
+    for (i16 slot = 1; slot <= meal_capacity; ++slot) {
+        if (!is_live_meal(slot)) continue;
+        const QString name = folded(recipe_name(slot));
+        found.push_back({slot, home_recipe_catagory(slot), name, name});
+    }
+    return found;
+}
+
+TreeContents recipes_by_category() {
+    const auto mark = [](i16) { return QVariant(icon(QStringLiteral("recipes"))); };
+    return {.is_shown = is_recipe_catagory,
+            .read_leaves = live_recipes,
+            .columns = {{.title = {}, .text = recipe_name, .decoration = mark}},
+            .drag_text = text_of_dragged_recipe,
+            .root_name = QStringLiteral("General"),
+            .is_number_first = true,
+            .rename_catagory = rename_recipe_catagory,
+            .rename_leaf = rename_meal,
+            .move_leaf = move_meal,
+            .dropped_leaf = [](const QString& text) { return dragged(text).recipe(); }};
+}
+
+}  // namespace
+
+RecipeListPane::RecipeListPane(QWidget* parent)
+    : CatagoryTreePane(parent), ui_(laid_out<Ui::RecipeListPane>(*this)) {
+    set_up({*ui_->filter, *ui_->recipe_tree, *ui_->tree_hint}, recipes_by_category(),
+           {.hint_when_empty = tr("Press \"New Recipe\" to write your first recipe."),
+            .hint_when_none_match = tr("No recipe matches. Esc shows all recipes again.")});
+    ui_->filter->setMinimumWidth(letters_wide(*ui_->filter, 14));
+    ui_->recipe_tree->setMinimumWidth(letters_wide(*ui_->recipe_tree, 24));
+}
+
+RecipeListPane::~RecipeListPane() = default;
+
+QString RecipeListPane::key_of_recipe(i16 recipe) {
+    return recipe != 0 ? QStringLiteral("%1c").arg(recipe) : QString();
+}
+
+QString RecipeListPane::key_of_catagory(i16 row) {
+    return row != 0 ? QStringLiteral("%1r").arg(row) : QStringLiteral("r0");
+}
+
+i16 RecipeListPane::catagory_for_new() const {
+    const i16 recipe = marked_leaf();
+    return recipe != 0 ? home_recipe_catagory(recipe) : marked_catagory();
+}
+
+QString RecipeListPane::key_around_marked() const {
+    return ui_->recipe_tree->currentIndex().parent().data(CatagoryTreeModel::key_role).toString();
+}
+
+void RecipeListPane::follow_changes() {
+    if (!seen_.is_stale() || is_naming()) return;
+    populate();
+    seen_.renew();
+}
+
+std::vector<QWidget*> RecipeListPane::parts_in_order() const {
+    return {ui_->filter, ui_->recipe_tree};
+}
+
+}  // namespace tavernook

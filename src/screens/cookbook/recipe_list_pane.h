@@ -1,0 +1,45 @@
+// The recipes under their categories, all beneath "General": the left side of the recipe manager.
+// Keys name the rows: the root "r0", a category's row + "r", a recipe's slot + "c". Recipes and
+// categories are named in place, and a recipe dropped on a category moves there.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "core/changes.h"
+#include "screens/parts/catagory_tree_pane.h"
+
+namespace tavernook {
+
+namespace Ui {
+class RecipeListPane;
+}
+
+class RecipeListPane : public CatagoryTreePane {
+    Q_OBJECT
+
+  public:
+    explicit RecipeListPane(QWidget* parent = nullptr);
+    ~RecipeListPane() override;
+
+    // Empty for recipe 0.
+    static QString key_of_recipe(i16 recipe);
+    static QString key_of_catagory(i16 row);
+
+    // Where something new goes: into what is marked, a recipe standing for the category it is in.
+    i16 catagory_for_new() const;
+
+    // The key of the row in which the marked one stands.
+    QString key_around_marked() const;
+
+    // Reads anew what has changed since the last time, as soon as no name is being typed.
+    void follow_changes();
+
+    std::vector<QWidget*> parts_in_order() const;
+
+  private:
+    std::unique_ptr<Ui::RecipeListPane> ui_;
+    Seen seen_{Subject::recipes, Subject::catagories};
+};
+
+}  // namespace tavernook

@@ -1,0 +1,34 @@
+#include "screens/pantry/catagory_box.h"
+
+#include <QAbstractItemModel>
+
+#include "core/project_data.h"
+#include "inventory/item_form.h"
+#include "screens/parts/shown_text.h"
+
+namespace tavernook {
+
+void CatagoryBox::fill() {
+    const i16 before = chosen();
+    clear();
+    for (i16 row = 1; row <= catagory_capacity; ++row) {
+        if (!is_item_catagory(row)) continue;
+        addItem(shown_text(catagories[row].name.trimmed()), int{row});
+    }
+    model()->sort(0);
+    if (before != 0) choose(before);
+}
+
+void CatagoryBox::choose(i16 catagory) {
+    setCurrentIndex(findData(int{home_catagory(catagory)}));
+}
+
+i16 CatagoryBox::chosen() const {
+    return static_cast<i16>(currentData().toInt());
+}
+
+i16 CatagoryBox::chosen_for(i16 stored) const {
+    return chosen() == home_catagory(stored) ? stored : chosen();
+}
+
+}  // namespace tavernook

@@ -1,0 +1,47 @@
+// The barcode of an item, and the way to another one. "Scan" brings up a box for one code: Enter in
+// the empty box takes the code away, a line that holds no code leaves what was there, and so do
+// Escape and going elsewhere. Without a scanner the code is asked for.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "screens/parts/guard.h"
+
+namespace tavernook {
+
+namespace Ui {
+class CodeField;
+}
+
+class CodeField : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit CodeField(QWidget* parent = nullptr);
+    ~CodeField() override;
+
+    // Blank counts as none, which reads "empty".
+    void show_code(const std::string& code);
+    void give_up_scanning();
+    const std::string& code() const { return code_; }
+
+    // The project's scanner may not be one that types.
+    void follow_scanner_type();
+
+    std::vector<QWidget*> boxes_in_order() const;
+
+  Q_SIGNALS:
+    void command(const tavernook::Work& work);  // for the screen to run
+
+  private:
+    void scan();
+    void show_text();
+
+    std::unique_ptr<Ui::CodeField> ui_;
+    std::string code_;
+};
+
+}  // namespace tavernook

@@ -1,0 +1,91 @@
+#include "screens/pantry/hand_over_bar.h"
+
+#include <QKeyEvent>
+
+#include "screens/parts/list_parts.h"
+#include "screens/parts/quantity_box.h"
+#include "ui_hand_over_bar.h"
+
+namespace tavernook {
+
+namespace {
+
+const char* label_of(i16 mode) {
+    switch (mode) {
+        case HandOverBar::Mode::adds_to_recipe:
+            return "Add Item to Meal";
+        case HandOverBar::Mode::adds_to_day:
+            return "Add Item to Day";
+        default:
+            return "Add Item to ...";
+    }
+}
+
+const char* tip_of(i16 mode) {
+    switch (mode) {
+        case HandOverBar::Mode::adds_to_recipe:
+            return "Adds this item to the recipe.";
+        case HandOverBar::Mode::adds_to_day:
+            return "Adds this item to the planned day.";
+        case HandOverBar::Mode::sets_quantity_in_recipe:
+            return "Sets the quantity of this item in the recipe.";
+        default:
+            return "Puts this item on the shopping list.";
+    }
+}
+
+}  // namespace
+
+HandOverBar::HandOverBar(QWidget* parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::HandOverBar>()) {
+    ui_->setupUi(this);
+    ui_->quantity_to_add->installEventFilter(this);
+    connect(ui_->add_item, &QPushButton::clicked, this, &HandOverBar::handed_over);
+}
+
+HandOverBar::~HandOverBar() = default;
+
+void HandOverBar::set_mode(i16 mode) {
+    if (mode != Mode::returns_nowhere) ui_->quantity_to_add->clear();
+    ui_->add_item->setText(QLatin1String(label_of(mode)));
+    ui_->add_item->setToolTip(tr(tip_of(mode)));
+    ui_->add_item->setAccessibleDescription(ui_->add_item->toolTip());
+    setVisible(mode != Mode::returns_nowhere);
+}
+
+void HandOverBar::set_item(bool is_there) {
+    ui_->add_item->setEnabled(is_there);
+}
+
+f64 HandOverBar::amount() {
+    if (ui_->quantity_to_add->text().isEmpty()) {
+        ui_->quantity_to_add->setText(QStringLiteral("0"));
+    }
+    return ui_->quantity_to_add->value();
+}
+
+bool HandOverBar::stays_open() const {
+    return ui_->keep_window_open->isChecked();
+}
+
+void HandOverBar::go_to_amount() {
+    ui_->quantity_to_add->setFocus(Qt::TabFocusReason);
+}
+
+std::vector<QWidget*> HandOverBar::boxes_in_order() const {
+    return {ui_->quantity_to_add, ui_->add_item, ui_->keep_window_open};
+}
+
+bool HandOverBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (plain && is_enter(key)) {
+            ui_->add_item->click();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace tavernook

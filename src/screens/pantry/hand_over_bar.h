@@ -1,0 +1,48 @@
+// What another screen wants of the item on show: how much of it, and the button that hands it over.
+// Out of sight while no screen waits.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "basics/values.h"
+#include "platform/screen_ports.h"
+
+namespace tavernook {
+
+namespace Ui {
+class HandOverBar;
+}
+
+class HandOverBar : public QWidget {
+    Q_OBJECT
+
+  public:
+    using Mode = ports::FoodInventory::ReturnMode;
+
+    explicit HandOverBar(QWidget* parent = nullptr);
+    ~HandOverBar() override;
+
+    // For a screen that waits the amount is typed anew.
+    void set_mode(i16 mode);
+    void set_item(bool is_there);
+
+    // An empty box becomes 0.
+    f64 amount();
+    bool stays_open() const;
+
+    void go_to_amount();
+    std::vector<QWidget*> boxes_in_order() const;
+
+  Q_SIGNALS:
+    void handed_over();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    std::unique_ptr<Ui::HandOverBar> ui_;
+};
+
+}  // namespace tavernook

@@ -1,0 +1,99 @@
+#include "screens/pantry/lot_rows.h"
+
+#include <QObject>
+#include <QStringList>
+#include <cmath>
+#include <utility>
+
+#include "basics/number_text.h"
+#include "core/project_data.h"
+#include "core/rows.h"
+#include "platform/platform.h"
+#include "screens/parts/icons.h"
+#include "screens/parts/shown_text.h"
+
+namespace tavernook {
+
+namespace {
+
+QString shown_date(Date date) {
+    return date == 0 ? QStringLiteral("-") : shown_text(format_date(date, "MM/DD/YY"));
+}
+
+// On the day itself a lot is still good.
+bool is_past_its_date(const LotRecord& record, std::size_t place) {
+    const Date date = record.expiration_date[place];
+    return date != 0 && record.lot_quantity[place] != 0 &&
+           std::floor(date) < std::floor(platform_clock().now());
+}
+
+}  // namespace
+
+LotRows::LotRows()
+    : ordinary_mark_(icon(QStringLiteral("lot"))),
+      current_mark_(icon(QStringLiteral("lot_current"))),
+      expired_mark_(icon(QStringLiteral("expiry"))) {}
+
+LotRows::Line LotRows::read_line(const LotRecord& record, i16 place, const QString& unit) {
+    const auto at = static_cast<std::size_t>(place);
+    Line line{};
+    line.is_current = record.current_lot == place;
+    line.is_expired = is_past_its_date(record, at);
+    QStringList notes;
+    if (line.is_current) notes.append(QObject::tr("Current lot"));
+    if (line.is_expired) notes.append(QObject::tr("Expired"));
+    const QString amount = shown_text(number_text(record.lot_quantity[at]));
+    line.name = shown_text(record.lot_name[at].right_trimmed());
+    line.created = shown_date(record.creation_date[at]);
+    line.quantity = unit.isEmpty() ? amount : amount + QLatin1Char(' ') + unit;
+    line.expires = shown_date(record.expiration_date[at]);
+    line.note = notes.join(QLatin1String(", "));
+    line.created_at = record.creation_date[at];
+    line.expires_at = record.expiration_date[at];
+    line.held = record.lot_quantity[at];
+    return line;
+}
+
+void LotRows::read(i16 item) {
+    std::vector<Line> lines;
+    if (item != 0) {
+        const LotRecord& record = lots[item];
+        const UnitRecord& unit = row_or_none(units, items[item].qty_units);
+        const QString unit_name = shown_text(unit.name.right_trimmed());
+        for (i16 place = 0; place < lot_places; ++place) {
+            lines.push_back(read_line(record, place, unit_name));
+        }
+    }
+    lines_ = std::move(lines);
+}
+
+std::vector<RowId> LotRows::rows() const {
+    std::vector<RowId> rows;
+    for (i16 place = 0; static_cast<std::size_t>(place) < lines_.size(); ++place) {
+        rows.push_back(row_of(place));
+    }
+    return rows;
+}
+
+std::vector<RowsColumn> LotRows::columns() const {
+    return {{.title = QObject::tr("Lot"),
+             .text = [this](RowId row) { return line(row).name; },
+             .icon = [this](RowId row) { return mark(row); }},
+            {.title = QObject::tr("Created"),
+             .text = [this](RowId row) { return line(row).created; },
+             .number = [this](RowId row) { return line(row).created_at; },
+             .alignment = Qt::AlignCenter},
+            {.title = QObject::tr("Quantity"),
+             .text = [this](RowId row) { return line(row).quantity; },
+             .number = [this](RowId row) { return line(row).held; },
+             .alignment = on_the_right},
+            {.title = QObject::tr("Expires"),
+             .text = [this](RowId row) { return line(row).expires; },
+             .number = [this](RowId row) { return line(row).expires_at; },
+             .alignment = Qt::AlignCenter},
+            {.title = QObject::tr("Note"),
+             .text = [this](RowId row) { return line(row).note; },
+             .icon = [this](RowId row) { return warning(row); }}};
+}
+
+}  // namespace tavernook

@@ -1,0 +1,357 @@
+#include "screens/parts/catagory_tree_model.h"
+
+#include <QMimeData>
+#include <algorithm>
+
+#include "core/project_data.h"
+#include "core/rows.h"
+#include "screens/parts/guard.h"
+#include "screens/parts/icons.h"
+#include "screens/parts/shown_text.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr int root = 0;
+constexpr i16 gone = -1;  // a category that the filter leaves out
+
+bool by_name(const TreeLeaf& a, const TreeLeaf& b) {
+    const int order = a.sort_text.compare(b.sort_text);
+    return order != 0 ? order < 0 : a.number < b.number;
+}
+
+// Each leaf is ranked once; those of one rank stay by name.
+void sort_by_rank(std::vector<TreeLeaf>& leaves, const std::function<LeafRank(i16)>& rank) {
+    std::vector<std::pair<LeafRank, std::size_t>> ranked;
+    ranked.reserve(leaves.size());
+    for (std::size_t place = 0; place < leaves.size(); ++place) {
+        ranked.emplace_back(rank(leaves[place].number), place);
+    }
+    std::sort(ranked.begin(), ranked.end());
+    std::vector<TreeLeaf> sorted;
+    sorted.reserve(leaves.size());
+    for (const auto& [ignored, place] : ranked) sorted.push_back(std::move(leaves[place]));
+    leaves = std::move(sorted);
+}
+
+// What a column says of a leaf; nothing where it cannot.
+template <typename Answer>
+QVariant asked(const std::function<Answer(i16)>& of, i16 leaf) {
+    QVariant answer;
+    if (of) quietly([&] { answer = QVariant(of(leaf)); });
+    return answer;
+}
+
+}  // namespace
+
+CatagoryTreeModel::CatagoryTreeModel(TreeContents contents, QObject* parent)
+    : QAbstractItemModel(parent), contents_(std::move(contents)) {
+    nodes_.push_back({Kind::root, 0, root, 0, {}});
+}
+
+// --- what stands where -----------------------------------------------------------------------
+
+void CatagoryTreeModel::populate(View view) {
+    std::vector<TreeLeaf> read = contents_.read_leaves();
+    sort_leaves(read);
+    beginResetModel();
+    leaves_ = std::move(read);
+    view_ = view;
+    build();
+    endResetModel();
+}
+
+void CatagoryTreeModel::set_filter(const QString& filter) {
+    const QStringList words = folded(filter).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (words == words_) return;
+    beginResetModel();
+    words_ = words;
+    build();
+    endResetModel();
+}
+
+void CatagoryTreeModel::sort(int column, Qt::SortOrder order) {
+    if (column < 0 || column >= columnCount()) return;
+    beginResetModel();
+    sort_column_ = column;
+    sort_order_ = order;
+    sort_leaves(leaves_);
+    build();
+    endResetModel();
+}
+
+void CatagoryTreeModel::sort_leaves(std::vector<TreeLeaf>& leaves) const {
+    std::sort(leaves.begin(), leaves.end(), by_name);
+    const auto& rank = contents_.columns[static_cast<std::size_t>(sort_column_)].rank;
+    if (rank) sort_by_rank(leaves, rank);
+    if (is_backwards()) std::reverse(leaves.begin(), leaves.end());
+}
+
+void CatagoryTreeModel::build() {
+    nodes_.clear();
+    nodes_.push_back({Kind::root, 0, root, 0, {}});
+    shown_leaves_ = 0;
+    std::vector<int> node_of(catagory_capacity + 1, root);
+    if (view_ == View::tree) {
+        std::vector<i16> sorted = sorted_catagories(contents_.is_shown);
+        if (sort_column_ == name_column && is_backwards()) {
+            std::reverse(sorted.begin(), sorted.end());
+        }
+        add_catagories(0, root, sorted, node_of);
+    }
+    add_leaves(node_of);
+    if (is_filtered()) drop_empty_catagories();
+}
+
+void CatagoryTreeModel::add_catagories(i16 above, int parent, const std::vector<i16>& sorted,
+                                       std::vector<int>& node_of) {
+    for (const i16 row : sorted) {
+        if (catagory_above(row, contents_.is_shown) != above) continue;
+        const int added = add_node(Kind::catagory, row, parent);
+        node_of[static_cast<std::size_t>(row)] = added;
+        add_catagories(row, added, sorted, node_of);
+    }
+}
+
+void CatagoryTreeModel::add_leaves(const std::vector<int>& node_of) {
+    nodes_.reserve(nodes_.size() + leaves_.size());
+    for (const TreeLeaf& leaf : leaves_) {
+        if (!matches(leaf)) continue;
+        const bool is_placed = leaf.catagory > 0 && leaf.catagory <= catagory_capacity;
+        const auto home = is_placed ? static_cast<std::size_t>(leaf.catagory) : std::size_t{0};
+        add_node(Kind::leaf, leaf.number, node_of[home]);
+        ++shown_leaves_;
+    }
+}
+
+// From the last node to the first, so that a category goes after all beneath it have gone.
+void CatagoryTreeModel::drop_empty_catagories() {
+    for (std::size_t place = nodes_.size(); place-- > 1;) {
+        const Node& dropped = nodes_[place];
+        if (dropped.kind != Kind::catagory || !dropped.children.empty()) continue;
+        std::vector<int>& siblings = nodes_[static_cast<std::size_t>(dropped.parent)].children;
+        siblings.erase(siblings.begin() + dropped.row);
+        nodes_[place].number = gone;
+        for (std::size_t row = 0; row < siblings.size(); ++row) {
+            nodes_[static_cast<std::size_t>(siblings[row])].row = static_cast<int>(row);
+        }
+    }
+}
+
+int CatagoryTreeModel::add_node(Kind kind, i16 number, int parent) {
+    const int place = static_cast<int>(nodes_.size());
+    std::vector<int>& siblings = nodes_[static_cast<std::size_t>(parent)].children;
+    const int row = static_cast<int>(siblings.size());
+    siblings.push_back(place);
+    nodes_.push_back({kind, number, parent, row, {}});
+    return place;
+}
+
+bool CatagoryTreeModel::matches(const TreeLeaf& leaf) const {
+    return std::all_of(words_.begin(), words_.end(),
+                       [&leaf](const QString& word) { return leaf.search_text.contains(word); });
+}
+
+// --- rows and keys ---------------------------------------------------------------------------
+
+const CatagoryTreeModel::Node& CatagoryTreeModel::node(const QModelIndex& index) const {
+    return nodes_[index.isValid() ? static_cast<std::size_t>(index.internalId()) : root];
+}
+
+QModelIndex CatagoryTreeModel::index_at(int place) const {
+    if (place == root && !has_root_row()) return {};
+    return createIndex(nodes_[static_cast<std::size_t>(place)].row, name_column,
+                       static_cast<quintptr>(place));
+}
+
+QString CatagoryTreeModel::key_of(char kind, i16 number) const {
+    const QLatin1Char letter(kind);
+    const bool is_letter_first = number == 0 || !contents_.is_number_first;
+    return is_letter_first ? letter + QString::number(number) : QString::number(number) + letter;
+}
+
+QModelIndex CatagoryTreeModel::index_of(const QString& key) const {
+    if (key == key_of('r', 0)) return index_at(root);
+    if (key.isEmpty()) return {};
+    const bool is_number_first = contents_.is_number_first;
+    const QChar letter = is_number_first ? key.back() : key.front();
+    const int number = (is_number_first ? key.chopped(1) : key.mid(1)).toInt();
+    if (number <= 0 || (letter != QLatin1Char('r') && letter != QLatin1Char('c'))) return {};
+    const Kind wanted = letter == QLatin1Char('c') ? Kind::leaf : Kind::catagory;
+    for (std::size_t place = 1; place < nodes_.size(); ++place) {
+        const Node& found = nodes_[place];
+        if (wanted == Kind::catagory && found.kind == Kind::leaf) break;  // all of them come first
+        if (found.number == number && found.kind == wanted)
+            return index_at(static_cast<int>(place));
+    }
+    return {};
+}
+
+QModelIndexList CatagoryTreeModel::catagory_rows() const {
+    QModelIndexList rows;
+    for (std::size_t place = 1; place < nodes_.size(); ++place) {
+        if (nodes_[place].kind == Kind::leaf) break;
+        if (nodes_[place].number != gone) rows.append(index_at(static_cast<int>(place)));
+    }
+    return rows;
+}
+
+i16 CatagoryTreeModel::leaf_at(const QModelIndex& index) const {
+    return node(index).kind == Kind::leaf ? node(index).number : i16{0};
+}
+
+i16 CatagoryTreeModel::catagory_at(const QModelIndex& index) const {
+    return node(index).kind == Kind::catagory ? node(index).number : i16{0};
+}
+
+bool CatagoryTreeModel::is_root(const QModelIndex& index) const {
+    return index.isValid() && node(index).kind == Kind::root;
+}
+
+QModelIndex CatagoryTreeModel::index(int row, int column, const QModelIndex& parent) const {
+    if (!hasIndex(row, column, parent)) return {};
+    const bool is_root_row = !parent.isValid() && has_root_row();
+    const int place = is_root_row ? root : node(parent).children[static_cast<std::size_t>(row)];
+    return createIndex(row, column, static_cast<quintptr>(place));
+}
+
+QModelIndex CatagoryTreeModel::parent(const QModelIndex& index) const {
+    if (!index.isValid() || is_root(index)) return {};
+    return index_at(node(index).parent);
+}
+
+int CatagoryTreeModel::rowCount(const QModelIndex& parent) const {
+    if (parent.column() > 0) return 0;
+    if (!parent.isValid() && has_root_row()) return 1;
+    return static_cast<int>(node(parent).children.size());
+}
+
+int CatagoryTreeModel::columnCount(const QModelIndex&) const {
+    return static_cast<int>(contents_.columns.size());
+}
+
+// --- what stands in them ---------------------------------------------------------------------
+
+QString CatagoryTreeModel::name_of(const Node& shown) const {
+    switch (shown.kind) {
+        case Kind::root:
+            return contents_.root_name;
+        case Kind::catagory:
+            return shown_text(row_or_none(catagories, shown.number).name.trimmed());
+        default:
+            return asked(contents_.columns.front().text, shown.number).toString();
+    }
+}
+
+QVariant CatagoryTreeModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    const Node& shown = node(index);
+    if (role == key_role) return key_of(shown.kind == Kind::leaf ? 'c' : 'r', shown.number);
+    const int column = index.column();
+    if (shown.kind == Kind::leaf) {
+        return leaf_data(shown.number, contents_.columns[static_cast<std::size_t>(column)], role);
+    }
+    return column == name_column ? catagory_data(shown, role) : QVariant();
+}
+
+QVariant CatagoryTreeModel::catagory_data(const Node& shown, int role) const {
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::EditRole:
+        case Qt::ToolTipRole:
+            return name_of(shown);
+        case Qt::DecorationRole:
+            return icon(QStringLiteral("category"));
+        default:
+            return {};
+    }
+}
+
+QVariant CatagoryTreeModel::leaf_data(i16 leaf, const TreeColumn& column, int role) const {
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::EditRole:
+        case Qt::ToolTipRole:
+            return asked(column.text, leaf);
+        case Qt::DecorationRole:
+            return asked(column.decoration, leaf);
+        case Qt::TextAlignmentRole:
+            return column.is_right ? QVariant(int{Qt::AlignRight | Qt::AlignVCenter}) : QVariant();
+        default:
+            return {};
+    }
+}
+
+QVariant CatagoryTreeModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    const TreeColumn& column = contents_.columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return column.title;
+    if (role != Qt::TextAlignmentRole || !column.is_right) return {};
+    return int{Qt::AlignRight | Qt::AlignVCenter};
+}
+
+Qt::ItemFlags CatagoryTreeModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) return Qt::NoItemFlags;
+    const Kind kind = node(index).kind;
+    const bool is_name = index.column() == name_column;
+    Qt::ItemFlags result = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    if (kind == Kind::leaf) {
+        result |= Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
+        if (is_name && contents_.rename_leaf) result |= Qt::ItemIsEditable;
+        return result;
+    }
+    if (contents_.move_leaf) result |= Qt::ItemIsDropEnabled;
+    if (is_name && kind == Kind::catagory && contents_.rename_catagory) {
+        result |= Qt::ItemIsEditable;
+    }
+    return result;
+}
+
+// --- names and drops -------------------------------------------------------------------------
+
+bool CatagoryTreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
+    const Node& shown = node(index);
+    if (value.toString() == name_of(shown)) return false;
+    const auto& rename =
+        shown.kind == Kind::leaf ? contents_.rename_leaf : contents_.rename_catagory;
+    bool is_renamed = false;
+    guarded([&] { is_renamed = rename(shown.number, typed_text(value.toString())); });
+    if (!is_renamed) return false;
+    Q_EMIT dataChanged(index, index);
+    Q_EMIT changed();
+    return true;
+}
+
+QStringList CatagoryTreeModel::mimeTypes() const {
+    return {QStringLiteral("text/plain")};
+}
+
+QMimeData* CatagoryTreeModel::mimeData(const QModelIndexList& indexes) const {
+    const i16 leaf = indexes.isEmpty() ? i16{0} : leaf_at(indexes.first());
+    if (leaf == 0) return nullptr;
+    auto* data = new QMimeData;
+    data->setText(contents_.drag_text(leaf));
+    return data;
+}
+
+// Between two rows is nowhere.
+bool CatagoryTreeModel::canDropMimeData(const QMimeData* data, Qt::DropAction, int row, int,
+                                        const QModelIndex& parent) const {
+    const bool is_on_catagory = row < 0 && (is_root(parent) || catagory_at(parent) != 0);
+    return contents_.move_leaf && is_on_catagory && data != nullptr &&
+           contents_.dropped_leaf(data->text()) != 0;
+}
+
+bool CatagoryTreeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row,
+                                     int column, const QModelIndex& parent) {
+    if (!canDropMimeData(data, action, row, column, parent)) return false;
+    bool is_moved = false;
+    const i16 leaf = contents_.dropped_leaf(data->text());
+    guarded([&] { is_moved = contents_.move_leaf(leaf, catagory_at(parent)); });
+    if (is_moved) Q_EMIT changed();
+    return is_moved;
+}
+
+}  // namespace tavernook

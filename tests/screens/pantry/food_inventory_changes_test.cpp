@@ -1,0 +1,373 @@
+// The item on show while others change it, replace what it names, delete it, or take its slot; and
+// items that cannot be shown.
+#include <QCalendarWidget>
+#include <QDialog>
+#include <limits>
+
+#include "core/changes.h"
+#include "core/project_data.h"
+#include "inventory/replacement.h"
+#include "screens/pantry/food_inventory_fixture.h"
+#include "screens/parts/guard.h"
+
+namespace tavernook {
+namespace {
+
+constexpr f64 no_date_at_all = std::numeric_limits<f64>::infinity();
+
+class ItemThatChanges : public FoodInventoryTest {
+  protected:
+    static constexpr i16 sack = 20;
+    static constexpr i16 bag = 21;
+
+    void SetUp() override {
+        FoodInventoryTest::SetUp();
+        put_unit(sack, "Sack");
+        put_unit(bag, "Bag");
+        put_store(1, "Market");
+        put_store(2, "Corner shop");
+        put_item(1, "Rice", 1, 2);
+        put_item(2, "Salt", 1, 1);
+        items[1].qty_units = sack;
+        items[1].store = 1;
+        item_details[1].fat_units = sack;
+        look_for_changes();
+        open();
+        choose_row("c1");
+    }
+
+    static void put_unit(i16 row, const char* name) {
+        units[row].name = name;
+        units[row].in_use = 1;
+    }
+    static void put_store(i16 row, const char* name) {
+        stores[row].name = name;
+        stores[row].in_use = 1;
+    }
+    static void delete_item_1() {
+        items[1].in_use = 0;
+        clear_item_record(1);
+        clear_lot_record(1);
+    }
+    // Seen as what it is only by a look in between.
+    static void put_tea_in_its_place() {
+        delete_item_1();
+        look_for_changes();
+        put_item(1, "Tea", 1, 7);
+        look_for_changes();
+    }
+
+    void expect_nothing_on_show() {
+        EXPECT_EQ(screen().getindex(), 0);
+        for (const char* name : {"item_name", "quantity", "qty_units", "store", "cost", "notes"}) {
+            EXPECT_EQ(text(name), "") << name;
+        }
+        EXPECT_EQ(text("item_category"), "");
+        EXPECT_EQ(text("barcode"), "empty");
+        EXPECT_EQ(text("exp_date"), "Exp Date..");
+        EXPECT_EQ(text("servings"), "");
+        EXPECT_FALSE(part<QAction>("item_toolbar_2_1").isEnabled());
+        EXPECT_FALSE(part<QWidget>("item_name").isEnabled());
+        EXPECT_FALSE(part<QWidget>("lot_track").isEnabled());
+    }
+};
+
+// --- changed elsewhere -----------------------------------------------------------------------
+
+TEST_F(ItemThatChanges, TheFormShowsIt) {
+    items[1].name = "Long rice";
+    items[1].cost = 3;
+    items[1].storage_time = 10;
+    items[1].last_restock_date = 45427;
+    lots[1].lot_quantity[0] = 1.5;
+    end_of_step();
+    EXPECT_EQ(text("item_name"), "Long rice");
+    EXPECT_EQ(text("cost"), "3.00");
+    EXPECT_EQ(text("quantity"), "1.50");
+    EXPECT_EQ(text("exp_date"), "Exp 05/25/24");
+    EXPECT_EQ(text("last_restock"), "05/15/2024");
+    choose_row("c2");  // nothing that the user has changed
+    EXPECT_EQ(screen().getindex(), 2);
+}
+
+TEST_F(ItemThatChanges, WhatWasTypedStaysAndTheOtherBoxesFollow) {
+    enter("cost", "4");
+    enter("notes", "mine");
+    items[1].cost = 3;
+    items[1].name = "Long rice";
+    lots[1].lot_quantity[0] = 1.5;
+    items[1].quantity = 1.5;
+    end_of_step();
+    EXPECT_EQ(text("cost"), "4");
+    EXPECT_EQ(text("notes"), "mine");
+    EXPECT_EQ(text("item_name"), "Long rice");
+    EXPECT_EQ(text("quantity"), "1.50");
+    accept();
+    EXPECT_EQ(items[1].cost, 4);
+    EXPECT_EQ(items[1].quantity, 1.5);
+    EXPECT_EQ(std::string(items[1].name.trimmed()), "Long rice");
+}
+
+TEST_F(ItemThatChanges, ATypedQuantityStaysWhateverTheStockDoes) {
+    enter("quantity", "6");
+    lots[1].lot_quantity[0] = 1;
+    items[1].quantity = 1;
+    end_of_step();
+    EXPECT_EQ(text("quantity"), "6");
+    accept();
+    EXPECT_EQ(items[1].quantity, 6);
+}
+
+TEST_F(ItemThatChanges, AReplacedUnitDoesNotComeBackWithTheForm) {
+    enter("cost", "4");
+    platform.boxes.expect_message("All replacements completed successfully.");
+    replace_row(sack, bag, ReplacementType::unit);
+    end_of_step();
+    EXPECT_EQ(text("qty_units"), "Bag");
+    EXPECT_EQ(text("cost_label"), "Cost($)/Bag");
+    accept();
+    EXPECT_EQ(items[1].cost, 4);
+    EXPECT_EQ(items[1].qty_units, bag);
+    EXPECT_EQ(units[sack].in_use, 0);
+    EXPECT_EQ(part<QComboBox>("qty_units").findText("Sack"), -1);
+}
+
+TEST_F(ItemThatChanges, AReplacedStoreDoesNotComeBackThoughNobodyLookedInBetween) {
+    enter("cost", "4");
+    platform.boxes.expect_message("All replacements completed successfully.");
+    replace_row(1, 2, ReplacementType::store);
+    accept();
+    EXPECT_EQ(text("store"), "Corner shop");
+    EXPECT_EQ(items[1].store, 2);
+    EXPECT_EQ(stores[1].in_use, 0);
+}
+
+TEST_F(ItemThatChanges, ARenamedUnitAndStoreAreShownByTheirNewNames) {
+    enter("notes", "mine");
+    enter("fat_units", "drops");
+    units[sack].name = "Big sack";
+    stores[1].name = "Old market";
+    end_of_step();
+    EXPECT_EQ(text("qty_units"), "Big sack");
+    EXPECT_EQ(text("store"), "Old market");
+    EXPECT_EQ(text("fat_units"), "drops");
+    accept();
+    EXPECT_EQ(items[1].qty_units, sack);
+    EXPECT_EQ(items[1].store, 1);
+    EXPECT_NE(item_details[1].fat_units, sack);
+}
+
+TEST_F(ItemThatChanges, ItsCategoryIsShownByItsNewNameAndIsNoChange) {
+    catagories[1].name = "Staples";
+    put_catagory(2, "Grains");
+    end_of_step();
+    EXPECT_EQ(text("item_category"), "Staples");
+    EXPECT_GE(part<QComboBox>("item_category").findText("Grains"), 0);
+    items[1].category = 2;
+    end_of_step();
+    EXPECT_EQ(text("item_category"), "Grains");
+    catagories[2].in_use = 0;
+    end_of_step();
+    EXPECT_EQ(text("item_category"), "Staples");
+    choose_row("c2");
+    EXPECT_EQ(screen().getindex(), 2);
+}
+
+TEST_F(ItemThatChanges, ASelectedTextStaysSelectedWhileOthersChange) {
+    auto& cost = part<QLineEdit>("cost");
+    cost.setFocus();
+    cost.selectAll();
+    lots[1].lot_quantity[0] = 1.5;
+    end_of_step();
+    EXPECT_EQ(text("quantity"), "1.50");
+    EXPECT_EQ(cost.selectedText(), "0.00");
+}
+
+TEST_F(ItemThatChanges, ANewItemKeepsWhatWasTypedAndIsOfferedNewNames) {
+    platform.boxes.expect_input("Please Enter New Item Name", "New Item", "", "Tea");
+    screen().new_item();
+    enter("qty_units", "Tin");
+    enter("cost", "5");
+    put_unit(22, "Pouch");
+    put_catagory(2, "Drinks");
+    end_of_step();
+    EXPECT_EQ(text("item_name"), "Tea");
+    EXPECT_EQ(text("qty_units"), "Tin");
+    EXPECT_EQ(text("cost"), "5");
+    EXPECT_EQ(text("item_category"), "General");
+    EXPECT_GE(part<QComboBox>("item_category").findText("Drinks"), 0);
+    EXPECT_GE(part<QComboBox>("qty_units").findText("Pouch"), 0);
+    accept();
+    EXPECT_EQ(items[3].cost, 5);
+}
+
+TEST_F(ItemThatChanges, SettingsAreFollowed) {
+    currency_symbol = 163;
+    scanner_type = 1;
+    end_of_step();
+    EXPECT_EQ(text("cost_label"), "Cost(\u00a3)/Sack");
+    EXPECT_FALSE(part<QWidget>("scan").isEnabled());
+    scanner_type = 0;
+    end_of_step();
+    EXPECT_TRUE(part<QWidget>("scan").isEnabled());
+}
+
+TEST_F(ItemThatChanges, TheListShowsWhatWasAddedAndWhatWasSold) {
+    put_item(3, "Pepper", 1, 1);
+    lots[1].lot_quantity[0] = 0.5;
+    end_of_step();
+    EXPECT_TRUE(model().index_of("c3").isValid());
+    EXPECT_EQ(model().index_of("c1").siblingAtColumn(item_stock_column).data().toString(),
+              "0.50 Sack");
+    EXPECT_EQ(marked(), "c1");
+}
+
+TEST_F(ItemThatChanges, OutOfSightItFollowsWhenItComesBack) {
+    click("close_screen");
+    items[1].name = "Long rice";
+    end_of_step();
+    open();
+    EXPECT_EQ(text("item_name"), "Long rice");
+}
+
+TEST_F(ItemThatChanges, ACodeBeingScannedGoesOnWhileOthersChange) {
+    click("scan");
+    type("0123");
+    lots[1].lot_quantity[0] = 0.5;
+    end_of_step();
+    EXPECT_EQ(text("barcode"), "");
+    type("45");
+    press("Return");
+    settle();
+    EXPECT_EQ(text("barcode"), "012345");
+}
+
+TEST_F(ItemThatChanges, TheMonthViewIsForTheItemOnShowOnly) {
+    click("exp_date");
+    EXPECT_TRUE(part<QWidget>("month_box").isVisible());
+    delete_item_1();
+    end_of_step();
+    EXPECT_FALSE(part<QWidget>("month_box").isVisible());
+    expect_nothing_on_show();
+}
+
+// --- deleted elsewhere -----------------------------------------------------------------------
+
+TEST_F(ItemThatChanges, ADeletedItemLeavesAnEmptyFormThatSaysSo) {
+    enter("cost", "4");
+    delete_item_1();
+    end_of_step();
+    expect_nothing_on_show();
+    EXPECT_EQ(panel(1), "The item that was on show has been deleted.");
+    choose_row("c2");  // no question about edits that are gone
+    EXPECT_EQ(screen().getindex(), 2);
+    EXPECT_EQ(panel(1), "");
+}
+
+TEST_F(ItemThatChanges, AnotherItemInItsSlotIsNotShown) {
+    put_tea_in_its_place();
+    EXPECT_EQ(screen().getindex(), 0);
+    end_of_step();
+    expect_nothing_on_show();
+    choose_row("c1");
+    EXPECT_EQ(text("item_name"), "Tea");
+}
+
+TEST_F(ItemThatChanges, EditsAreNeverStoredInAnotherItemOfThatSlot) {
+    enter("item_name", "Long rice");
+    put_tea_in_its_place();
+    accept();
+    EXPECT_EQ(std::string(items[1].name.trimmed()), "Tea");
+    EXPECT_EQ(items[1].quantity, 7);
+    expect_nothing_on_show();
+}
+
+TEST_F(ItemThatChanges, NeitherAreThoseThatWereAskedAboutMeanwhile) {
+    enter("item_name", "Long rice");
+    platform.boxes.expect_message("Save the changes to \"Long rice\"?", Answer::yes).during([] {
+        put_tea_in_its_place();
+    });
+    choose_row("c2");
+    EXPECT_EQ(std::string(items[1].name.trimmed()), "Tea");
+    EXPECT_EQ(screen().getindex(), 2);
+    EXPECT_EQ(text("item_name"), "Salt");
+}
+
+TEST_F(ItemThatChanges, ADeletedItemIsNotHandedOver) {
+    FakeMealPlan planner(platform.calls);
+    screen().set_return(2);
+    enter("cost", "4");
+    platform.calls.clear();
+    platform.boxes.expect_message("Save the changes to \"Rice\"?", Answer::no).during([] {
+        put_tea_in_its_place();
+    });
+    click("add_item");
+    EXPECT_TRUE(platform.calls.entries.empty());
+    EXPECT_TRUE(screen().isVisible());
+}
+
+TEST_F(ItemThatChanges, ADeletedItemIsNotCopied) {
+    command("item_toolbar_1_5");
+    auto* dialog = screen().findChild<QDialog*>("copydialog");
+    ASSERT_NE(dialog, nullptr);
+    put_tea_in_its_place();
+    dialog->accept();
+    settle();
+    EXPECT_EQ(items[3].in_use, 0);
+    EXPECT_EQ(project_modified, i16_false);
+}
+
+// --- that cannot be shown --------------------------------------------------------------------
+
+TEST_F(ItemThatChanges, AnItemThatCannotBeShownLeavesNothingHalfShown) {
+    items[2].last_restock_date = no_date_at_all;
+    platform.boxes.expect_message("there has been an error");
+    screen().view_item(2, 0);
+    expect_nothing_on_show();
+    platform.boxes.expect_message("Error in item inventory mousedown: Overflow");
+    choose_row("c2");
+    expect_nothing_on_show();
+    choose_row("c1");
+    EXPECT_EQ(text("item_name"), "Rice");
+    items[2].last_restock_date = 45400;
+}
+
+TEST_F(ItemThatChanges, AnItemThatCannotBeShownAnyMoreKeepsWhatWasTyped) {
+    enter("cost", "4");
+    items[1].last_restock_date = no_date_at_all;
+    platform.boxes.expect_message("there has been an error");
+    end_of_step();
+    EXPECT_EQ(text("cost"), "4");
+    EXPECT_EQ(screen().getindex(), 1);
+    items[1].last_restock_date = 45400;
+    end_of_step();
+    accept();
+    EXPECT_EQ(items[1].cost, 4);
+}
+
+TEST_F(ItemThatChanges, NumbersThatNameNoRowAreShownAsNone) {
+    items[2].qty_units = 32000;
+    items[2].serving_size_units = -4;
+    items[2].store = 1001;
+    items[2].locations = 30001;
+    items[2].category = 999;
+    item_details[2].brand = -1;
+    item_details[2].notes = 32767;
+    item_details[2].sodium_units = 1001;
+    end_of_step();
+    choose_row("c2");
+    EXPECT_EQ(screen().getindex(), 2);
+    EXPECT_EQ(text("item_name"), "Salt");
+    for (const char* name : {"qty_units", "serving_size_units", "store", "location_1", "brand",
+                             "notes", "sodium_units"}) {
+        EXPECT_EQ(text(name), "") << name;
+    }
+    EXPECT_EQ(text("item_category"), "General");
+    accept();
+    EXPECT_EQ(items[2].category, 999);
+    EXPECT_EQ(items[2].qty_units, 0);
+    EXPECT_EQ(items[2].store, 0);
+}
+
+}  // namespace
+}  // namespace tavernook
