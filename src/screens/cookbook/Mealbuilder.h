@@ -1,41 +1,34 @@
-// The recipe manager: the recipes by category, and of the one on show its ingredients, its figures
-// and its text. Other screens open it to pick a recipe, in a return mode.
+// The recipe manager: the recipes by category, and the sheet of the one on show. Other screens open
+// it to pick a recipe, in a return mode.
 //
 // Leaving a recipe. A recipe is left when another one is chosen or made, when its category is
 // deleted, when the screen closes and when the project is saved or closed; always by
 // `save_document`, before anything else happens:
 //
-//   1. A text that was changed, or that is new, goes into its file. What was typed as serving size
-//      and unit goes into the table after it, whether or not there was a text to write.
+//   1. What was written on the sheet is saved: the text into its file, then the serving size and
+//      unit into the table.
 //   2. Where the file cannot be written, one box has told it, and the recipe is not left: it stays
 //      on show and marked, its text in the pane, and what was asked for does not happen. Only at
 //      the second time in a row does closing ask whether to go on without the text.
-//   3. Then the next recipe counts as shown. Until its text is read the pane counts as holding
-//      none of its own (`hold_unread`), as what stands there is still another recipe's: it can be
-//      neither changed nor saved. A text that cannot be read leaves it so, its file untouched.
-//   4. Ingredients and figures come first, then the text, each with its own box where it fails.
+//   3. Then the next recipe comes on the sheet; see there for what it holds on the way.
 //
 // A recipe that is deleted is on show first, by the same way, so that its text can be kept as a
 // backup. What can go wrong: a box stands open while the recipe goes, by the end of a project or by
-// another screen; so the recipe on show is a RowRef, and a command takes it anew behind its box.
+// another screen. A command therefore takes the recipe anew behind its box, and says so when there
+// is none any more.
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 
-#include "core/changes.h"
 #include "platform/screen_ports.h"
-#include "recipes/roll_up.h"
 #include "screens/parts/screen.h"
 #include "screens/parts/unsaved_edits.h"
 
 namespace tavernook {
 
-class DocumentPane;
-class FiguresPane;
-class IngredientsPane;
 class RecipeListPane;
+class RecipeSheet;
 
 namespace Ui {
 class Mealbuilder;
@@ -48,7 +41,7 @@ class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdit
     explicit Mealbuilder(QWidget* parent = nullptr);
     ~Mealbuilder() override;
 
-    i16 get_mealid() override { return shown_.now(); }
+    i16 get_mealid() override;
     void setid(i16 recipe) override;
     void clear_document() override;
     void add_node(std::string_view parent_key, std::string_view key,
@@ -88,48 +81,24 @@ class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdit
 
   private:
     void set_up_toolbar();
-    void set_up_sizes();
     void set_up_tab_order();
     void set_up_commands();
     void listen_to_panes();
 
-    void set_shown(i16 recipe);
     void show_recipe(i16 recipe);
     void show_marked();
-    void show_nothing();
-    void show_name();
-    void show_tree_menu(const QPoint& on_screen);
+    void mark_shown();
 
     void new_recipe();
     void new_category();
     void delete_marked();
     void delete_recipe(i16 recipe);
-    void delete_category(i16 catagory);
     void refresh();
     void add_to_plan();
-    void begin_new_text();
-    void insert_barcode();
-    void refuse_root_name();
-
-    void fill_list(i16 recipe);
-    void follow_figures();
-    void clear_list();
-    bool take_serving();
-    void store_serving();
-    void choose_ingredient();
-    void change_quantity();
-    void open_item();
-    void remove_marked();
 
     std::unique_ptr<Ui::Mealbuilder> ui_;
     RecipeListPane& recipes_;
-    IngredientsPane& ingredients_;
-    FiguresPane& figures_pane_;
-    DocumentPane& document_;
-
-    RowRef shown_;
-    RollUp figures_;  // as they are on the screen
-    Seen seen_{Subject::recipes, Subject::items, Subject::units, Subject::settings};
+    RecipeSheet& sheet_;
     i16 return_mode_ = returns_nowhere;
     bool has_save_failed_ = false;
 };

@@ -1,5 +1,7 @@
 #include "screens/cookbook/recipe_list_pane.h"
 
+#include <QMenu>
+
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "recipes/recipe_names.h"
@@ -49,6 +51,7 @@ RecipeListPane::RecipeListPane(QWidget* parent)
     set_up({*ui_->filter, *ui_->recipe_tree, *ui_->tree_hint}, recipes_by_category(),
            {.hint_when_empty = tr("Press \"New Recipe\" to write your first recipe."),
             .hint_when_none_match = tr("No recipe matches. Esc shows all recipes again.")});
+    connect(this, &CatagoryTreePane::menu_wanted, this, &RecipeListPane::show_menu);
     ui_->filter->setMinimumWidth(letters_wide(*ui_->filter, 14));
     ui_->recipe_tree->setMinimumWidth(letters_wide(*ui_->recipe_tree, 24));
 }
@@ -70,6 +73,19 @@ i16 RecipeListPane::catagory_for_new() const {
 
 QString RecipeListPane::key_around_marked() const {
     return ui_->recipe_tree->currentIndex().parent().data(CatagoryTreeModel::key_role).toString();
+}
+
+void RecipeListPane::show_menu(const QPoint& on_screen) {
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("tree_menu"));
+    for (QAction* action : menu_) {
+        if (action == nullptr) {
+            menu.addSeparator();
+        } else {
+            menu.addAction(action);
+        }
+    }
+    menu.exec(on_screen);
 }
 
 void RecipeListPane::follow_changes() {

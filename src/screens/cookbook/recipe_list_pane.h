@@ -35,10 +35,16 @@ class RecipeListPane : public CatagoryTreePane {
     // Reads anew what has changed since the last time, as soon as no name is being typed.
     void follow_changes();
 
+    // What the menu of the tree offers; nothing between two of them is a line.
+    void set_menu(const std::vector<QAction*>& actions) { menu_ = actions; }
+
     std::vector<QWidget*> parts_in_order() const;
 
   private:
+    void show_menu(const QPoint& on_screen);
+
     std::unique_ptr<Ui::RecipeListPane> ui_;
+    std::vector<QAction*> menu_;
     Seen seen_{Subject::recipes, Subject::catagories};
 };
 

@@ -4,8 +4,12 @@
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
+#include "barcodes/code39.h"
+#include "platform/platform.h"
 #include "rich_text/rtf_reader.h"
 #include "rich_text/rtf_writer.h"
+#include "screens/parts/guard.h"
+#include "screens/text/picture_files.h"
 #include "screens/text/recipe_text.h"
 #include "screens/text/recipe_toolbar.h"
 
@@ -100,6 +104,39 @@ void RecipePane::add_lines(const QStringList& lines) {
 
 bool RecipePane::insert_picture(const QImage& picture) {
     return text_->insert_picture(picture);
+}
+
+void RecipePane::insert_picture_file(const std::string& path) {
+    const FilePicture file = picture_in_file(path);
+    if (file.is_too_large) {
+        boxes().message("This picture is too large for a recipe. Please make it smaller first.");
+    } else if (file.picture.isNull()) {
+        boxes().message("This file holds no picture that can be shown.");
+    } else if (!insert_picture(file.picture)) {
+        boxes().message("The recipe has no room for a further picture of this size.");
+    }
+}
+
+void RecipePane::tell_refused_picture() {
+    guarded([] {
+        boxes().message(
+            "This picture is too large for a recipe, there is no room for it, or it cannot be "
+            "shown.");
+    });
+}
+
+void RecipePane::InsertImage() {
+    guarded([&] {
+        insert_picture_file(
+            file_dialogs().open_file({"Insert Picture", "Bitmap Files (*.bmp)|*.bmp", ""}));
+    });
+    setFocus();
+}
+
+void RecipePane::insert_barcode_of(i16 recipe) {
+    const std::string path = save_barcode_picture(recipe, true);
+    if (path.empty()) return;
+    guarded([&] { insert_picture_file(path); });
 }
 
 QToolBar& RecipePane::toolbar() {

@@ -1,16 +1,21 @@
 #include "screens/text/recipe_text.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QDragEnterEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include "rich_text/rtf_pictures.h"
 #include "rich_text/rtf_reader.h"
+#include "screens/parts/guard.h"
 #include "screens/text/fitting_pictures.h"
+#include "screens/text/text_exchange.h"
 
 namespace tavernook {
 
@@ -207,6 +212,75 @@ void RecipeText::wheelEvent(QWheelEvent* event) {
 void RecipeText::mouseMoveEvent(QMouseEvent* event) {
     QTextEdit::mouseMoveEvent(event);
     Q_EMIT pointer_moved();
+}
+
+// --- clipboard and drops ---------------------------------------------------------------------
+
+void RecipeText::dragEnterEvent(QDragEnterEvent* event) {
+    if (is_no_text(*event->mimeData())) return event->ignore();
+    QTextEdit::dragEnterEvent(event);
+}
+
+void RecipeText::dragMoveEvent(QDragMoveEvent* event) {
+    if (is_no_text(*event->mimeData())) return event->ignore();
+    QTextEdit::dragMoveEvent(event);
+}
+
+void RecipeText::dropEvent(QDropEvent* event) {
+    if (is_no_text(*event->mimeData())) return event->ignore();
+    QTextEdit::dropEvent(event);
+}
+
+bool RecipeText::canInsertFromMimeData(const QMimeData* source) const {
+    if (source->hasImage()) return true;
+    return !is_of_files(*source) &&
+           (!rich_text_in(*source).isEmpty() || QTextEdit::canInsertFromMimeData(source));
+}
+
+void RecipeText::insertFromMimeData(const QMimeData* source) {
+    if (isReadOnly() || !canInsertFromMimeData(source)) return;
+    guarded([&] { insert_data(*source); });
+}
+
+void RecipeText::insert_data(const QMimeData& data) {
+    if (insert_rich_text(rich_text_in(data).toStdString())) return;
+    if (data.hasImage()) {
+        if (!insert_picture(qvariant_cast<QImage>(data.imageData()))) Q_EMIT picture_refused();
+        return;
+    }
+    const QFont font = document()->defaultFont();
+    if (data.hasHtml() && insert_rich_text(rich_text_of_page(data.html(), font))) return;
+    if (data.hasText()) textCursor().insertText(data.text());
+    ensureCursorVisible();
+}
+
+// False, and nothing is changed, when there is nothing to see in it.
+bool RecipeText::insert_rich_text(std::string_view bytes) {
+    const std::optional<rtf::Content> content = content_in(bytes);
+    if (content) insert_content(*content);
+    return content.has_value();
+}
+
+void RecipeText::insert_content(const rtf::Content& content) {
+    long long dots = 0;
+    for (const rtf::Picture& picture : content.pictures) dots += dots_of(picture.image);
+    if (dots > 0 && !has_room_for(dots)) return Q_EMIT picture_refused();
+    QTextDocument piece;
+    piece.setDefaultFont(document()->defaultFont());
+    rtf::fill(piece, content);
+    for_each_picture(piece, [&](QTextCursor place, QTextImageFormat format) {
+        const QVariant picture = piece.resource(QTextDocument::ImageResource, format.name());
+        format.setName(add_picture(picture.value<QImage>()));
+        place.setCharFormat(format);
+    });
+    insert_document(textCursor(), piece);
+    ensureCursorVisible();
+}
+
+QMimeData* RecipeText::createMimeDataFromSelection() const {
+    QMimeData* data = nullptr;
+    guarded([&] { data = selection_data(*document(), textCursor()); });
+    return data != nullptr ? data : new QMimeData;
 }
 
 }  // namespace tavernook

@@ -1,10 +1,10 @@
 // The sheet that a recipe is written on: a paper of its own in every palette, pictures that fit its
-// width, a zoom that leaves the document alone, and everything pasted passes through the form that
-// recipes are kept in, so that what is seen is what will be saved.
+// width, a zoom that leaves the document alone. What is pasted and copied see text_exchange.h.
 #pragma once
 
 #include <QImage>
 #include <QTextEdit>
+#include <string_view>
 
 #include "rich_text/rtf_model.h"
 
@@ -61,8 +61,8 @@ class RecipeText : public QTextEdit {
     void keep_font();
     bool has_room_for(long long dots) const;
     QString add_picture(const QImage& picture);
+    void insert_data(const QMimeData& data);
     bool insert_rich_text(std::string_view bytes);
-    bool insert_html(const QString& html);
     void insert_content(const rtf::Content& content);
 
     FittingPictures* pictures_;

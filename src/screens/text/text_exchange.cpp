@@ -1,0 +1,130 @@
+#include "screens/text/text_exchange.h"
+
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextDocumentFragment>
+#include <QUrl>
+#include <algorithm>
+
+#include "rich_text/rtf_reader.h"
+#include "rich_text/rtf_writer.h"
+#include "screens/parts/guard.h"
+#include "screens/text/fitting_pictures.h"
+
+namespace tavernook {
+
+namespace {
+
+const char* const rich_text_names[] = {"text/rtf", "text/richtext", "application/rtf"};
+
+// A pasted page reaches for no file and no address: only the pictures that it carries count.
+class PastedPage : public QTextDocument {
+  protected:
+    QVariant loadResource(int type, const QUrl& name) override {
+        const bool carried = type == ImageResource && name.scheme() == QLatin1String("data");
+        return carried ? QTextDocument::loadResource(type, name) : QVariant();
+    }
+};
+
+// What the program's own trees drag about: "i" or "m" and a number.
+bool is_of_own_trees(const QMimeData& data) {
+    static const QRegularExpression form(QStringLiteral("^[im][0-9]{1,5}$"));
+    return !data.hasHtml() && data.hasText() && form.match(data.text()).hasMatch();
+}
+
+bool shows_nothing(const rtf::Content& content) {
+    return std::all_of(content.paragraphs.begin(), content.paragraphs.end(),
+                       [](const rtf::Paragraph& paragraph) { return paragraph.runs.empty(); });
+}
+
+// Words from one paragraph, without the paragraph's own form.
+void insert_words(QTextCursor cursor, const QTextBlock& words) {
+    for (auto part = words.begin(); !part.atEnd(); ++part) {
+        const QTextFragment piece = part.fragment();
+        cursor.insertText(piece.text(), piece.charFormat());
+    }
+}
+
+// Lists begin under an empty line instead of in it: that line goes.
+void insert_paragraphs(QTextCursor cursor, const QTextDocumentFragment& paragraphs, int count) {
+    const QTextDocument& document = *cursor.document();
+    const int before = document.blockCount();
+    const int place = cursor.position();
+    const bool on_empty_line = cursor.block().length() == 1;
+    cursor.insertFragment(paragraphs);
+    if (!on_empty_line || document.blockCount() < before + count) return;
+    cursor.setPosition(place);
+    cursor.deleteChar();
+}
+
+int paragraphs_in(const QTextCursor& cursor) {
+    const QTextDocument& document = *cursor.document();
+    return document.findBlock(cursor.selectionEnd()).blockNumber() -
+           document.findBlock(cursor.selectionStart()).blockNumber() + 1;
+}
+
+}  // namespace
+
+bool is_of_files(const QMimeData& data) {
+    const QList<QUrl> addresses = data.urls();
+    return std::any_of(addresses.begin(), addresses.end(),
+                       [](const QUrl& address) { return address.isLocalFile(); });
+}
+
+bool is_no_text(const QMimeData& data) {
+    return is_of_files(data) || is_of_own_trees(data);
+}
+
+QByteArray rich_text_in(const QMimeData& data) {
+    for (const char* name : rich_text_names) {
+        const QByteArray bytes = data.data(QLatin1String(name));
+        if (!bytes.isEmpty()) return bytes;
+    }
+    return {};
+}
+
+std::optional<rtf::Content> content_in(std::string_view rich_text) {
+    rtf::Content content;
+    const bool is_read = quietly([&] { content = rtf::parse(rich_text); });
+    if (!is_read || shows_nothing(content)) return std::nullopt;
+    return content;
+}
+
+std::string rich_text_of_page(const QString& html, const QFont& font) {
+    PastedPage page;
+    page.setDefaultFont(font);
+    page.setHtml(html);
+    return rtf::written(page);
+}
+
+void insert_document(QTextCursor cursor, const QTextDocument& document) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    if (document.blockCount() == 1) {
+        insert_words(cursor, document.begin());
+    } else {
+        insert_paragraphs(cursor, QTextDocumentFragment(&document), document.blockCount());
+    }
+    cursor.endEditBlock();
+}
+
+QMimeData* selection_data(const QTextDocument& document, const QTextCursor& selection) {
+    QTextDocument piece;
+    piece.setDefaultFont(document.defaultFont());
+    const QTextDocumentFragment selected = selection.selection();
+    insert_paragraphs(QTextCursor(&piece), selected, paragraphs_in(selection));
+    for_each_picture(piece, [&](const QTextCursor&, const QTextImageFormat& format) {
+        const QUrl name(format.name());
+        piece.addResource(QTextDocument::ImageResource, name,
+                          document.resource(QTextDocument::ImageResource, name));
+    });
+    const QByteArray bytes = QByteArray::fromStdString(rtf::written(piece));
+    auto* data = new QMimeData;
+    data->setText(selected.toPlainText());
+    data->setHtml(selected.toHtml());
+    for (const char* name : rich_text_names) data->setData(QLatin1String(name), bytes);
+    return data;
+}
+
+}  // namespace tavernook
