@@ -8,16 +8,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/platform.h"
 
 namespace tavernook {
 
 namespace {
-
-QDate today() {
-    const CivilDate now = civil_from_date(platform_clock().now());
-    return {now.year, now.month, now.day};
-}
 
 QPoint place_beside(const QWidget& field, const QRect& cell, const QSize& size) {
     const QRect screen = field.screen()->availableGeometry();
@@ -74,7 +68,7 @@ void DatePopup::set_heading(const QString& heading) {
 }
 
 void DatePopup::ask(QWidget& field, const QRect& place, const QString& heading) {
-    const QDate day = today();
+    const QDate day = todays_date();
     field_ = &field;
     set_heading(heading);
     calendar_->setSelectedDate(day);
@@ -96,10 +90,6 @@ void DatePopup::pick(const QDate& day) {
 void DatePopup::hideEvent(QHideEvent* event) {
     QFrame::hideEvent(event);
     if (field_ != nullptr && field_->isVisible()) field_->setFocus(Qt::OtherFocusReason);
-}
-
-Date date_of(const QDate& day) {
-    return date_from_civil(day.year(), day.month(), day.day());
 }
 
 }  // namespace tavernook

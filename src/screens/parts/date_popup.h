@@ -6,7 +6,7 @@
 #include <QFrame>
 #include <QPointer>
 
-#include "basics/date.h"
+#include "screens/parts/qt_dates.h"
 
 class QCalendarWidget;
 class QDate;
@@ -46,8 +46,5 @@ class DatePopup : public QFrame {
     QCalendarWidget* calendar_;
     QPointer<QWidget> field_;
 };
-
-// The start of that day.
-Date date_of(const QDate& day);
 
 }  // namespace tavernook

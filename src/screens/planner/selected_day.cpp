@@ -6,28 +6,11 @@
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "planning/planner_state.h"
-#include "platform/platform.h"
 
 namespace tavernook {
 
-QDate qdate_of(const CivilDate& date) {
-    return {date.year, date.month, date.day};
-}
-
-CivilDate civil_date_of(const QDate& date) {
-    return {date.year(), date.month(), date.day()};
-}
-
-Date date_of(const QDate& date) {
-    return date_from_civil(date.year(), date.month(), date.day());
-}
-
 QDate selected_date() {
     return {selected_year, selected_month, selected_day};
-}
-
-QDate todays_date() {
-    return qdate_of(civil_from_date(platform_clock().now()));
 }
 
 bool day_is_held() {

@@ -4,17 +4,12 @@
 
 #include <QDate>
 
-#include "basics/date.h"
 #include "basics/values.h"
+#include "screens/parts/qt_dates.h"
 
 namespace tavernook {
 
-QDate qdate_of(const CivilDate& date);
-CivilDate civil_date_of(const QDate& date);
-Date date_of(const QDate& date);  // its midnight
-
 QDate selected_date();
-QDate todays_date();
 
 // current_day is a day of the selected date. Otherwise it is a free slot, or of a full table the
 // last one, which is another date's.
