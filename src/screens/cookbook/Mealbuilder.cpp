@@ -332,9 +332,11 @@ void Mealbuilder::keyPressEvent(QKeyEvent* event) {
     close_screen(*this);
 }
 
+// Closing saves, and so ends a step.
 void Mealbuilder::closeEvent(QCloseEvent* event) {
     bool may_close = false;
     guarded([&] { may_close = !is_running() && settle_edits(); });
+    end_of_step();
     event->setAccepted(may_close);
     if (!may_close || return_mode_ != returns_to_planner) return;
     return_mode_ = returns_nowhere;

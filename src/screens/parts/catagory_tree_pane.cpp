@@ -14,6 +14,7 @@
 #include "screens/parts/guard.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/open_catagories.h"
 #include "screens/parts/table_copy.h"
 
 namespace tavernook {
@@ -37,6 +38,8 @@ bool is_slash(const QKeyEvent& key) {
 
 CatagoryTreePane::CatagoryTreePane(QWidget* parent) : QWidget(parent) {}
 
+CatagoryTreePane::~CatagoryTreePane() = default;
+
 void CatagoryTreePane::set_up(const TreeControls& controls, TreeContents contents,
                               TreeManner manner) {
     filter_ = &controls.filter;
@@ -44,6 +47,7 @@ void CatagoryTreePane::set_up(const TreeControls& controls, TreeContents content
     hint_ = &controls.hint;
     manner_ = std::move(manner);
     model_ = new CatagoryTreeModel(std::move(contents), this);
+    open_ = std::make_unique<OpenCatagories>(*tree_, *model_, manner_.opens_up_to);
     tree_->setModel(model_);
     tree_->setAutoExpandDelay(milliseconds_to_open);
     copy_rows_by_keys(*tree_);
@@ -112,16 +116,7 @@ void CatagoryTreePane::populate(View view) {
 
 void CatagoryTreePane::restore_open() {
     const QScopedValueRollback arranging(is_arranging_, true);
-    if (!is_rule_chosen_ && turned_.isEmpty()) {
-        opens_by_rule_ = model_->leaf_count() <= manner_.opens_up_to;
-    }
-    if (opens_by_rule_ || model_->is_filtered()) tree_->expandAll();
-    if (!model_->is_filtered()) {
-        for (const QString& key : turned_) {
-            const QModelIndex index = model_->index_of(key);
-            if (index.isValid()) tree_->setExpanded(index, !opens_by_rule_);
-        }
-    }
+    open_->restore();
     if (model_->columnCount() > 1) span_catagories();
     update_hint();
 }
@@ -134,25 +129,12 @@ void CatagoryTreePane::span_catagories() {
 }
 
 void CatagoryTreePane::note_turned(const QModelIndex& index, bool is_open) {
-    if (is_arranging_ || model_->is_filtered()) return;
-    const QString key = index.data(CatagoryTreeModel::key_role).toString();
-    if (is_open == opens_by_rule_) {
-        turned_.remove(key);
-    } else {
-        turned_.insert(key);
-    }
+    if (!is_arranging_) open_->note(index, is_open);
 }
 
 void CatagoryTreePane::expand_all(bool is_open) {
     const QScopedValueRollback arranging(is_arranging_, true);
-    turned_.clear();
-    opens_by_rule_ = is_open;
-    is_rule_chosen_ = true;
-    if (is_open) {
-        tree_->expandAll();
-    } else {
-        tree_->collapseAll();
-    }
+    open_->set_all(is_open);
 }
 
 void CatagoryTreePane::sort_by_header() {

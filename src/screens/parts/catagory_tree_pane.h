@@ -5,7 +5,7 @@
 // controls, which may stand there among others; `set_up` takes them over with what the tree shows.
 // From then on the pane keeps what the user has arranged: `populate` reads everything anew, and the
 // same row is marked, the same categories are open, and the same rows are in sight as before. At
-// first all categories are open, unless there are more leaves than one looks through. While a
+// first all categories are open, unless there are many leaves; see open_catagories.h. While a
 // filter is typed everything found is in sight; after it the categories stand as they stood.
 //
 // A row is marked in two ways. The user's way tells: `chosen` says that another row is the current
@@ -24,10 +24,10 @@
 // missed.
 #pragma once
 
-#include <QSet>
 #include <QString>
 #include <QWidget>
 #include <limits>
+#include <memory>
 
 #include "screens/parts/catagory_tree_model.h"
 
@@ -38,6 +38,8 @@ class QLineEdit;
 class QTreeView;
 
 namespace tavernook {
+
+class OpenCatagories;
 
 struct TreeControls {
     QLineEdit& filter;
@@ -58,6 +60,7 @@ class CatagoryTreePane : public QWidget {
     using View = CatagoryTreeModel::View;
 
     explicit CatagoryTreePane(QWidget* parent = nullptr);
+    ~CatagoryTreePane() override;
 
     // Reads anew what there is; what is marked, open and in sight stays so. Lets out what reading
     // throws, and everything stays as it was then.
@@ -128,12 +131,10 @@ class CatagoryTreePane : public QWidget {
     QTreeView* tree_ = nullptr;
     QLabel* hint_ = nullptr;
     CatagoryTreeModel* model_ = nullptr;
+    std::unique_ptr<OpenCatagories> open_;
     QAction* rename_ = nullptr;
     TreeManner manner_;
     QString on_show_;
-    QSet<QString> turned_;  // categories that the user has opened or closed against the rule
-    bool opens_by_rule_ = true;
-    bool is_rule_chosen_ = false;  // by the user; the number of leaves has no say any more
     bool is_arranging_ = false;
 };
 

@@ -5,8 +5,6 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QMenu>
-#include <QPainter>
 #include <QSignalBlocker>
 #include <QTextEdit>
 #include <QToolBar>
@@ -16,6 +14,7 @@
 
 #include "screens/parts/choice_box.h"
 #include "screens/parts/icons.h"
+#include "screens/text/ink_menu.h"
 
 namespace tavernook {
 
@@ -25,33 +24,6 @@ constexpr const char* sizes[] = {"8",  "10", "12", "14", "16", "18", "20",
                                  "22", "24", "26", "28", "36", "48", "72"};
 constexpr double smallest_size = 1;
 constexpr double largest_size = 999;
-
-// Colours of ink: they belong to the document, whatever the palette is.
-struct Ink {
-    const char* name;
-    QRgb colour;
-};
-constexpr Ink inks[] = {
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Black"), qRgb(0, 0, 0)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Grey"), qRgb(96, 96, 96)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Red"), qRgb(192, 0, 0)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Orange"), qRgb(176, 84, 0)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Brown"), qRgb(112, 64, 32)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Green"), qRgb(0, 112, 0)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Teal"), qRgb(0, 108, 112)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Blue"), qRgb(0, 64, 192)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Purple"), qRgb(112, 48, 160)},
-    {QT_TRANSLATE_NOOP("RecipeToolbar", "Pink"), qRgb(192, 0, 120)},
-};
-
-QIcon swatch(QRgb colour, const QColor& frame) {
-    QPixmap pixmap(32, 32);
-    pixmap.fill(QColor(colour));
-    QPainter painter(&pixmap);
-    painter.setPen(frame);
-    painter.drawRect(pixmap.rect().adjusted(0, 0, -1, -1));
-    return QIcon(pixmap);
-}
 
 QString size_text(double points) {
     return points > 0 ? QString::number(points, 'g', 4) : QString();
@@ -73,7 +45,8 @@ RecipeToolbar::RecipeToolbar(QTextEdit& text, QWidget& home)
       text_(text),
       font_box_(new ChoiceBox(this)),
       size_box_(new ChoiceBox(this)),
-      bar_(new QToolBar(tr("Text format"), this)) {
+      bar_(new QToolBar(tr("Text format"), this)),
+      colours_(new InkMenu(this)) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(font_box_);
@@ -173,19 +146,8 @@ void RecipeToolbar::add_buttons(QWidget& home) {
 }
 
 void RecipeToolbar::add_colours() {
-    colours_ = new QMenu(this);
-    colours_->setObjectName(QStringLiteral("recipe_colours"));
-    QAction* automatic = colours_->addAction(tr("&Automatic"));
-    automatic->setCheckable(true);
-    colours_->addSeparator();
-    const QColor frame = palette().color(QPalette::WindowText);
-    for (const Ink& ink : inks) {
-        QAction* choice = colours_->addAction(swatch(ink.colour, frame), tr(ink.name));
-        choice->setCheckable(true);
-        choice->setData(QColor(ink.colour));
-    }
     colour_->setMenu(colours_);
-    connect(colours_, &QMenu::triggered, this, &RecipeToolbar::set_colour);
+    connect(colours_, &InkMenu::chosen, this, &RecipeToolbar::set_colour);
     connect(colours_, &QMenu::aboutToShow, this, &RecipeToolbar::follow_caret);
 }
 
@@ -254,10 +216,7 @@ void RecipeToolbar::follow_caret() {
     for (const auto& [side, action] : sides_) action->setChecked(look.alignment == side);
     font_box_->show_choice(look.family);
     size_box_->show_choice(size_text(look.points));
-    for (QAction* choice : colours_->actions()) {
-        const auto colour = choice->data().value<QColor>();
-        choice->setChecked(colour.isValid() ? look.colour == colour.rgb() : look.automatic_colour);
-    }
+    colours_->show_look(look);
 }
 
 void RecipeToolbar::merge(const QTextCharFormat& format) {
@@ -294,11 +253,9 @@ void RecipeToolbar::set_size(const QString& size) {
     follow_caret();
 }
 
-// No brush is what a text has that follows the paper.
-void RecipeToolbar::set_colour(QAction* choice) {
-    const auto colour = choice->data().value<QColor>();
+void RecipeToolbar::set_colour(const QBrush& ink) {
     QTextCharFormat format;
-    format.setForeground(colour.isValid() ? QBrush(colour) : QBrush(Qt::NoBrush));
+    format.setForeground(ink);
     merge(format);
 }
 

@@ -9,7 +9,7 @@
 #include "screens/text/recipe_look.h"
 
 class QAction;
-class QMenu;
+class QBrush;
 class QTextCharFormat;
 class QTextEdit;
 class QToolBar;
@@ -17,6 +17,7 @@ class QToolBar;
 namespace tavernook {
 
 class ChoiceBox;
+class InkMenu;
 
 class RecipeToolbar : public QWidget {
     Q_OBJECT
@@ -59,13 +60,14 @@ class RecipeToolbar : public QWidget {
     void set_alignment(Qt::Alignment side);
     void set_family(const QString& family);
     void set_size(const QString& size);
-    void set_colour(QAction* choice);
+    void set_colour(const QBrush& ink);
     void back_to_text();
 
     QTextEdit& text_;
     ChoiceBox* font_box_;
     ChoiceBox* size_box_;
     QToolBar* bar_;
+    InkMenu* colours_;
     std::vector<QAction*> own_;
     QAction* bold_ = nullptr;
     QAction* italic_ = nullptr;
@@ -73,7 +75,6 @@ class RecipeToolbar : public QWidget {
     std::vector<std::pair<Qt::Alignment, QAction*>> sides_;
     QAction* bullet_ = nullptr;
     QAction* colour_ = nullptr;
-    QMenu* colours_ = nullptr;
 };
 
 }  // namespace tavernook

@@ -3,6 +3,7 @@
 #include <QMenu>
 
 #include "core/catagories.h"
+#include "core/changes.h"
 #include "screens/cookbook/mealbuilder_fixture.h"
 #include "screens/pantry/FoodInventory.h"
 #include "screens/parts/quantity_box.h"
@@ -314,6 +315,37 @@ TEST_F(RecipeIngredients, NamesChangedElsewhereAreReadWhenTheScreenComesToTheFro
     EXPECT_EQ(ingredients().front(), "Oat Milk 1.5 Mug(s) 7t");
     EXPECT_NE(unit_box().findText("Mug(s)"), -1);
     EXPECT_EQ(rows(), "[General [Breakfast Pancakes Porridge ] Goulash ] ");
+}
+
+TEST_F(RecipeIngredients, WhatIsBeingTypedStaysWhileTheFiguresFollow) {
+    open_pancakes();
+    size_box().setFocus();
+    size_box().setText("4");
+    unit_box().setEditText("Cu");
+    items[7].calories = 10;
+    items[7].name = "Oat Milk";
+    end_of_step();
+    EXPECT_EQ(ingredients().front(), "Oat Milk 1.5 Cup(s) 7t");
+    EXPECT_EQ(label("total_calories"), "90");
+    EXPECT_EQ(size_box().text(), "4");
+    EXPECT_EQ(unit_box().currentText(), "Cu");
+    EXPECT_EQ(meal_serving_size[1], 1);
+}
+
+TEST_F(RecipeIngredients, AnIngredientThatGoesWhileItsQuantityIsAskedForIsLeftAlone) {
+    open_pancakes();
+    choose_ingredient(0);
+    platform.boxes
+        .expect_input("Servings of Milk (1 Serving = 0.5 Cup(s))", "Ingredient Quantity", "3", "5")
+        .during([] {
+            items[7].in_use = 0;
+            look_for_changes();
+            put_item(7, "Cream", 1, 0, 0, 0, 1);
+            look_for_changes();
+        });
+    click("change_quantity_button");
+    EXPECT_EQ(meals[1].ingredient_qty[1], 3);
+    EXPECT_EQ(hint(), "The recipe or the item is not there any more.");
 }
 
 TEST_F(RecipeIngredients, TheHintTellsWhatToDo) {

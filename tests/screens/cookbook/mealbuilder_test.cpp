@@ -8,6 +8,7 @@
 #include <set>
 
 #include "core/catagories.h"
+#include "core/changes.h"
 #include "screens/cookbook/mealbuilder_fixture.h"
 
 namespace tavernook {
@@ -297,6 +298,39 @@ TEST_F(RecipeManager, AddToPlanHandsTheQuantityOver) {
     command("Toolbar1_5");
     EXPECT_EQ(calls.entries,
               (std::vector<std::string>{"MealPlan add_meal 1 2.5", "MealPlan add_meal 1 -1"}));
+}
+
+TEST_F(RecipeManager, ARecipeThatGoesWhileItsQuantityIsAskedForIsNotPlanned) {
+    put_household();
+    open();
+    mark("1c");
+    CallLog calls;
+    FakeMealPlan planner(calls);
+    platform.boxes.expect_input("Meal Quantity to Add. 1 Servings = 1 ", "Meal Quantity", "1", "2")
+        .during([] {
+            meals[1].in_use = 0;
+            look_for_changes();
+            put_recipe(1, "Another One");
+            look_for_changes();
+        });
+    command("Toolbar1_5");
+    EXPECT_EQ(calls.entries, std::vector<std::string>{});
+    EXPECT_EQ(hint(), "The recipe is not there any more.");
+    EXPECT_EQ(screen().get_mealid(), 0);
+    EXPECT_EQ(label("recipe_heading"), "No recipe chosen");
+}
+
+TEST_F(RecipeManager, AnotherRecipeInTheSameSlotIsNotTheOneOnShow) {
+    put_household();
+    open();
+    mark("3c");
+    meals[3].in_use = 0;
+    end_of_step();
+    put_recipe(3, "Goulash");
+    end_of_step();
+    EXPECT_EQ(screen().get_mealid(), 0);
+    EXPECT_EQ(rows(), "[General [Breakfast Pancakes Porridge ] Goulash ] ");
+    EXPECT_EQ(label("recipe_heading"), "No recipe chosen");
 }
 
 TEST_F(RecipeManager, AddToPlanLoadsThePlannerAndPlansOnTheDayItShows) {

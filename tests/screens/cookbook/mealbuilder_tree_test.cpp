@@ -147,6 +147,21 @@ TEST_F(RecipeTree, EnterAndInsertInANameLeaveTheTreeAlone) {
     EXPECT_EQ(catagories[2].name.trimmed(), "Morning");
 }
 
+TEST_F(RecipeTree, ANameThatIsBeingTypedOutlastsChangesElsewhere) {
+    put_household();
+    open();
+    tree().setFocus();
+    mark("3c");
+    press("F2");
+    meals[2].name = "Oatmeal";
+    end_of_step();
+    ASSERT_NE(tree().indexWidget(tree().currentIndex()), nullptr);
+    press("Escape");
+    settle();
+    settle();
+    EXPECT_EQ(rows(), "[General [Breakfast Oatmeal Pancakes ] Stew ] ");
+}
+
 TEST_F(RecipeTree, TheRootCannotBeGivenANewName) {
     open();
     tree().setFocus();
