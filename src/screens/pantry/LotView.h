@@ -15,7 +15,9 @@
 #include "screens/pantry/lot_rows.h"
 #include "screens/parts/screen.h"
 
+class QAction;
 class QDate;
+class QPushButton;
 
 namespace tavernook {
 
