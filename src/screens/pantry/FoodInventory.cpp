@@ -212,8 +212,7 @@ bool FoodInventory::start_new_item() {
 }
 
 void FoodInventory::accept() {
-    if (!item_.is_any()) return;
-    item_.store(item_.is_new());
+    if (!item_.is_any() || !item_.store(item_.is_new())) return;
     if (ports::Reports* screen = reports()) {
         screen->search_engine();
         screen->populate_list();

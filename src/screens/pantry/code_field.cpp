@@ -13,7 +13,7 @@ CodeField::CodeField(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui
     ui_->setupUi(this);
     ui_->Text13->set_collector(*ui_->Text14);
     connect(ui_->scan, &QPushButton::clicked, this, [this] { Q_EMIT command([this] { scan(); }); });
-    connect(ui_->Text13, &ScanEntry::scanned, this, &CodeField::show_code);
+    connect(ui_->Text13, &ScanEntry::scanned, this, &CodeField::take);
     connect(ui_->Text13, &ScanEntry::ended, this, &CodeField::show_text);
     show_code({});
     follow_scanner_type();
@@ -26,12 +26,17 @@ void CodeField::show_code(const std::string& code) {
     show_text();
 }
 
+void CodeField::take(const std::string& code) {
+    if (is_scanning_) show_code(code);
+}
+
 // The old code is out of sight for as long as the box for another one is open.
 void CodeField::show_text() {
     ui_->barcode->setText(ui_->Text13->is_taking_one() ? QString() : shown_text(code_));
 }
 
 void CodeField::give_up_scanning() {
+    is_scanning_ = false;
     if (ui_->Text13->is_taking_one()) ui_->scan->setFocus(Qt::OtherFocusReason);
 }
 
@@ -44,6 +49,7 @@ void CodeField::follow_scanner_type() {
 
 void CodeField::scan() {
     follow_scanner_type();
+    is_scanning_ = true;
     ui_->Text13->take_one(*ui_->scan);
     show_text();
 }

@@ -25,6 +25,8 @@ class CodeField : public QWidget {
 
     // Blank counts as none, which reads "empty".
     void show_code(const std::string& code);
+
+    // The item is another one now; a code that comes all the same is not for it.
     void give_up_scanning();
     const std::string& code() const { return code_; }
 
@@ -38,10 +40,12 @@ class CodeField : public QWidget {
 
   private:
     void scan();
+    void take(const std::string& code);
     void show_text();
 
     std::unique_ptr<Ui::CodeField> ui_;
     std::string code_;
+    bool is_scanning_ = false;
 };
 
 }  // namespace tavernook

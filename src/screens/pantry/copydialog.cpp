@@ -62,6 +62,7 @@ void copydialog::make_copy(i16 catagory) {
     const i16 item = item_.now();
     if (item == 0) return say(tr("The item has been deleted; nothing was copied."));
     const i16 copy = copy_item(item, home_catagory(catagory));
+    if (copy == 0) return;
     project_modified = i16_true;
     if (ports::FoodInventory* screen = food_inventory()) screen->view_item(copy, i16_true);
 }

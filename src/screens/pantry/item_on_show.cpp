@@ -71,17 +71,14 @@ bool ItemOnShow::settle() {
     const Answer answer =
         boxes().message(what + shown_name + "?", Buttons::yes_no_cancel, "Item Inventory");
     if (answer == Answer::cancel) return false;
-    if (answer == Answer::yes) {
-        store(is_new_);
-    } else {
-        show(number());
-    }
+    if (answer == Answer::yes) return store(is_new_);
+    show(number());
     return true;
 }
 
-void ItemOnShow::store(bool as_new) {
+bool ItemOnShow::store(bool as_new) {
     const i16 present = as_new ? i16{0} : number();
-    if (!as_new && present == 0) return;
+    if (!as_new && present == 0) return true;
     form_.follow(present);
     const ItemValues values = form_.values(present);
     const i16 item = as_new ? create_item_from_form(values) : present;
@@ -92,6 +89,7 @@ void ItemOnShow::store(bool as_new) {
     form_.refresh_stores();
     show(item);
     tell_other_screens(item);
+    return true;
 }
 
 }  // namespace tavernook

@@ -45,8 +45,8 @@ class ItemOnShow {
 
     // What stands in the form becomes the item's record, or a new one's, and is on show again. The
     // boxes that nobody touched count as they are stored now. The list to buy and the scan list are
-    // told.
-    void store(bool as_new);
+    // told. False when it could not be stored; true, too, for an item that has gone.
+    bool store(bool as_new);
 
   private:
     ItemFormPane& form_;

@@ -32,7 +32,7 @@ bool is_past_its_date(const LotRecord& record, std::size_t place) {
 LotRows::LotRows()
     : ordinary_mark_(icon(QStringLiteral("lot"))),
       current_mark_(icon(QStringLiteral("lot_current"))),
-      expired_mark_(icon(QStringLiteral("expiry"))) {}
+      expired_mark_(icon(QStringLiteral("warning"))) {}
 
 LotRows::Line LotRows::read_line(const LotRecord& record, i16 place, const QString& unit) {
     const auto at = static_cast<std::size_t>(place);

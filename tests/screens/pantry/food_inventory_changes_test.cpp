@@ -306,6 +306,16 @@ TEST_F(ItemThatChanges, ADeletedItemIsNotHandedOver) {
     EXPECT_TRUE(screen().isVisible());
 }
 
+TEST_F(ItemThatChanges, ACodeThatWasAskedForADeletedItemIsNotTaken) {
+    scanner_type = 3;
+    platform.boxes.expect_input("Enter Barcode", "Barcode Entry", "", "333").during([] {
+        put_tea_in_its_place();
+        end_of_step();
+    });
+    click("scan");
+    expect_nothing_on_show();
+}
+
 TEST_F(ItemThatChanges, ADeletedItemIsNotCopied) {
     command("item_toolbar_1_5");
     auto* dialog = screen().findChild<QDialog*>("copydialog");

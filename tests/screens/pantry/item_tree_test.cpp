@@ -1,7 +1,7 @@
 #include "screens/pantry/item_tree.h"
 
 #include <QAbstractItemModelTester>
-#include <QElapsedTimer>
+#include <ctime>
 
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
@@ -168,11 +168,11 @@ TEST_F(ItemModel, BuildsATreeOfTenThousandItemsQuickly) {
         put_item(item, ("Food number " + std::to_string(item)).c_str(), 1);
     }
     CatagoryTreeModel plain(item_tree_contents());  // without the tester, which looks at every row
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t start = std::clock();
     plain.populate(CatagoryTreeModel::View::tree);
-    RecordProperty("populate_ms", static_cast<int>(clock.elapsed()));
-    EXPECT_LT(clock.elapsed(), 100);
+    const auto milliseconds = (std::clock() - start) * 1000 / CLOCKS_PER_SEC;
+    RecordProperty("populate_ms", static_cast<int>(milliseconds));
+    EXPECT_LT(milliseconds, 100);
     EXPECT_EQ(plain.leaf_count(), 10000);
 }
 
