@@ -1,5 +1,5 @@
 // What the planner knows of the day that it shows: the selected date, the slot that stands for it,
-// and whether it has been audited. Reads the planner's state; changes nothing and never throws.
+// and whether it has been audited. What asks, only reads, and never throws.
 #pragma once
 
 #include <QDate>
@@ -13,6 +13,7 @@ QDate qdate_of(const CivilDate& date);
 CivilDate civil_date_of(const QDate& date);
 Date date_of(const QDate& date);  // its midnight
 
+void select_date(const QDate& date);  // nothing is opened
 QDate selected_date();
 QDate todays_date();
 
