@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #ifdef TAVERNOOK_QT_TESTS
-#include <QApplication>
+#include "gui_support/test_application.h"
 #endif
 
 int main(int argc, char** argv) {
 #ifdef TAVERNOOK_QT_TESTS
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    const auto application = tavernook::new_test_application(argc, argv);
     QCoreApplication::setOrganizationName("Tavernook");
     QCoreApplication::setApplicationName("Tavernook");
 #endif

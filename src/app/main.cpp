@@ -1,8 +1,6 @@
 // Builds the platform, hands it over and opens the first window.
 #include "screens/frame/Main.h"
 
-#include <QApplication>
-
 #include "app/program_start.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
@@ -11,10 +9,11 @@
 #include "screens/frame/register_screens.h"
 #include "screens/frame/start_up.h"
 #include "screens/lookups/ReplaceItem.h"
+#include "screens/parts/application.h"
 
 int main(int argc, char** argv) {
     using namespace tavernook;
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     introduce_program(application);
     QtPlatform outside;
     Main main_window;

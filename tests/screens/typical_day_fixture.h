@@ -209,10 +209,12 @@ class TypicalDay : public ChildScreenTest {
     }
     QTextEdit& recipe_text() { return *part<QWidget>("recipe_pane").findChild<QTextEdit*>(); }
 
-    // The clock comes to a moment of that day, and both timers tick.
+    // The clock comes to a moment of that day, and both timers tick. Where it is the second one's
+    // turn, as on a machine that was slow so far, that one ticks before.
     void let_time_come(Date day, int hour, int minute) {
         platform.clock.time = day + (hour * 60 + minute) / 1440.0 + 10.0 / 86400.0;
-        EXPECT_TRUE(tick("timer_1"));
+        const bool ticked = tick("timer_1") || (tick("timer_2") && tick("timer_1"));
+        EXPECT_TRUE(ticked);
         EXPECT_TRUE(tick("timer_2"));
         settle();
     }

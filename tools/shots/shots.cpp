@@ -28,6 +28,7 @@
 #include "screens/frame/Splash.h"
 #include "screens/frame/register_screens.h"
 #include "screens/lookups/ReplaceItem.h"
+#include "screens/parts/application.h"
 #include "shots/shots_inventory.h"
 #include "shots/shots_lookups.h"
 #include "shots/shots_planner.h"
@@ -184,7 +185,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
 int take_pictures(int argc, char** argv) {
     const QTemporaryDir home;
     qputenv("TAVERNOOK_HOME", home.path().toUtf8());
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     introduce_program(application);
     application.setQuitOnLastWindowClosed(false);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

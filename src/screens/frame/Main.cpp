@@ -3,20 +3,25 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMdiSubWindow>
-#include <QScreen>
+#include <QDragEnterEvent>
+#include <QMetaObject>
+#include <QMimeData>
+#include <QShortcut>
+#include <QUrl>
 
+#include "aids/sample_project.h"
 #include "core/program_state.h"
 #include "core/project/daily_audit.h"
 #include "core/project/main_commands.h"
 #include "core/project_data.h"
-#include "core/trap.h"
 #include "platform/platform.h"
 #include "screens/frame/About.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/StartPage.h"
+#include "screens/frame/child_area.h"
+#include "screens/frame/main_actions.h"
 #include "screens/frame/main_commands_table.h"
-#include "screens/frame/window_place.h"
+#include "screens/frame/window_memory.h"
 #include "screens/parts/shown_text.h"
 #include "ui_Main.h"
 
@@ -24,14 +29,12 @@ namespace tavernook {
 
 namespace {
 
-constexpr const char* settings_section = "Window";
-
-QList<QRect> places_on_screens() {
-    QList<QRect> places{QGuiApplication::primaryScreen()->availableGeometry()};
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (screen != QGuiApplication::primaryScreen()) places.append(screen->availableGeometry());
-    }
-    return places;
+// The one project that is dragged; empty for anything else.
+QString dragged_project(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    if (urls.size() != 1 || !urls.first().isLocalFile()) return {};
+    const QString path = urls.first().toLocalFile();
+    return path.endsWith(QLatin1String(".tvk"), Qt::CaseInsensitive) ? path : QString();
 }
 
 }  // namespace
@@ -54,11 +57,11 @@ Main::Main()
           this, [this] { first_tick(); }, [this] { refresh(); }) {
     ui_->setupUi(this);
     registry_ = std::make_unique<ScreenRegistry>(*ui_->mdi_area);
+    status_bar_ = std::make_unique<MainStatusBar>(*statusBar());
     progress_ = new SaveProgress(this);
-    set_up_commands();
-    set_up_toolbars();
-    set_up_status_bar();
-    set_up_start_page();
+    actions_ = new MainActions(*this, *registry_);
+    children_ = new ChildArea(*ui_->mdi_area, *registry_, this);
+    connect_parts();
     set_toolbar_captions(true);
     set_geometry(WindowGeometry{});
     refresh();
@@ -67,10 +70,27 @@ Main::Main()
 Main::~Main() {
     gone_ = true;
     timers_.stop();
-    disconnect(ui_->mdi_area, nullptr, this, nullptr);
-    ui_->mdi_area->viewport()->removeEventFilter(this);
+    children_->let_go();
     hide();  // the child windows still hear of it, as long as their registry is there
 }
+
+void Main::connect_parts() {
+    connect(actions_, &MainActions::command_wanted, this, &Main::run_command);
+    connect(actions_, &MainActions::recent_wanted, this, &Main::open_recent);
+    connect(children_, &ChildArea::changed, this, [this] {
+        if (!gone_) refresh();
+    });
+    const StartPage& start = children_->start_page();
+    connect(&start, &StartPage::new_wanted, ui_->mnuFile_NewProject, &QAction::trigger);
+    connect(&start, &StartPage::open_wanted, ui_->mnuFile_Open, &QAction::trigger);
+    connect(&start, &StartPage::sample_wanted, this, [this] { run(SeedProject); });
+    connect(&start, &StartPage::recent_wanted, this, &Main::open_recent);
+    auto* next_pane = new QShortcut(Qt::Key_F6, this);
+    next_pane->setObjectName(QStringLiteral("next_pane"));
+    connect(next_pane, &QShortcut::activated, this, &Main::focus_next_pane);
+}
+
+// --- what the logic tells ------------------------------------------------------------------------
 
 void Main::load(const std::string& command_line) {
     {
@@ -78,38 +98,47 @@ void Main::load(const std::string& command_line) {
         main_load(command_line);
     }
     if (!command_line.empty()) tell_when_not_opened(command_line);
-    restore_window();
+    restore_window(*this);
+    end_of_step();
     refresh();
-    start_page_->focus_first();
+    children_->focus_start_page();
 }
 
 void Main::set_title(std::string_view title) {
     title_ = title;
     refresh_title();
-    refresh_start_page();
+    children_->refresh(actions_->are_project_menus_allowed());
+}
+
+void Main::set_status(int panel, std::string_view text) {
+    status_bar_->set_text(panel, text);
+}
+
+void Main::set_toolbar_state(int mode) {
+    actions_->allow_project_buttons(mode == 2);
+    actions_->refresh(children_->has_child_window());
+}
+
+void Main::set_toolbar_captions(bool shown) {
+    actions_->set_captions(shown);
+}
+
+void Main::set_recent_files(const std::vector<std::string>& paths) {
+    actions_->set_recent_files(paths);
+    children_->set_recent_files(actions_->recent_files());
 }
 
 void Main::enable_project_menus(bool enabled) {
-    project_menus_ = enabled;
-    refresh_commands();
+    actions_->allow_project_menus(enabled);
+    actions_->refresh(children_->has_child_window());
 }
 
 WindowGeometry Main::geometry() {
-    if (!isMaximized() && !isFullScreen() && !isMinimized()) {
-        return geometry_from_rect(QRect(pos(), size()));
-    }
-    const QPoint frame = QWidget::geometry().topLeft() - pos();
-    const QRect normal = normalGeometry();
-    return geometry_from_rect(QRect(normal.topLeft() - frame, normal.size()));
+    return present_geometry(*this);
 }
 
 void Main::set_geometry(const WindowGeometry& geometry) {
-    const QList<QRect> screens = places_on_screens();
-    const QRect place = geometry == WindowGeometry{}
-                            ? designed_place(screens.first())
-                            : reachable_place(rect_from_geometry(geometry), screens);
-    resize(place.size());
-    move(place.topLeft());
+    place_window(*this, geometry);
 }
 
 void Main::enable_timer(bool enabled) {
@@ -137,35 +166,46 @@ void Main::end_program() {
     Q_EMIT unloaded();
 }
 
+// --- steps ---------------------------------------------------------------------------------------
+
 void Main::closeEvent(QCloseEvent* event) {
     if (gone_) return event->accept();
     event->ignore();
     if (busy_ > 0 && !unloading_) return;
-    {
-        const Busy busy(*this);
-        if (!registry_->settle_edits() || !main_unload()) return;
-        remember_window();
-    }
+    if (!may_close()) return end_of_step();
     event->accept();
     end_program();
+}
+
+bool Main::may_close() {
+    const Busy busy(*this);
+    bool may = false;
+    guarded([&] { may = registry_->settle_edits() && main_unload(); });
+    if (may) remember_window(*this);
+    return may;
 }
 
 void Main::first_tick() {
     const bool quiet =
         busy_ == 0 && !progress_->work_is_running() && QApplication::activeModalWidget() == nullptr;
     if (!quiet) return;
-    const Busy busy(*this);
-    daily_audit_check();
+    {
+        const Busy busy(*this);
+        daily_audit_check();
+    }
+    if (!gone_) end_of_step();
 }
 
-void Main::run(const std::function<void()>& command) {
+void Main::run(const Work& command) {
     if (busy_ > 0 || gone_) return;
     {
         const Busy busy(*this);
         set_status(message_panel, "");
-        command();
+        guarded(command);
     }
-    if (!gone_) refresh();
+    if (gone_) return;
+    end_of_step();
+    refresh();
 }
 
 void Main::run_command(const MainCommand& command) {
@@ -180,7 +220,8 @@ void Main::run_command(const MainCommand& command) {
 
 void Main::open_recent(int index) {
     const auto place = static_cast<std::size_t>(index);
-    if (place < recent_paths_.size()) open_path(recent_paths_[place]);
+    const std::vector<std::string>& paths = actions_->recent_files();
+    if (place < paths.size()) open_path(paths[place]);
 }
 
 // By value, as opening changes the list that the path may come from.
@@ -208,16 +249,36 @@ void Main::show_about() {
 }
 
 void Main::tile() {
-    ui_->mdi_area->tileSubWindows();
+    children_->tile();
 }
 void Main::cascade() {
-    ui_->mdi_area->cascadeSubWindows();
+    children_->cascade();
 }
+
+void Main::dragEnterEvent(QDragEnterEvent* event) {
+    if (busy_ == 0 && !dragged_project(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+// Later, as the program that the file is dragged from waits for the end of the drop.
+void Main::dropEvent(QDropEvent* event) {
+    const QString path = dragged_project(event->mimeData());
+    if (path.isEmpty()) return;
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, path] { open_path(path.toStdString()); }, Qt::QueuedConnection);
+}
+
+// --- what is shown -------------------------------------------------------------------------------
 
 void Main::refresh() {
     refresh_title();
-    refresh_commands();
-    refresh_start_page();
+    actions_->refresh(children_->has_child_window());
+    children_->refresh(actions_->are_project_menus_allowed());
+}
+
+// First toolbar, second toolbar, the screen, and around again.
+void Main::focus_next_pane() {
+    if (!actions_->focus_next_toolbar()) children_->focus_child();
 }
 
 // "[*]" in a file's name is no placeholder for a mark.
@@ -226,31 +287,6 @@ void Main::refresh_title() {
     shown.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     if (project_modified != 0) shown += QLatin1Char('*');
     if (windowTitle() != shown) setWindowTitle(shown);
-}
-
-bool Main::child_window_is_open() const {
-    const auto children = ui_->mdi_area->subWindowList();
-    return std::any_of(children.begin(), children.end(),
-                       [](const QMdiSubWindow* child) { return !child->isHidden(); });
-}
-
-void Main::remember_window() {
-    trap_in_module([this] {
-        settings_store().set(settings_section, "Maximised", isMaximized() ? "1" : "0");
-        settings_store().set(settings_section, "Toolbars", saveState().toBase64().toStdString());
-    });
-}
-
-void Main::restore_window() {
-    trap_in_module([this] {
-        const std::string toolbars = settings_store().get(settings_section, "Toolbars");
-        if (!toolbars.empty()) {
-            restoreState(QByteArray::fromBase64(QByteArray::fromStdString(toolbars)));
-        }
-        if (settings_store().get(settings_section, "Maximised") == "1") {
-            setWindowState(windowState() | Qt::WindowMaximized);
-        }
-    });
 }
 
 }  // namespace tavernook

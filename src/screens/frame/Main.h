@@ -1,26 +1,28 @@
 // The main window: menus, toolbars, status bar, the timer pair and the area for the child screens.
 // It owns no facts: a command calls a routine of the logic, which answers through ports::Main.
+//
+// A command of its menus, a tick of its timer, its start and its end are steps: one at a time, and
+// at the end of each the program looks for what has changed and every screen in sight follows. Its
+// parts (the commands as the user sees them, the status bar, the middle) know nothing of each
+// other and are told here what has come.
 #pragma once
 
 #include <QMainWindow>
-#include <array>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/main_window.h"
+#include "screens/frame/main_status_bar.h"
 #include "screens/frame/screen_registry.h"
 #include "screens/frame/timer_pair.h"
-
-class QAction;
-class QLabel;
-class QToolBar;
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 
+class ChildArea;
+class MainActions;
 class SaveProgress;
-class StartPage;
 struct MainCommand;
 
 namespace Ui {
@@ -69,18 +71,14 @@ class Main : public QMainWindow, public ports::Main {
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     class Busy;
 
-    void set_up_commands();
-    void set_up_toolbars();
-    void set_up_status_bar();
-    void set_up_start_page();
+    void connect_parts();
 
-    // One at a time; what stands in the first status panel goes.
-    void run(const std::function<void()>& command);
+    // One at a time; what stands in the message panel goes.
+    void run(const Work& command);
     void run_command(const MainCommand& command);
     void open_recent(int index);
     void open_path(const std::string& path);
@@ -88,27 +86,19 @@ class Main : public QMainWindow, public ports::Main {
 
     void refresh();
     void refresh_title();
-    void refresh_commands();
-    void refresh_start_page();
-    bool child_window_is_open() const;
     void focus_next_pane();
 
     void first_tick();
-    void remember_window();
-    void restore_window();
+    bool may_close();
 
     std::unique_ptr<Ui::Main> ui_;
     std::unique_ptr<ScreenRegistry> registry_;
+    std::unique_ptr<MainStatusBar> status_bar_;
     SaveProgress* progress_;
-    StartPage* start_page_;
-    std::array<QLabel*, 3> panels_{};
-    std::vector<QAction*> command_actions_;  // in the order of main_commands()
-    std::vector<QAction*> recent_actions_;
-    std::vector<std::string> recent_paths_;
+    MainActions* actions_;
+    ChildArea* children_;
     TimerPair timers_;
     std::string title_ = "Tavernook";
-    bool project_menus_ = false;
-    bool project_buttons_ = false;
     int busy_ = 0;
     bool unloading_ = false;
     bool gone_ = false;

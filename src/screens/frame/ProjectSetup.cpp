@@ -8,7 +8,6 @@
 #include "barcodes/scanners.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
-#include "core/trap.h"
 #include "inventory/item_form.h"
 #include "platform/platform.h"
 #include "screens/parts/list_font.h"
@@ -144,8 +143,8 @@ void ProjectSetup::update_port() {
 }
 
 void ProjectSetup::write_at_once(QCheckBox* box, i16& setting, i16 when_checked) {
-    connect(box, &QCheckBox::toggled, this, [&setting, when_checked](bool checked) {
-        set_setting(setting, checked ? when_checked : i16_false);
+    connect(box, &QCheckBox::toggled, this, [this, &setting, when_checked](bool checked) {
+        steps_.run([&] { set_setting(setting, checked ? when_checked : i16_false); });
     });
 }
 
@@ -161,11 +160,12 @@ void ProjectSetup::connect_settings() {
                 [](int) { project_modified = i16_true; });
     }
     connect(ui_->scanner_list, &QComboBox::currentIndexChanged, this, [this](int place) {
-        if (place >= 0) set_setting(scanner_type, static_cast<i16>(place));
+        if (place >= 0) steps_.run([place] { set_setting(scanner_type, static_cast<i16>(place)); });
         update_port();
     });
-    connect(ui_->port_list, &QComboBox::currentIndexChanged, this, [](int place) {
-        if (place >= 0) set_setting(scanner_comm_port, static_cast<i16>(place + 1));
+    connect(ui_->port_list, &QComboBox::currentIndexChanged, this, [this](int place) {
+        if (place < 0) return;
+        steps_.run([place] { set_setting(scanner_comm_port, static_cast<i16>(place + 1)); });
     });
     connect(ui_->font_list, &QComboBox::currentIndexChanged, this, [this](int) {
         font_was_tried_ = true;
@@ -195,7 +195,11 @@ SetupTexts ProjectSetup::typed_setup() const {
 
 // A number that no setting can hold keeps the screen open.
 void ProjectSetup::accept() {
-    const bool done = trap_in_screen([this] { accept_setup(typed_setup()); });
+    bool done = false;
+    steps_.run([&] {
+        accept_setup(typed_setup());
+        done = true;
+    });
     if (!done) return;
     if (font_was_tried_) apply_font_size(font_size);
     QDialog::accept();

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "core/project_settings.h"
+#include "screens/parts/guard.h"
 
 class QCheckBox;
 class QComboBox;
@@ -40,6 +41,7 @@ class ProjectSetup : public QDialog {
     void update_port();
     SetupTexts typed_setup() const;
 
+    Steps steps_;
     std::unique_ptr<Ui::ProjectSetup> ui_;
     bool font_was_tried_ = false;
 };

@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/Splash.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 
@@ -23,7 +24,7 @@ void start_program(Main& main, Splash& splash, const std::string& command_line) 
     platform_clock().wait_seconds(1);
     main.load(command_line);
     main.show();
-    trap_in_module([] { file_associations().write(); });
+    guarded([] { file_associations().write(); }, module_message);
     splash.close();
 }
 

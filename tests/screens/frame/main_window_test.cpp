@@ -6,6 +6,7 @@
 #include <set>
 #include <vector>
 
+#include "core/changes.h"
 #include "screens/frame/About.h"
 #include "screens/frame/register_screens.h"
 #include "screens/main_window_fixture.h"
@@ -453,6 +454,29 @@ TEST_F(MainWindow, TheChosenMinuteAuditsByItself) {
     EXPECT_TRUE(tick("timer_2"));
     EXPECT_EQ(shown_title(), "Tavernook - home.tvk*");
     project_modified = 0;
+}
+
+TEST_F(MainWindow, CommandsTicksAndClosingAreSteps) {
+    bring_project();
+    const Seen items_seen{Subject::items};
+    items[7].in_use = 1;
+    items[7].name = "Flour";
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_TRUE(items_seen.is_stale());
+    const Seen stores_seen{Subject::stores};
+    stores[9].in_use = 1;
+    stores[9].name = "Market";
+    action("Project_ShoppingList").trigger();
+    EXPECT_TRUE(stores_seen.is_stale());
+    const Seen units_seen{Subject::units};
+    units[90].in_use = 1;
+    units[90].name = "crate";
+    project_modified = i16_true;
+    platform.boxes.expect_message(
+        "Project has been modified.  Would you like to save before closing?", Answer::cancel);
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(units_seen.is_stale());
+    project_modified = i16_false;
 }
 
 TEST_F(MainWindow, EndingTheProgramAsksAndStoresNothing) {
