@@ -16,9 +16,16 @@ i16 find_free_catagory();
 // Type 32 makes a recipe category. Shows it in the tree of its screen. Returns the slot.
 i16 new_catagory(std::string_view name, i16 type, i16 parent);
 
-// -1 deleted; 0 refused, with a box that says why, or kept by the user. The name and the rows
-// beneath stay. The live recipes of a category of any type but 0 go with it, after a question;
-// their documents stay. Nothing has changed after 0.
-i16 delete_catagory(i16 slot);
+// Live, and of items; live, and of recipes.
+bool is_item_catagory(i16 row) noexcept;
+bool is_recipe_catagory(i16 row) noexcept;
+
+// Where an item of this category is shown: there, or under the first one when it is none.
+i16 home_catagory(i16 row) noexcept;
+
+// Blanks around the name go, and what is behind the 32nd letter. A blank name is refused, and so is
+// a row that is not live and of that kind. Marks the project as modified where it tells true.
+bool rename_catagory(i16 row, std::string_view name) noexcept;
+bool rename_recipe_catagory(i16 row, std::string_view name) noexcept;
 
 }  // namespace tavernook

@@ -5,7 +5,6 @@
 #include "basics/text.h"
 #include "core/trap.h"
 #include "core/where_used.h"
-#include "inventory/replacement.h"
 #include "platform/platform.h"
 
 namespace tavernook {

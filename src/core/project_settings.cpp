@@ -2,8 +2,8 @@
 
 #include "basics/number_text.h"
 #include "core/program_state.h"
-#include "core/project/daily_audit.h"
 #include "core/project_data.h"
+#include "platform/platform.h"
 
 namespace tavernook {
 
@@ -36,6 +36,16 @@ ShownAuditTime shown_audit_time() {
 
 i16 stored_audit_hour(i16 shown_hour, bool afternoon) {
     return to_i16(shown_hour + (afternoon ? half_day : 0));
+}
+
+void show_audit_time() {
+    std::string time = "-:-";
+    if (audit_hour >= 1 && audit_hour <= 24) {
+        const bool morning = audit_hour <= 12;
+        time = std::to_string(morning ? audit_hour : audit_hour - 12) + ":" +
+               format_number(audit_minute, "00") + (morning ? " AM" : " PM");
+    }
+    main_window().set_status(audit_time_panel, "Audit Time: " + time);
 }
 
 SetupTexts present_setup() {

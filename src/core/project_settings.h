@@ -29,6 +29,9 @@ ShownAuditTime shown_audit_time();
 // 12 PM is 24 and 12 AM is 12; kept, projects hold such hours.
 i16 stored_audit_hour(i16 shown_hour, bool afternoon);
 
+// "Audit Time: 11:59 PM" in the status bar; "-:-" for hour 0.
+void show_audit_time();
+
 // What is written when the user accepts.
 struct SetupTexts {
     i16 audit_hour = 0;

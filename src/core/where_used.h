@@ -8,6 +8,9 @@
 
 namespace tavernook {
 
+// What can be replaced while it is in use; the numbers are those of the replacement screen's port.
+enum class ReplacementType : i16 { item = 1, store = 2, unit = 3 };
+
 // "ITEM:" + name + "," for each live item that is bought there.
 std::string item_store_users(i16 store);
 

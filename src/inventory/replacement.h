@@ -5,10 +5,9 @@
 #include <vector>
 
 #include "basics/values.h"
+#include "core/where_used.h"
 
 namespace tavernook {
-
-enum class ReplacementType : i16 { item = 1, store = 2, unit = 3 };
 
 // The live rows that can take the place of `row`, ascending; never the row itself.
 std::vector<i16> replacement_rows(i16 row, ReplacementType type);

@@ -20,11 +20,6 @@ bool rename(Record& record, std::string_view name) {
 
 }  // namespace
 
-bool is_recipe_catagory(i16 row) {
-    return row >= 1 && row <= catagory_capacity && catagories[row].in_use == 1 &&
-           catagories[row].type == recipe_category_type;
-}
-
 bool is_live_meal(i16 slot) {
     return slot >= 1 && slot <= meal_capacity && meals[slot].in_use == 1;
 }
@@ -36,10 +31,6 @@ i16 home_recipe_catagory(i16 slot) {
 
 bool rename_meal(i16 slot, std::string_view name) {
     return is_live_meal(slot) && rename(meals[slot], name);
-}
-
-bool rename_recipe_catagory(i16 row, std::string_view name) {
-    return is_recipe_catagory(row) && rename(catagories[row], name);
 }
 
 bool move_meal(i16 slot, i16 catagory) {

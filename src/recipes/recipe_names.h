@@ -5,20 +5,18 @@
 #include <string_view>
 
 #include "basics/values.h"
+#include "core/catagories.h"
 
 namespace tavernook {
 
-// Live, and of recipes.
-bool is_recipe_catagory(i16 row);
 bool is_live_meal(i16 slot);
 
 // The recipe's category; 0, the root, where that is no recipe category.
 i16 home_recipe_catagory(i16 slot);
 
 // Blanks around the name go, and what is behind the 32nd letter. An empty name is refused, and so
-// is a row or slot that is not live.
+// is a slot that is not live.
 bool rename_meal(i16 slot, std::string_view name);
-bool rename_recipe_catagory(i16 row, std::string_view name);
 
 // Category 0 is the root.
 bool move_meal(i16 slot, i16 catagory);

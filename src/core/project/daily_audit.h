@@ -18,7 +18,4 @@ void daily_audit_check();
 // The command "Audit Now": an audit, and every screen that shows what it changed shows it anew.
 void audit_now();
 
-// "Audit Time: 11:59 PM" in the status bar; "-:-" for hour 0.
-void show_audit_time();
-
 }  // namespace tavernook

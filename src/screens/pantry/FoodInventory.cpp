@@ -14,6 +14,7 @@
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "platform/platform.h"
+#include "recipes/catagory_removal.h"
 #include "screens/pantry/copydialog.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
