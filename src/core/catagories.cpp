@@ -23,13 +23,13 @@ void show_in_tree(i16 type) {
 
 }  // namespace
 
-i16 find_free_catagory() {
+i16 find_free_catagory() noexcept {
     i16 slot = 1;
     while (slot < catagory_capacity && catagories[slot].in_use != 0) ++slot;
     return slot;
 }
 
-i16 new_catagory(std::string_view name, i16 type, i16 parent) {
+i16 new_catagory(std::string_view name, i16 type, i16 parent) noexcept {
     const i16 slot = find_free_catagory();
     CatagoryRecord& row = catagories[slot];
     row.name = name;

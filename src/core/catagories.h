@@ -11,10 +11,10 @@ extern i16 current_catagory;    // selected in the tree; 1 after a reset
 extern i16 category_edit_mode;  // 0 after a delete
 
 // The first free slot, or the last slot when none is free: the next record then overwrites it.
-i16 find_free_catagory();
+i16 find_free_catagory() noexcept;
 
 // Type 32 makes a recipe category. Shows it in the tree of its screen. Returns the slot.
-i16 new_catagory(std::string_view name, i16 type, i16 parent);
+i16 new_catagory(std::string_view name, i16 type, i16 parent) noexcept;
 
 // Live, and of items; live, and of recipes.
 bool is_item_catagory(i16 row) noexcept;

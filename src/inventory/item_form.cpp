@@ -1,9 +1,11 @@
 #include "inventory/item_form.h"
 
 #include <cmath>
+#include <limits>
 
 #include "basics/text.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "inventory/lots.h"
 #include "inventory/shelf_life.h"
 #include "platform/platform.h"
@@ -18,7 +20,7 @@ bool lot_is_expired(const LotRecord& record, std::size_t place, Date today) {
 }
 
 bool holds_expired_lot(i16 item) {
-    if (items[item].storage_time == 0 || item > lot_table_top) return false;
+    if (row_or_none(items, item).storage_time == 0 || item > lot_table_top) return false;
     const Date today = std::floor(platform_clock().now());
     for (std::size_t place = 0; place < lot_places; ++place) {
         if (lot_is_expired(lots[item], place, today)) return true;
@@ -28,7 +30,7 @@ bool holds_expired_lot(i16 item) {
 
 }  // namespace
 
-Locations split_locations(std::string_view text) {
+Locations split_locations(std::string_view text) noexcept {
     Locations parts;
     for (std::size_t place = 0; place < parts.size(); ++place) {
         const bool last = place + 1 == parts.size();
@@ -40,7 +42,7 @@ Locations split_locations(std::string_view text) {
     return parts;
 }
 
-std::string join_locations(const Locations& parts) {
+std::string join_locations(const Locations& parts) noexcept {
     std::size_t used = parts.size();
     while (used > 0 && trim(parts[used - 1]).empty()) --used;
     std::string text;
@@ -51,20 +53,21 @@ std::string join_locations(const Locations& parts) {
     return text;
 }
 
-Date expiry_date(const ItemRecord& item) {
+Date expiry_date(const ItemRecord& item) noexcept {
     return item.storage_time == 0 ? 0 : item.last_restock_date + item.storage_time;
 }
 
-int storage_days_until(Date day) {
-    return static_cast<int>(std::fabs(std::floor(day) - std::floor(platform_clock().now())));
+int storage_days_until(Date day) noexcept {
+    const f64 days = std::fabs(std::floor(day) - std::floor(platform_clock().now()));
+    return days < std::numeric_limits<int>::max() ? static_cast<int>(days) : 0;
 }
 
-f64 stock_of(i16 item) {
-    return item <= lot_table_top ? lot_total(item) : items[item].quantity;
+f64 stock_of(i16 item) noexcept {
+    return item <= lot_table_top ? lot_total(item) : row_or_none(items, item).quantity;
 }
 
-Attention attention_of(i16 item) {
-    const ItemRecord& record = items[item];
+Attention attention_of(i16 item) noexcept {
+    const ItemRecord& record = row_or_none(items, item);
     const f64 stock = stock_of(item);
     Attention attention;
     attention.expired = holds_expired_lot(item);
@@ -74,7 +77,7 @@ Attention attention_of(i16 item) {
     return attention;
 }
 
-std::string attention_text(const Attention& attention) {
+std::string attention_text(const Attention& attention) noexcept {
     std::string text;
     if (attention.expired) text = "Expired";
     if (attention.expires_soon) text = "Expires soon";

@@ -1,6 +1,6 @@
 #include "planning/consumption.h"
 
-#include <string>
+#include <optional>
 
 #include "core/program_state.h"
 #include "core/project_data.h"
@@ -13,17 +13,22 @@ namespace tavernook {
 
 namespace {
 
-// A cleared slot, whose fields are all 0, stands for a day that is long past.
-Date date_of(const DayRecord& day) {
-    std::string text =
-        std::to_string(day.month) + "/" + std::to_string(day.day) + "/" + std::to_string(day.year);
-    if (text == "0/0/0") text = "1/1/1980";
-    return date_from_text(text);
+const Date long_past = date_from_civil(1980, 1, 1);
+
+// Nothing for a date that no calendar has.
+std::optional<Date> date_of(const DayRecord& day) {
+    if (day.month == 0 && day.day == 0 && day.year == 0) return long_past;
+    const bool in_range = day.month >= 1 && day.month <= 12 && day.day >= 1 && day.day <= 31 &&
+                          day.year >= 100 && day.year <= 9999;
+    if (!in_range) return std::nullopt;
+    const Date date = date_from_civil(day.year, day.month, day.day);
+    const bool is_there = civil_from_date(date) == CivilDate{day.year, day.month, day.day};
+    return is_there ? std::optional<Date>(date) : std::nullopt;
 }
 
 // An item without servings takes no part in plans.
 bool takes_part(i16 item) {
-    return item != 0 && items[item].servings_per_qty_unit != 0;
+    return is_live_row(items, item) && items[item].servings_per_qty_unit != 0;
 }
 
 void consume(i16 item, f64 amount) {
@@ -44,6 +49,7 @@ void consume_items(const DayRecord& day, const DayQuantityRecord& quantities) {
 
 // Kept: an ingredient without a quantity takes one whole unit, and households plan with that.
 void consume_meal(i16 slot, f64 servings) {
+    if (!is_live_row(meals, slot)) return;
     const MealRecord& meal = meals[slot];
     const f64 size = meal_serving_size[slot];
     for (std::size_t place = 1; place <= ingredient_places; ++place) {
@@ -57,7 +63,9 @@ void consume_meal(i16 slot, f64 servings) {
 }  // namespace
 
 bool is_due(const DayRecord& day, Date limit) noexcept {
-    return day.in_use == 1 && day.audited == 0 && date_of(day) < limit;
+    if (day.in_use != 1 || day.audited != 0) return false;
+    const std::optional<Date> date = date_of(day);
+    return date && *date < limit;
 }
 
 void consume_day(i16 slot) {
@@ -66,8 +74,7 @@ void consume_day(i16 slot) {
     project_modified = i16_true;
     consume_items(day, quantities);
     for (std::size_t place = 1; place <= day_places; ++place) {
-        const i16 meal = day.planned_meal[place];
-        if (meal != 0) consume_meal(meal, quantities.meal_servings[place]);
+        consume_meal(day.planned_meal[place], quantities.meal_servings[place]);
     }
     day.audited = i16_true;
 }

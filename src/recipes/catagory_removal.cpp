@@ -6,6 +6,7 @@
 
 #include "core/catagories.h"
 #include "core/project_data.h"
+#include "core/trap.h"
 #include "platform/platform.h"
 #include "recipes/meals.h"
 
@@ -54,9 +55,7 @@ bool may_delete_with(const std::vector<i16>& recipes, i16 slot) {
                            Buttons::yes_no, "Delete Category", DefaultButton::no) == Answer::yes;
 }
 
-}  // namespace
-
-i16 delete_catagory(i16 slot) {
+i16 remove_unless_refused(i16 slot) {
     if (slot == 1) return refuse("Can't Delete General Catagory.");
     const bool of_recipes = catagories[slot].type != 0;
     const std::vector<i16> recipes = of_recipes ? meals_in(slot) : std::vector<i16>{};
@@ -69,6 +68,14 @@ i16 delete_catagory(i16 slot) {
     category_edit_mode = 0;
     catagories[slot].in_use = 0;
     return i16_true;
+}
+
+}  // namespace
+
+i16 delete_catagory(i16 slot) noexcept {
+    i16 gone = i16_false;
+    trap_in_module([&] { gone = remove_unless_refused(slot); });
+    return gone;
 }
 
 }  // namespace tavernook

@@ -49,7 +49,7 @@ void audit() {
 
 }  // namespace
 
-void audit_inventory() {
+void audit_inventory() noexcept {
     if (trap_in_module(audit)) return;
     save_progress().hide();
     save_progress().unload();

@@ -39,17 +39,17 @@ void end_after(const Fault& fault) {
 
 }  // namespace
 
-void audit_and_list() {
+void audit_and_list() noexcept {
     audit_inventory();
     build_shopping_list();
     if (ports::ShoppingList* list = shopping_list()) list->populate_list();
 }
 
-void daily_audit_check() {
+void daily_audit_check() noexcept {
     trap(check_clock, end_after);
 }
 
-void audit_now() {
+void audit_now() noexcept {
     trap_in_main("Audit_Now", [] {
         if (ports::MealPlan* planner = meal_plan()) planner->CalendarUpdate(ports::month_in_view);
         audit_and_list();

@@ -165,7 +165,7 @@ void open_project() {
 
 }  // namespace
 
-void Project_Open() {
+void Project_Open() noexcept {
     project_load_failed = i16_false;
     project_open = i16_false;  // the tables no longer hold the project that was
     trap(open_project, [](const Fault& fault) {
