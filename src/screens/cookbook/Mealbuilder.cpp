@@ -16,6 +16,7 @@
 #include "core/trap.h"
 #include "inventory/item_form.h"
 #include "platform/platform.h"
+#include "recipes/catagory_removal.h"
 #include "recipes/meals.h"
 #include "recipes/recipe_names.h"
 #include "screens/cookbook/ingredients_model.h"

@@ -14,6 +14,7 @@
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "platform/platform.h"
+#include "recipes/catagory_removal.h"
 #include "screens/pantry/copydialog.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
@@ -286,12 +287,13 @@ void FoodInventory::accept_item(bool is_new) {
 }
 
 bool FoodInventory::store(bool is_new) {
-    return trap_in_screen([&] {
+    bool stored = false;
+    trap_in_screen([&] {
         const ItemValues values = form_values();
         if (is_new) {
             shown_item_ = create_item_from_form(values);
-        } else {
-            update_item(shown_item_, values);
+        } else if (!update_item(shown_item_, values)) {
+            return;
         }
         new_item_ = false;
         project_modified = i16_true;
@@ -301,7 +303,9 @@ bool FoodInventory::store(bool is_new) {
         take_snapshot();
         rebuild_tree();
         tell_other_screens();
+        stored = true;
     });
+    return stored;
 }
 
 void FoodInventory::tell_other_screens() {
