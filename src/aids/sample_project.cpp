@@ -77,14 +77,14 @@ void open_sample() {
 
 }  // namespace
 
-void set_shipped_sample(ShippedSample sample) {
+void set_shipped_sample(ShippedSample sample) noexcept {
     // A project without its documents would show empty recipes.
     std::stable_partition(sample.names.begin(), sample.names.end(),
                           [](const std::string& name) { return !is_project(name); });
     shipped = std::move(sample);
 }
 
-bool lay_out_sample_project(Date today) {
+bool lay_out_sample_project(Date today) noexcept {
     bool complete = true;
     for (const std::string& name : shipped.names) {
         complete = trap([&] { place(name, today); }, [](const Fault&) {}) && complete;
@@ -92,7 +92,7 @@ bool lay_out_sample_project(Date today) {
     return complete;
 }
 
-void SeedProject() {
+void SeedProject() noexcept {
     if (project_open != 0) return;
     trap_in_main("SeedProject", open_sample);
 }

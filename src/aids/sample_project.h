@@ -23,15 +23,15 @@ struct ShippedSample {
 };
 
 // The program hands it over; a program without a sample lays nothing out.
-void set_shipped_sample(ShippedSample sample);
+void set_shipped_sample(ShippedSample sample) noexcept;
 
 // Places what is missing, the project last and its dates moved to `today`; what is there already
 // stays, a project of which only the previous version is left too. Each file comes into being
 // complete or not at all. False when one could not be placed; the others are.
-[[nodiscard]] bool lay_out_sample_project(Date today);
+[[nodiscard]] bool lay_out_sample_project(Date today) noexcept;
 
 // Unless a project is open, opens the sample, laying it out first where it has been deleted. Asks
 // nothing; a box when it cannot be opened.
-void SeedProject();
+void SeedProject() noexcept;
 
 }  // namespace tavernook

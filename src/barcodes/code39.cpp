@@ -108,11 +108,11 @@ Picture surface_for(std::string_view text) {
 
 }  // namespace
 
-std::uint16_t code39_mask(char character) {
+std::uint16_t code39_mask(char character) noexcept {
     return masks[static_cast<unsigned char>(character)];
 }
 
-std::string code39_symbol(std::string_view text) {
+std::string code39_symbol(std::string_view text) noexcept {
     text = trim_right(text);
     if (text.starts_with(start_and_stop)) {
         text.remove_prefix(1);
@@ -125,7 +125,7 @@ std::string code39_symbol(std::string_view text) {
     return symbol;
 }
 
-bool draw_code39(std::string_view text, Picture& picture) {
+bool draw_code39(std::string_view text, Picture& picture) noexcept {
     const std::string symbol = code39_symbol(text);
     const f64 left = (picture.width - code_width(symbol)) / 2.0 - 1;
     if (left < 0) {
@@ -140,7 +140,7 @@ bool draw_code39(std::string_view text, Picture& picture) {
     return true;
 }
 
-std::string save_barcode_picture(i16 number, bool is_meal) {
+std::string save_barcode_picture(i16 number, bool is_meal) noexcept {
     std::string saved;
     trap_in_module([&] {
         const std::string text = text_of(number, is_meal);

@@ -12,19 +12,19 @@
 namespace tavernook {
 
 // Bit 15 is the leftmost module; 1 is black. A character that Code 39 does not have is a blank.
-std::uint16_t code39_mask(char character);
+std::uint16_t code39_mask(char character) noexcept;
 
 // The characters that are drawn for a text: without trailing blanks, in upper case, between stars.
 // A text that begins with a star loses its first and its last character before.
-std::string code39_symbol(std::string_view text);
+std::string code39_symbol(std::string_view text) noexcept;
 
 // Draws the text centred over the upper half of the picture. False when it is too wide: the user
 // was told, and nothing is drawn.
-[[nodiscard]] bool draw_code39(std::string_view text, Picture& picture);
+[[nodiscard]] bool draw_code39(std::string_view text, Picture& picture) noexcept;
 
 // Draws the barcode of an item, or of a recipe ("tvk" and its slot), into "barcode/<number>.bmp" or
 // "barcode/m<number>.bmp" under the program's folder and returns that path. Empty when it failed:
 // the user was told, and an older picture stays as it was.
-[[nodiscard]] std::string save_barcode_picture(i16 number, bool is_meal);
+[[nodiscard]] std::string save_barcode_picture(i16 number, bool is_meal) noexcept;
 
 }  // namespace tavernook

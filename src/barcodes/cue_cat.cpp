@@ -46,7 +46,7 @@ std::vector<unsigned> six_bit_values(std::string_view field) {
 
 }  // namespace
 
-std::string decode_cue_cat(std::string_view line) {
+std::string decode_cue_cat(std::string_view line) noexcept {
     if (line.empty()) return {};
     const std::string_view field = third_field(line.substr(0, line.size() - 1));
     const std::vector<unsigned> values = six_bit_values(field);

@@ -10,6 +10,6 @@ namespace tavernook {
 
 // The third field of a line, decoded; empty when the line has fewer than three full stops. The last
 // character of the line is dropped unseen: it is the closing full stop. At most 100 letters count.
-std::string decode_cue_cat(std::string_view line);
+std::string decode_cue_cat(std::string_view line) noexcept;
 
 }  // namespace tavernook

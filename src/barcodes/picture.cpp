@@ -68,12 +68,12 @@ std::string row_bytes(const Picture& picture, int row) {
 
 }  // namespace
 
-Picture white_picture(int width, int height) {
+Picture white_picture(int width, int height) noexcept {
     const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     return {width, height, std::vector<Colour>(count, white)};
 }
 
-void fill_rectangle(Picture& picture, int x, int y, int width, int height, Colour colour) {
+void fill_rectangle(Picture& picture, int x, int y, int width, int height, Colour colour) noexcept {
     const int right = std::min(x + width, picture.width);
     const int bottom = std::min(y + height, picture.height);
     for (int row = std::max(y, 0); row < bottom; ++row) {
@@ -84,7 +84,7 @@ void fill_rectangle(Picture& picture, int x, int y, int width, int height, Colou
     }
 }
 
-std::string windows_bitmap(const Picture& picture) {
+std::string windows_bitmap(const Picture& picture) noexcept {
     ByteWriter writer;
     write_head(writer, picture);
     for (int row = picture.height - 1; row >= 0; --row) {

@@ -25,12 +25,12 @@ struct Picture {
 };
 
 // All white. Both lengths are at least 0.
-Picture white_picture(int width, int height);
+Picture white_picture(int width, int height) noexcept;
 
 // What lies outside the picture is left out.
-void fill_rectangle(Picture& picture, int x, int y, int width, int height, Colour colour);
+void fill_rectangle(Picture& picture, int x, int y, int width, int height, Colour colour) noexcept;
 
 // The bytes of a .bmp file: 24 bits a pixel, not compressed, 96 pixels an inch.
-std::string windows_bitmap(const Picture& picture);
+std::string windows_bitmap(const Picture& picture) noexcept;
 
 }  // namespace tavernook

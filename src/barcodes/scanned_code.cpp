@@ -20,13 +20,13 @@ i16 live_recipe(f64 number) {
 
 }  // namespace
 
-ScannedCode meaning_of_code(std::string_view code) {
+ScannedCode meaning_of_code(std::string_view code) noexcept {
     const std::string_view text = trim(code);
     if (is_recipe_code(text)) return {.recipe = live_recipe(leading_number(text.substr(3)))};
     return {.item = find_scanned_item(text)};
 }
 
-i16 find_scanned_item(std::string_view barcode) {
+i16 find_scanned_item(std::string_view barcode) noexcept {
     const FixedString<32> wanted(trim(barcode));  // cut as a longer code is when it is stored
     if (wanted.blank() || wanted == no_barcode) return 0;
     for (i16 item = 1; item <= item_capacity; ++item) {

@@ -16,11 +16,11 @@ struct ScannedCode {
 
 // "tvk", "TVK" or "Tvk" and a number name the live recipe of that slot; any other code names the
 // live item that bears it. Blanks around the code do not count.
-ScannedCode meaning_of_code(std::string_view code);
+ScannedCode meaning_of_code(std::string_view code) noexcept;
 
 // The first live item of that barcode, capitals counting and blanks around both not; 0 when there
 // is none, and for "empty" and a blank code, which no item bears. Of a longer code the 32 bytes
 // count that an item can bear.
-i16 find_scanned_item(std::string_view barcode);
+i16 find_scanned_item(std::string_view barcode) noexcept;
 
 }  // namespace tavernook

@@ -6,7 +6,7 @@
 
 namespace tavernook {
 
-std::string code_in_line(std::string_view line) {
+std::string code_in_line(std::string_view line) noexcept {
     const std::string typed(trim(line));
     return scanner_type == cue_cat ? std::string(trim(decode_cue_cat(typed))) : typed;
 }

@@ -13,6 +13,6 @@ enum Scanner : i16 { keyboard_wedge = 0, batch_scanner = 1, cue_cat = 2, no_scan
 
 // The code in a line that the project's scanner has typed, without the blanks around it; empty when
 // the line holds none.
-std::string code_in_line(std::string_view line);
+std::string code_in_line(std::string_view line) noexcept;
 
 }  // namespace tavernook

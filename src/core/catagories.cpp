@@ -1,12 +1,10 @@
 #include "core/catagories.h"
 
-#include <algorithm>
-#include <string>
-#include <vector>
-
+#include "basics/text.h"
+#include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "platform/platform.h"
-#include "recipes/meals.h"
 
 namespace tavernook {
 
@@ -14,47 +12,6 @@ i16 current_catagory = 1;
 i16 category_edit_mode = 0;
 
 namespace {
-
-std::vector<i16> meals_in(i16 slot) {
-    std::vector<i16> found;
-    for (i16 meal = 1; meal <= meal_capacity; ++meal) {
-        if (meals[meal].in_use == 1 && meals[meal].category == slot) found.push_back(meal);
-    }
-    return found;
-}
-
-bool any_is_planned(const std::vector<i16>& recipes) {
-    return std::any_of(recipes.begin(), recipes.end(),
-                       [](i16 meal) { return !meal_use_dates(meal).empty(); });
-}
-
-bool holds_items(i16 slot) {
-    for (i16 item = 1; item <= item_capacity; ++item) {
-        if (items[item].in_use == 1 && items[item].category == slot) return true;
-    }
-    return false;
-}
-
-i16 refuse(const char* reason) {
-    boxes().message(reason);
-    return 0;
-}
-
-i16 refuse_for_planned_meals() {
-    return refuse("Cannot delete Category because meals within this category are planned.");
-}
-
-bool may_delete_with(const std::vector<i16>& recipes, i16 slot) {
-    if (recipes.empty()) return true;
-    const bool one = recipes.size() == 1;
-    const std::string what =
-        one ? "the one recipe" : "all " + std::to_string(recipes.size()) + " recipes";
-    const std::string name(catagories[slot].name.trimmed());
-    return boxes().message("Deleting the category " + name + " also deletes " + what +
-                               " in it.  Press YES to delete " + (one ? "it" : "them") +
-                               " or press NO to keep everything.",
-                           Buttons::yes_no, "Delete Category", DefaultButton::no) == Answer::yes;
-}
 
 void show_in_tree(i16 type) {
     if (type == recipe_category_type) {
@@ -66,13 +23,13 @@ void show_in_tree(i16 type) {
 
 }  // namespace
 
-i16 find_free_catagory() {
+i16 find_free_catagory() noexcept {
     i16 slot = 1;
     while (slot < catagory_capacity && catagories[slot].in_use != 0) ++slot;
     return slot;
 }
 
-i16 new_catagory(std::string_view name, i16 type, i16 parent) {
+i16 new_catagory(std::string_view name, i16 type, i16 parent) noexcept {
     const i16 slot = find_free_catagory();
     CatagoryRecord& row = catagories[slot];
     row.name = name;
@@ -83,19 +40,32 @@ i16 new_catagory(std::string_view name, i16 type, i16 parent) {
     return slot;
 }
 
-i16 delete_catagory(i16 slot) {
-    if (slot == 1) return refuse("Can't Delete General Catagory.");
-    const bool of_recipes = catagories[slot].type != 0;
-    const std::vector<i16> recipes = of_recipes ? meals_in(slot) : std::vector<i16>{};
-    if (any_is_planned(recipes)) return refuse_for_planned_meals();
-    if (holds_items(slot)) return refuse("This category has items in it.  Cannot Delete.");
-    if (!may_delete_with(recipes, slot)) return 0;
-    // The plans may be others than before the question.
-    if (any_is_planned(recipes)) return refuse_for_planned_meals();
-    for (const i16 meal : recipes) delete_meal(meal, true);
-    category_edit_mode = 0;
-    catagories[slot].in_use = 0;
-    return i16_true;
+bool is_item_catagory(i16 row) noexcept {
+    return is_live_row(catagories, row) && catagories[row].type != recipe_category_type;
+}
+
+bool is_recipe_catagory(i16 row) noexcept {
+    return is_live_row(catagories, row) && catagories[row].type == recipe_category_type;
+}
+
+i16 home_catagory(i16 row) noexcept {
+    return is_item_catagory(row) ? row : i16{1};
+}
+
+bool rename_catagory(i16 row, std::string_view name) noexcept {
+    if (!is_item_catagory(row) || trim(name).empty()) return false;
+    catagories[row].name = trim(name);
+    project_modified = i16_true;
+    return true;
+}
+
+bool rename_recipe_catagory(i16 row, std::string_view name) noexcept {
+    if (!is_recipe_catagory(row) || trim(name).empty()) return false;
+    const FixedString<32> cut(trim(name));
+    if (catagories[row].name == cut) return false;
+    catagories[row].name = cut;
+    project_modified = i16_true;
+    return true;
 }
 
 }  // namespace tavernook

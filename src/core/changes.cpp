@@ -44,8 +44,7 @@ class KeptRecords {
     // What is not a number equals itself here.
     template <typename OnChange>
     bool follow(const Record* now, std::size_t count, OnChange&& on_change) {
-        if (kept_.size() != count) kept_.resize(count);
-        bool any = false;
+        bool any = fit(count);
         for (std::size_t first = 0; first < count; first += block) {
             const std::size_t records = std::min(block, count - first);
             if (same_bytes(now + first, &kept_[first], records)) continue;
@@ -62,6 +61,17 @@ class KeptRecords {
     bool was_used(std::size_t slot) const { return slot < kept_.size() && is_used(kept_[slot]); }
 
   private:
+    // A table that grows adds blank records, which are no change; one that shrinks takes what its
+    // last ones held.
+    bool fit(std::size_t count) {
+        const auto gone =
+            kept_.begin() + static_cast<std::ptrdiff_t>(std::min(count, kept_.size()));
+        const bool any = std::any_of(gone, kept_.end(),
+                                     [](const Record& record) { return !(record == Record{}); });
+        if (kept_.size() != count) kept_.resize(count);
+        return any;
+    }
+
     static constexpr std::size_t block = std::max<std::size_t>(1, 16384 / sizeof(Record));
 
     static bool same_bytes(const Record* a, const Record* b, std::size_t records) {
@@ -218,16 +228,10 @@ bool follow_settings() {
     return true;
 }
 
-}  // namespace
+using Changed = std::array<bool, subject_count>;
 
-std::uint32_t revision_of(Subject subject) noexcept {
-    return revisions[place_of(subject)];
-}
-
-void look_for_changes() {
-    // One after the other, none left out: a copy that does not follow would tell of its change
-    // again.
-    bool changed[subject_count] = {};
+// One after the other, none left out: a copy that does not follow would tell of its change again.
+void follow_all(Changed& changed) {
     const auto note = [&changed](Subject subject, bool differs) {
         if (differs) changed[place_of(subject)] = true;
     };
@@ -246,8 +250,23 @@ void look_for_changes() {
     note(Subject::plans, follow_table(kept_day_quantities, day_quantities));
     note(Subject::measures, follow_measures());
     note(Subject::settings, follow_settings());
+}
+
+}  // namespace
+
+std::uint32_t revision_of(Subject subject) noexcept {
+    return revisions[place_of(subject)];
+}
+
+void look_for_changes() noexcept {
+    Changed changed{};
+    try {
+        follow_all(changed);
+    } catch (...) {
+        changed.fill(true);
+    }
     for (int n = 0; n < subject_count; ++n) {
-        if (changed[n]) note_change(static_cast<Subject>(n));
+        if (changed[static_cast<std::size_t>(n)]) note_change(static_cast<Subject>(n));
     }
 }
 

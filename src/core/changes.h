@@ -33,8 +33,9 @@ inline constexpr int subject_count = 9;
 // Higher after a look that found a change.
 std::uint32_t revision_of(Subject subject) noexcept;
 
-// At the end of a step, and nowhere else. Memory that no table has used yet is left alone.
-void look_for_changes();
+// At the end of a step, and nowhere else. Memory that no table has used yet is left alone. Where
+// there is no memory for the copy, everything counts as changed.
+void look_for_changes() noexcept;
 
 // Every row that is remembered has gone: the tables hold another project from now on.
 void forget_rows() noexcept;

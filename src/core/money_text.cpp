@@ -5,7 +5,7 @@
 
 namespace tavernook {
 
-std::string money_text(f64 amount, std::string_view mask) {
+std::string money_text(f64 amount, std::string_view mask) noexcept {
     return static_cast<char>(currency_symbol) + format_number(amount, mask);
 }
 

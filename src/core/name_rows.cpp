@@ -5,7 +5,6 @@
 #include "basics/text.h"
 #include "core/trap.h"
 #include "core/where_used.h"
-#include "inventory/replacement.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -31,7 +30,7 @@ struct Kind {
     const char* plural;  // in the warning of the full table, where its second mention is small
     const char* title;
     const char* capitals;
-    std::string (*users)(i16);
+    std::string (*users)(i16) noexcept;
     ReplacementType replacement;
 };
 
@@ -134,43 +133,43 @@ i16 find_name(const Rows& kind, std::string_view name, const char* routine) {
 
 }  // namespace
 
-i16 find_free_store() {
+i16 find_free_store() noexcept {
     return find_free_row(store_kind);
 }
-i16 find_free_unit() {
+i16 find_free_unit() noexcept {
     return find_free_row(unit_kind);
 }
-void accept_store(std::string_view name) {
+void accept_store(std::string_view name) noexcept {
     accept_row(store_kind, name);
 }
-void accept_unit(std::string_view name) {
+void accept_unit(std::string_view name) noexcept {
     accept_row(unit_kind, name);
 }
-void refresh_store_list() {
+void refresh_store_list() noexcept {
     refresh_list(store_kind);
 }
-void refresh_unit_list() {
+void refresh_unit_list() noexcept {
     refresh_list(unit_kind);
 }
 
-void delete_selected_stores(const std::vector<int>& rows) {
+void delete_selected_stores(const std::vector<int>& rows) noexcept {
     delete_rows(store_kind, rows);
 }
-void delete_selected_units(const std::vector<int>& rows) {
+void delete_selected_units(const std::vector<int>& rows) noexcept {
     delete_rows(unit_kind, rows);
 }
 
-void refresh_store_combo() {
+void refresh_store_combo() noexcept {
     if (ports::FoodInventory* screen = food_inventory()) screen->refresh_stores();
 }
-void refresh_unit_combos() {
+void refresh_unit_combos() noexcept {
     if (ports::FoodInventory* screen = food_inventory()) screen->refresh_units();
 }
 
-i16 CheckStores(std::string_view name) {
+i16 CheckStores(std::string_view name) noexcept {
     return find_name(store_kind, name, "CheckStores");
 }
-i16 CheckUnits(std::string_view name) {
+i16 CheckUnits(std::string_view name) noexcept {
     return find_name(unit_kind, name, "CheckUnits");
 }
 

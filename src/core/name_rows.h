@@ -25,28 +25,28 @@ extern i16 unit_list_row;
 
 // The first free slot. A box warns when the search comes to the last one, free or not; that slot is
 // then the result and the next record overwrites it.
-i16 find_free_store();
-i16 find_free_unit();
+i16 find_free_store() noexcept;
+i16 find_free_unit() noexcept;
 
-void accept_store(std::string_view name);
-void accept_unit(std::string_view name);
+void accept_store(std::string_view name) noexcept;
+void accept_unit(std::string_view name) noexcept;
 
 // Rebuilds the map. A live row whose name is blank is freed.
-void refresh_store_list();
-void refresh_unit_list();
+void refresh_store_list() noexcept;
+void refresh_unit_list() noexcept;
 
 // `rows` are the selected rows of the list, counted from 0, ascending. For a row in use the user is
 // asked: Yes opens the replacement screen, No ends the whole command.
-void delete_selected_stores(const std::vector<int>& rows);
-void delete_selected_units(const std::vector<int>& rows);
+void delete_selected_stores(const std::vector<int>& rows) noexcept;
+void delete_selected_units(const std::vector<int>& rows) noexcept;
 
 // The boxes of the item screen that list names.
-void refresh_store_combo();
-void refresh_unit_combos();
+void refresh_store_combo() noexcept;
+void refresh_unit_combos() noexcept;
 
 // The first slot, free or live, whose right-trimmed name is the argument; 0 when there is none. A
 // blank argument finds the first blank slot.
-i16 CheckStores(std::string_view name);
-i16 CheckUnits(std::string_view name);
+i16 CheckStores(std::string_view name) noexcept;
+i16 CheckUnits(std::string_view name) noexcept;
 
 }  // namespace tavernook

@@ -6,16 +6,16 @@
 
 namespace tavernook {
 
-std::string in_program_folder(std::string_view name) {
+std::string in_program_folder(std::string_view name) noexcept {
     return system_info().program_folder() + "/" + std::string(name);
 }
 
-std::string project_stem() {
+std::string project_stem() noexcept {
     const std::size_t kept = project_name.size() > 4 ? project_name.size() - 4 : 0;
     return project_name.substr(0, kept);
 }
 
-void set_project_path(const std::string& path) {
+void set_project_path(const std::string& path) noexcept {
     project_path = path;
     project_name = file_name_part(path);
 }

@@ -96,7 +96,7 @@ void reset_meals() {
 
 }  // namespace
 
-void reset_project_tables() {
+void reset_project_tables() noexcept {
     forget_rows();
     reset_items();
     reset_catagories();

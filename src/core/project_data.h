@@ -83,6 +83,6 @@ extern std::string project_name;  // the file's name with its extension
 // Brings all tables into the state of a new project: everything free and blank, the category
 // "General" and thirteen units live, no store. Settings stay, except that scanner_type becomes 0;
 // the type and parent of categories stay as well.
-void reset_project_tables();
+void reset_project_tables() noexcept;
 
 }  // namespace tavernook

@@ -1,9 +1,12 @@
 #include "core/project_settings.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "basics/number_text.h"
 #include "core/program_state.h"
-#include "core/project/daily_audit.h"
 #include "core/project_data.h"
+#include "platform/platform.h"
 
 namespace tavernook {
 
@@ -20,7 +23,7 @@ bool stored(Stored& setting, const Value& value) {
 
 }  // namespace
 
-ShownAuditTime shown_audit_time() {
+ShownAuditTime shown_audit_time() noexcept {
     ShownAuditTime shown;
     shown.minute = audit_minute;
     shown.afternoon = audit_hour == 0 || audit_hour >= half_day;
@@ -34,11 +37,22 @@ ShownAuditTime shown_audit_time() {
     return shown;
 }
 
-i16 stored_audit_hour(i16 shown_hour, bool afternoon) {
-    return to_i16(shown_hour + (afternoon ? half_day : 0));
+i16 stored_audit_hour(i16 shown_hour, bool afternoon) noexcept {
+    const int hour = shown_hour + (afternoon ? half_day : 0);
+    return static_cast<i16>(std::min<int>(hour, std::numeric_limits<i16>::max()));
 }
 
-SetupTexts present_setup() {
+void show_audit_time() noexcept {
+    std::string time = "-:-";
+    if (audit_hour >= 1 && audit_hour <= 24) {
+        const bool morning = audit_hour <= 12;
+        time = std::to_string(morning ? audit_hour : audit_hour - 12) + ":" +
+               format_number(audit_minute, "00") + (morning ? " AM" : " PM");
+    }
+    main_window().set_status(audit_time_panel, "Audit Time: " + time);
+}
+
+SetupTexts present_setup() noexcept {
     SetupTexts texts;
     texts.audit_hour = audit_hour;
     texts.audit_minute = audit_minute;
@@ -72,14 +86,14 @@ void accept_setup(const SetupTexts& texts) {
     show_audit_time();
 }
 
-void settle_settings() {
+void settle_settings() noexcept {
     if (font_size == 0) font_size = font_sizes.front();
     for (i16* mark : {&audit_on_startup, &save_after_audit}) {
         if (*mark > 2) *mark = 1;
     }
 }
 
-void set_setting(i16& setting, i16 value) {
+void set_setting(i16& setting, i16 value) noexcept {
     if (stored(setting, value)) project_modified = i16_true;
 }
 

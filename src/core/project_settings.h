@@ -24,10 +24,13 @@ struct ShownAuditTime {
 };
 
 // Hour 0 is shown as 11 PM, 12 leaves the hour as it is. Hours beyond a day leave it, too.
-ShownAuditTime shown_audit_time();
+ShownAuditTime shown_audit_time() noexcept;
 
 // 12 PM is 24 and 12 AM is 12; kept, projects hold such hours.
-i16 stored_audit_hour(i16 shown_hour, bool afternoon);
+i16 stored_audit_hour(i16 shown_hour, bool afternoon) noexcept;
+
+// "Audit Time: 11:59 PM" in the status bar; "-:-" for hour 0.
+void show_audit_time() noexcept;
 
 // What is written when the user accepts.
 struct SetupTexts {
@@ -42,7 +45,7 @@ struct SetupTexts {
 };
 
 // As stored, texts without blanks at their end.
-SetupTexts present_setup();
+SetupTexts present_setup() noexcept;
 
 // Writes all of them, marks the project as modified where something differs, and shows the time of
 // the audit. Fault 6 for a number beyond 16 bits; nothing has changed then.
@@ -50,9 +53,9 @@ void accept_setup(const SetupTexts& texts);
 
 // Brings what a project may hold into what the lists know: font size 0 becomes 8, the two marks
 // become 1 where they are above 2.
-void settle_settings();
+void settle_settings() noexcept;
 
 // A setting that is written at once. Marks the project as modified where it differs.
-void set_setting(i16& setting, i16 value);
+void set_setting(i16& setting, i16 value) noexcept;
 
 }  // namespace tavernook

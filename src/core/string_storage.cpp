@@ -35,12 +35,12 @@ int references(i64 item, std::string_view trimmed_text) {
 
 }  // namespace
 
-std::string_view pooled_text(i16 row) {
+std::string_view pooled_text(i16 row) noexcept {
     if (row < 0 || row > pooled_string_capacity) return {};
     return pooled_strings[row];
 }
 
-i16 find_free_string() {
+i16 find_free_string() noexcept {
     i16 row = 1;
     while (row < pooled_string_capacity && !pooled_strings[row].empty()) ++row;
     if (row == pooled_string_capacity) {
@@ -51,7 +51,7 @@ i16 find_free_string() {
     return row;
 }
 
-i16 find_string(std::string_view text) {
+i16 find_string(std::string_view text) noexcept {
     const std::string_view wanted = trim(text);
     if (wanted.empty()) return 0;
     for (i16 row = 1; row <= pooled_string_capacity; ++row) {
@@ -60,7 +60,7 @@ i16 find_string(std::string_view text) {
     return 0;
 }
 
-i16 add_string(std::string_view text) {
+i16 add_string(std::string_view text) noexcept {
     const std::string_view wanted = storable(text);
     if (wanted.empty()) return 0;
     const i16 present = find_string(wanted);
@@ -70,20 +70,20 @@ i16 add_string(std::string_view text) {
     return row;
 }
 
-bool is_string_shared(std::string_view text) {
+bool is_string_shared(std::string_view text) noexcept {
     const std::string_view wanted = trim(text);
     int count = 0;
     for (i16 item = 1; item <= item_capacity; ++item) count += references(item, wanted);
     return count >= 2;
 }
 
-bool release_string(std::string_view text) {
+bool release_string(std::string_view text) noexcept {
     if (is_string_shared(text)) return false;
     pooled_strings[find_string(text)].clear();
     return true;
 }
 
-i16 change_string(std::string_view old_text, std::string_view new_text) {
+i16 change_string(std::string_view old_text, std::string_view new_text) noexcept {
     const std::string_view from = trim(old_text);
     const std::string to(storable(new_text));
     if (from == to) return find_string(from);
@@ -99,7 +99,7 @@ i16 change_string(std::string_view old_text, std::string_view new_text) {
     return row;
 }
 
-void show_string_count() {
+void show_string_count() noexcept {
     int count = 0;
     for (const std::string& text : pooled_strings) count += text.empty() ? 0 : 1;
     boxes().message("There are currently " + std::to_string(count) + " Strings names");

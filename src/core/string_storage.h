@@ -11,30 +11,30 @@
 namespace tavernook {
 
 // The text of a row. A reference that is no row at all, as a damaged file can hold, is no text.
-std::string_view pooled_text(i16 row);
+std::string_view pooled_text(i16 row) noexcept;
 
 // The first free row. When the search reaches the last row a box says so, and the last row is
 // the result whether it is free or not.
-i16 find_free_string();
+i16 find_free_string() noexcept;
 
 // 0 when the text is not in the pool or blank.
-i16 find_string(std::string_view text);
+i16 find_string(std::string_view text) noexcept;
 
 // The row that holds the text, a new one where needed; 0 for blank text. A row holds 65,535
 // characters; what is longer is cut.
-i16 add_string(std::string_view text);
+i16 add_string(std::string_view text) noexcept;
 
 // True when at least two fields of items hold the text; items that are not live count as well.
-bool is_string_shared(std::string_view text);
+bool is_string_shared(std::string_view text) noexcept;
 
 // True when the row was freed, false when it is shared.
-bool release_string(std::string_view text);
+bool release_string(std::string_view text) noexcept;
 
 // The row that a field takes when its text changes. A text that only this field held is
 // overwritten in place, also when the new text stands in another row already.
-i16 change_string(std::string_view old_text, std::string_view new_text);
+i16 change_string(std::string_view old_text, std::string_view new_text) noexcept;
 
 // For the support desk: a box with the number of texts in the pool.
-void show_string_count();
+void show_string_count() noexcept;
 
 }  // namespace tavernook

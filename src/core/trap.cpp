@@ -29,8 +29,12 @@ Fault present_fault() {
     }
 }
 
-void show_fault(const std::string& message) {
-    boxes().message(message);
+void show_fault(const std::string& message) noexcept {
+    try {
+        boxes().message(message);
+    } catch (...) {
+        // There is nothing left to say it with.
+    }
 }
 
 }  // namespace tavernook

@@ -1,5 +1,18 @@
-// No Fault crosses a routine's edge: each public routine runs inside one of these and shows exactly
-// one box when its work fails. A cancelled file dialog (32755) is passed over in silence.
+// Where Faults end in the logic. What one room offers another is a routine, and a routine is
+// `noexcept`: it runs inside one of these, shows exactly one box when its work fails, leaves behind
+// what its header says, and answers so that its caller knows. A cancelled file dialog (32755) is
+// passed over in silence.
+//
+//     i16 remove_from_lots(i16 item, f64 quantity) noexcept {
+//         i16 taken = i16_false;
+//         trap_in_module([&] { taken = truth(take(item, quantity)); });
+//         return taken;  // 0: the box has been shown, the audit goes on with the next item
+//     }
+//
+// A few routines let the Fault through, because the box is their caller's: that of a screen's
+// command, of a save, the end of an audit. Their headers name the Fault, and the structure test
+// lists them. What throws else (checked values, tables, the codec, helpers of a room) stays
+// indoors.
 #pragma once
 
 #include <string>
@@ -17,7 +30,8 @@ std::string module_message(const Fault& fault);
 // The exception being handled, as a Fault. Call it inside a catch block only.
 Fault present_fault();
 
-void show_fault(const std::string& message);
+// A box that cannot be shown, for want of memory say, is no reason to end the program.
+void show_fault(const std::string& message) noexcept;
 
 // True when `work` came to its end; otherwise `on_fault` was called with what stopped it.
 template <typename Work, typename OnFault>

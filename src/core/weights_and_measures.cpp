@@ -18,7 +18,7 @@ const std::array<std::string_view, 19> fixed_measures{
     "1 Cup = 236.6 mL",  "1.06 Quarts = 1 Liter",  "1 lb. = 453.59 grams",
     "1 oz = 28.35 grams"};
 
-std::vector<i16> live_wams() {
+std::vector<i16> live_wams() noexcept {
     std::vector<i16> slots;
     for (i16 slot = 1; slot <= wam_capacity; ++slot) {
         if (wams[slot].in_use != 0) slots.push_back(slot);
@@ -26,7 +26,7 @@ std::vector<i16> live_wams() {
     return slots;
 }
 
-i16 GetFreeWam() {
+i16 GetFreeWam() noexcept {
     i16 slot = 1;
     while (slot <= wam_capacity && wams[slot].in_use != 0) ++slot;
     if (slot >= wam_capacity) {
@@ -37,7 +37,7 @@ i16 GetFreeWam() {
     return slot <= wam_capacity ? slot : i16{0};
 }
 
-i16 CheckWams(std::string_view text) {
+i16 CheckWams(std::string_view text) noexcept {
     i16 found = 0;
     const auto search = [&] {
         for (i16 slot = 1; slot <= wam_capacity && found == 0; ++slot) {
@@ -49,7 +49,7 @@ i16 CheckWams(std::string_view text) {
     return found;
 }
 
-MeasureParts split_measure(std::string_view line) {
+MeasureParts split_measure(std::string_view line) noexcept {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos)
         return {"", std::string(line.substr(line.empty() ? 0 : 1))};
@@ -57,7 +57,7 @@ MeasureParts split_measure(std::string_view line) {
             std::string(line.substr(std::min(equals + 2, line.size())))};
 }
 
-std::string join_measure(std::string_view left, std::string_view right) {
+std::string join_measure(std::string_view left, std::string_view right) noexcept {
     return std::string(left) + " = " + std::string(right);
 }
 

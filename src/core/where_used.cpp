@@ -53,30 +53,30 @@ void append_meals(std::string& users, i16 item) {
 
 }  // namespace
 
-std::string item_store_users(i16 store) {
+std::string item_store_users(i16 store) noexcept {
     return items_that([store](const ItemRecord& item) { return item.store == store; });
 }
 
-std::string item_unit_users(i16 unit) {
+std::string item_unit_users(i16 unit) noexcept {
     return items_that([unit](const ItemRecord& item) {
         return item.qty_units == unit || item.serving_size_units == unit;
     });
 }
 
-std::string item_users(i16 item) {
+std::string item_users(i16 item) noexcept {
     std::string users;
     append_meals(users, item);
     append_days(users, &DayRecord::planned_item, item);
     return users;
 }
 
-std::string meal_users(i16 meal) {
+std::string meal_users(i16 meal) noexcept {
     std::string users;
     append_days(users, &DayRecord::planned_meal, meal);
     return users;
 }
 
-std::string day_date_text(const DayRecord& day) {
+std::string day_date_text(const DayRecord& day) noexcept {
     return std::to_string(day.month) + "/" + std::to_string(day.day) + "/" +
            std::to_string(day.year);
 }

@@ -5,6 +5,7 @@
 #include "core/name_rows.h"
 #include "core/project_data.h"
 #include "core/string_storage.h"
+#include "core/trap.h"
 #include "core/where_used.h"
 #include "inventory/lots.h"
 #include "inventory/replacement.h"
@@ -46,7 +47,7 @@ i16 row_of_name(Rows& table, std::string_view trimmed_name) {
 }
 
 template <typename Rows>
-i16 row_by_use(Rows& table, i16 (*find_free)(), std::string_view trimmed_name) {
+i16 row_by_use(Rows& table, i16 (*find_free)() noexcept, std::string_view trimmed_name) {
     const i16 present = row_of_name(table, trimmed_name);
     if (present != 0) return present;
     const i16 row = find_free();
@@ -58,7 +59,7 @@ i16 row_by_use(Rows& table, i16 (*find_free)(), std::string_view trimmed_name) {
 enum class BlankName { leaves_field, clears_field };
 
 template <typename Rows>
-void store_row(i16& field, Rows& table, i16 (*find_free)(), std::string_view name,
+void store_row(i16& field, Rows& table, i16 (*find_free)() noexcept, std::string_view name,
                BlankName when_blank) {
     const std::string_view wanted = trim(name);
     if (!wanted.empty()) {
@@ -108,7 +109,7 @@ void store_figures(ItemRecord& item, const ItemValues& values, i16 storage_time)
 
 void stamp_first_lot(i16 slot, f64 quantity, i16 storage_time) {
     LotRecord& record = lots[slot];
-    const auto place = static_cast<std::size_t>(record.current_lot);
+    const auto place = static_cast<std::size_t>(current_lot_of(slot));
     const Date now = platform_clock().now();
     record.lot_quantity[place] = quantity;
     record.creation_date[place] = now;
@@ -141,16 +142,64 @@ void move_stock_to(i16 slot, f64 quantity) {
     if (quantity == 0) return;
     const f64 held = items[slot].quantity;
     if (quantity <= held) {
-        remove_from_lots(slot, held - quantity);
+        const f64 less = held - quantity;
+        if (lot_total(slot) >= less && !current_lot_is_readable(slot)) {
+            throw Fault(fault_number::overflow);
+        }
+        remove_from_lots(slot, less);
     } else {
         add_to_lots(slot, quantity - held);
         items[slot].last_restock_date = platform_clock().now();
     }
 }
 
+void change_item(i16 item, const ItemValues& values) {
+    ItemRecord& record = items[item];
+    if (record.in_use == 0) return;
+    const i16 storage_time = round_to_i16(values.storage_time);
+    const i16 fat = round_to_i16(values.fat);
+    const i16 calories = round_to_i16(values.calories);
+    ensure_lot_record(item);
+    move_stock_to(item, leading_number(values.quantity));
+    record.name = title_of(values);
+    record.quantity = lot_total(item);
+    store_figures(record, values, storage_time);
+    record.fat = fat;
+    record.calories = calories;
+    change_texts(item, values);
+    store_names_and_nutrients(item, values, BlankName::clears_field);
+}
+
+void blank_records(i16 item) {
+    const i16 in_use = items[item].in_use;
+    items[item] = ItemRecord{};
+    items[item].barcode = no_barcode;
+    items[item].in_use = in_use;
+    item_details[item] = ItemDetailRecord{};
+}
+
+// False when the user keeps the item.
+bool delete_or_hand_over(i16 item) {
+    const std::string users = item_users(item);
+    if (users.empty()) {
+        items[item].in_use = 0;
+        blank_records(item);
+        clear_lot_record(item);
+        return true;
+    }
+    const Answer answer = boxes().message(
+        "Press YES to select a replacement ITEM or press NO to cancel the delete. This item is "
+        "used by " +
+            std::string(trim(users)),
+        Buttons::yes_no);
+    if (answer != Answer::yes) return false;
+    replace_item_screen().ask_replacement(item, static_cast<i16>(ReplacementType::item));
+    return true;
+}
+
 }  // namespace
 
-i16 find_free_item_slot() {
+i16 find_free_item_slot() noexcept {
     i16 slot = 1;
     while (slot < item_capacity && items[slot].in_use != 0) ++slot;
     if (slot == item_capacity) {
@@ -178,60 +227,35 @@ i16 create_item(const ItemValues& values) {
     return slot;
 }
 
-void update_item(i16 item, const ItemValues& values) {
-    ItemRecord& record = items[item];
-    if (record.in_use == 0) return;
-    const i16 storage_time = round_to_i16(values.storage_time);
-    const i16 fat = round_to_i16(values.fat);
-    const i16 calories = round_to_i16(values.calories);
-    ensure_lot_record(item);
-    move_stock_to(item, leading_number(values.quantity));
-    record.name = title_of(values);
-    record.quantity = lot_total(item);
-    store_figures(record, values, storage_time);
-    record.fat = fat;
-    record.calories = calories;
-    change_texts(item, values);
-    store_names_and_nutrients(item, values, BlankName::clears_field);
+bool update_item(i16 item, const ItemValues& values) noexcept {
+    return trap_in_module([&] { change_item(item, values); });
 }
 
-i16 copy_item(i16 source, i16 category) {
-    const i16 slot = find_free_item_slot();
-    init_lot_record(slot);
-    items[slot] = items[source];
-    item_details[slot] = item_details[source];
-    items[slot].category = category;
-    items[slot].name = "Copy of " + std::string(items[source].name.stored());
+i16 copy_item(i16 source, i16 category) noexcept {
+    i16 slot = 0;
+    trap_in_module([&] {
+        const ItemRecord& original = items[source];
+        slot = find_free_item_slot();
+        init_lot_record(slot);
+        items[slot] = original;
+        item_details[slot] = item_details[source];
+        items[slot].category = category;
+        items[slot].name = "Copy of " + std::string(original.name.stored());
+    });
     return slot;
 }
 
-i16 delete_item(i16 item) {
-    const std::string users = item_users(item);
-    if (users.empty()) {
-        items[item].in_use = 0;
-        clear_item_record(item);
-        clear_lot_record(item);
-        return i16_true;
-    }
-    const Answer answer = boxes().message(
-        "Press YES to select a replacement ITEM or press NO to cancel the delete. This item is "
-        "used by " +
-            std::string(trim(users)),
-        Buttons::yes_no);
-    if (answer != Answer::yes) return i16_false;
-    replace_item_screen().ask_replacement(item, static_cast<i16>(ReplacementType::item));
-    return i16_true;
+i16 delete_item(i16 item) noexcept {
+    i16 gone = i16_false;
+    trap_in_module([&] { gone = truth(delete_or_hand_over(item)); });
+    return gone;
 }
 
-void clear_item_record(i16 item) {
-    const i16 in_use = items[item].in_use;
-    items[item] = ItemRecord{};
-    items[item].barcode = no_barcode;
-    items[item].in_use = in_use;
-    item_details[item] = ItemDetailRecord{};
+void clear_item_record(i16 item) noexcept {
+    trap_in_module([item] { blank_records(item); });
 }
 
-i16 find_item_by_name(std::string_view name) {
+i16 find_item_by_name(std::string_view name) noexcept {
     const std::string wanted = lower_case(trim(name));
     for (i16 slot = 1; slot <= item_capacity; ++slot) {
         if (lower_case(items[slot].name.trimmed()) == wanted) return slot;
@@ -239,7 +263,7 @@ i16 find_item_by_name(std::string_view name) {
     return 0;
 }
 
-i16 find_item_exact(std::string_view name) {
+i16 find_item_exact(std::string_view name) noexcept {
     for (i16 slot = 1; slot < item_capacity; ++slot) {
         if (items[slot].name.right_trimmed() == name) return slot;
     }

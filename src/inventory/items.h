@@ -51,28 +51,33 @@ struct ItemValues {
 
 // The first free slot. A box warns when the search comes to slot 10000, free or not; that slot is
 // then the result and the next item overwrites it.
-i16 find_free_item_slot();
+i16 find_free_item_slot() noexcept;
 
-// Units and the store that no row bears yet come into being. Returns the item's number.
+// Units and the store that no row bears yet come into being. Returns the item's number. Fault 6,
+// which the form tells, for a storage time beyond 16 bits; nothing has changed then.
 i16 create_item(const ItemValues& values);
 
 // Does nothing to an item that is not live. A quantity of 0, empty or no number leaves the stock.
-void update_item(i16 item, const ItemValues& values);
+// False, with a box and nothing changed, for a number outside the table, a figure beyond 16 bits,
+// and stock to be taken from a lot that cannot be read.
+[[nodiscard]] bool update_item(i16 item, const ItemValues& values) noexcept;
 
 // A copy with the source's figures, barcode and texts, and with empty lots: its quantity shows the
-// source's only until the lots are summed.
-i16 copy_item(i16 source, i16 category);
+// source's only until the lots are summed. 0, with a box, for a source outside the table.
+i16 copy_item(i16 source, i16 category) noexcept;
 
-// -1 deleted, or handed to the replacement screen; 0 when the user refused.
-i16 delete_item(i16 item);
+// -1 deleted, or handed to the replacement screen; 0 when the user refused, and, with a box, for a
+// number outside the table.
+i16 delete_item(i16 item) noexcept;
 
-// Blanks the item's two records; in_use stays. The rows of its texts stay in the pool.
-void clear_item_record(i16 item);
+// Blanks the item's two records; in_use stays. The rows of its texts stay in the pool. A box for a
+// number outside the table.
+void clear_item_record(i16 item) noexcept;
 
 // By trimmed lower-case name, live or not; 0 when there is none.
-i16 find_item_by_name(std::string_view name);
+i16 find_item_by_name(std::string_view name) noexcept;
 
 // By right-trimmed name, capitals and blanks of the argument counting; slot 10000 is never found.
-i16 find_item_exact(std::string_view name);
+i16 find_item_exact(std::string_view name) noexcept;
 
 }  // namespace tavernook

@@ -4,6 +4,7 @@
 
 #include "core/name_rows.h"
 #include "core/project_data.h"
+#include "core/trap.h"
 #include "inventory/items.h"
 #include "inventory/lots.h"
 #include "platform/platform.h"
@@ -59,13 +60,24 @@ void replace_unit(i16 row, i16 replacement) {
     refresh_unit_combos();
 }
 
+void move_references(i16 row, i16 replacement, ReplacementType type) {
+    switch (type) {
+        case ReplacementType::item:
+            return replace_item(row, replacement);
+        case ReplacementType::store:
+            return replace_store(row, replacement);
+        case ReplacementType::unit:
+            return replace_unit(row, replacement);
+    }
+}
+
 void refresh_item_tree() {
     if (ports::FoodInventory* screen = food_inventory()) screen->populate_tree();
 }
 
 }  // namespace
 
-std::vector<i16> replacement_rows(i16 row, ReplacementType type) {
+std::vector<i16> replacement_rows(i16 row, ReplacementType type) noexcept {
     switch (type) {
         case ReplacementType::item:
             return live_rows_but(items, row);
@@ -77,19 +89,9 @@ std::vector<i16> replacement_rows(i16 row, ReplacementType type) {
     return {};
 }
 
-void replace_row(i16 row, i16 replacement, ReplacementType type) {
+void replace_row(i16 row, i16 replacement, ReplacementType type) noexcept {
     if (row < 1) return;  // 0 stands for "none" in every place that is free
-    switch (type) {
-        case ReplacementType::item:
-            replace_item(row, replacement);
-            break;
-        case ReplacementType::store:
-            replace_store(row, replacement);
-            break;
-        case ReplacementType::unit:
-            replace_unit(row, replacement);
-            break;
-    }
+    if (!trap_in_module([&] { move_references(row, replacement, type); })) return;
     boxes().message("All replacements completed successfully.");
     if (type != ReplacementType::store) refresh_item_tree();
 }

@@ -7,7 +7,7 @@
 namespace tavernook {
 
 // True from expiration_warning_days before the end on; never for an item that does not expire.
-inline bool nears_end_of_shelf_life(const ItemRecord& item, Date now) {
+inline bool nears_end_of_shelf_life(const ItemRecord& item, Date now) noexcept {
     if (item.storage_time == 0) return false;
     return now - item.last_restock_date + expiration_warning_days >= item.storage_time;
 }

@@ -4,7 +4,7 @@
 
 namespace tavernook {
 
-void refresh_shown_quantity(i16 item) {
+void refresh_shown_quantity(i16 item) noexcept {
     ports::FoodInventory* screen = food_inventory();
     if (screen != nullptr && screen->getindex() == item) screen->refresh_quantity();
 }

@@ -6,6 +6,6 @@
 namespace tavernook {
 
 // The quantity box of the item screen takes the stored quantity, where that screen shows the item.
-void refresh_shown_quantity(i16 item);
+void refresh_shown_quantity(i16 item) noexcept;
 
 }  // namespace tavernook

@@ -40,7 +40,7 @@ bool is_orphan(std::string_view name) {
 
 }  // namespace
 
-int usage_file_item(std::string_view name) {
+int usage_file_item(std::string_view name) noexcept {
     if (!is_usage_file(name)) return 0;
     return std::stoi(std::string(name.substr(name.size() - extension_size - digits, digits)));
 }

@@ -10,14 +10,15 @@ namespace tavernook {
 // longer exist. The working copies stay. Throws a Fault when a copy fails.
 void commit_usage_files();
 
-// Deletes every working copy.
+// Deletes every working copy. Throws a Fault when one cannot be deleted.
 void discard_usage_files();
 
-// Deletes the saved histories of the open project's items that are not in use.
+// Deletes the saved histories of the open project's items that are not in use. Throws a Fault when
+// one cannot be deleted.
 void remove_orphan_usage_files();
 
 // The number in front of the extension; 0 unless those are six digits. Page templates and other
 // files in the folder are told from histories by it.
-int usage_file_item(std::string_view name);
+int usage_file_item(std::string_view name) noexcept;
 
 }  // namespace tavernook

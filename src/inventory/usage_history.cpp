@@ -6,6 +6,7 @@
 #include "basics/number_text.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 
@@ -43,7 +44,7 @@ constexpr std::size_t bytes_at_once = usage_entry_size * 3000;
 
 std::string change_text(i16 item, const UsageEntry& entry) {
     std::string text = format_number(entry.amount, "#0.00") + " ";
-    text.append(units[items[item].qty_units].name.stored());
+    text.append(row_or_none(units, row_or_none(items, item).qty_units).name.stored());
     text += entry.kind == usage_removed ? "Removed from " : "Added to ";
     if (entry.lot_place < 0 || entry.lot_place >= lot_places) {
         throw Fault(fault_number::subscript_out_of_range);
@@ -72,7 +73,8 @@ void append_entries(std::string& page, i16 item, File& file) {
         for (const UsageEntry& entry : decode_usage(std::string_view(bytes).substr(0, got))) {
             page += "<tr><td>" + date_text(entry.moved) + "</td><td>" + change_text(item, entry) +
                     "</td>";
-            if (entry.kind == usage_added) added_cost += entry.amount * items[item].cost;
+            if (entry.kind == usage_added)
+                added_cost += entry.amount * row_or_none(items, item).cost;
         }
         if (got < bytes.size()) break;
     }
@@ -81,7 +83,7 @@ void append_entries(std::string& page, i16 item, File& file) {
 
 }  // namespace
 
-std::vector<UsageEntry> decode_usage(std::string_view bytes) {
+std::vector<UsageEntry> decode_usage(std::string_view bytes) noexcept {
     std::vector<UsageEntry> entries(bytes.size() / usage_entry_size);
     ByteReader reader(bytes);
     for (UsageEntry& entry : entries) {
@@ -94,7 +96,7 @@ std::vector<UsageEntry> decode_usage(std::string_view bytes) {
     return entries;
 }
 
-std::string encode_usage(const UsageEntry& entry) {
+std::string encode_usage(const UsageEntry& entry) noexcept {
     ByteWriter bytes;
     bytes.write_zeros(1);
     bytes.write_f64(entry.amount);
@@ -104,8 +106,9 @@ std::string encode_usage(const UsageEntry& entry) {
     return std::string(bytes.bytes());
 }
 
-void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place) {
+void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place) noexcept {
     const UsageEntry entry{amount, platform_clock().now(), kind, lot_place};
+    if (item < 0 || item > item_capacity) return;
     if (moves_are_held) {
         held_moves[item] = entry;
     } else {
@@ -125,7 +128,7 @@ HeldUsage::~HeldUsage() {
     }
 }
 
-std::string Get_Item_Usage(i16 item) {
+std::string Get_Item_Usage(i16 item) noexcept {
     std::string page;
     try {
         const auto file = files().open(usage_path(item, ".dat"), OpenMode::read);

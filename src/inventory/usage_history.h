@@ -31,13 +31,14 @@ struct UsageEntry {
 };
 
 // Whole entries only; a rest at the end that is none is passed over.
-std::vector<UsageEntry> decode_usage(std::string_view bytes);
-std::string encode_usage(const UsageEntry& entry);
+std::vector<UsageEntry> decode_usage(std::string_view bytes) noexcept;
+std::string encode_usage(const UsageEntry& entry) noexcept;
 
 // Writes the move into the item's working copy, behind the saved entries. The next move before a
 // save takes the same place: the history keeps the last move of each save, and files and habits
-// depend on it. A history that cannot be written does not stop a stock move.
-void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place);
+// depend on it. A history that cannot be written does not stop a stock move; nor does an item that
+// is none.
+void record_item_usage(i16 item, f64 amount, i16 kind, i16 lot_place) noexcept;
 
 // While one lives, moves are kept and not written; then each item's last one goes into its working
 // copy. Nothing else of them would stay, and long work writes a file an item instead of a file a
@@ -51,6 +52,6 @@ class HeldUsage {
 };
 
 // The saved history as a fragment of HTML; "*" when there is none.
-std::string Get_Item_Usage(i16 item);
+std::string Get_Item_Usage(i16 item) noexcept;
 
 }  // namespace tavernook

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/project_data.h"
-#include "core/trap.h"
 #include "planning/day_plans.h"
 #include "platform/platform.h"
 
@@ -54,7 +53,7 @@ bool paste_day(Date date) {
 void delete_day_of(Date date) {
     const std::vector<i16> held = live_days_of(civil_from_date(date));
     for (const i16 slot : held) {
-        if (days[slot].audited != 0) trap_in_screen([slot] { release_audited_day(slot); });
+        if (days[slot].audited != 0) release_audited_day(slot);
     }
     // Delete_Day empties an audited current_day, which must not be that of another date.
     current_day = held.empty() ? i16{0} : held.back();

@@ -5,6 +5,7 @@
 
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "core/trap.h"
 #include "planning/planner_state.h"
 #include "platform/platform.h"
@@ -17,7 +18,7 @@ using Places = std::array<i16, day_places + 1>;
 
 i16 first_free_place(const Places& places) {
     i16 place = 1;
-    while (place < day_places && places[place_index(place)] != 0) ++place;
+    while (place < day_places && places[static_cast<std::size_t>(place)] != 0) ++place;
     return place;
 }
 
@@ -37,6 +38,10 @@ bool all_empty(const Places& places) {
     return std::all_of(places.begin() + 1, places.end(), [](i16 held) { return held == 0; });
 }
 
+bool is_slot(i16 day) {
+    return day >= 1 && day <= day_capacity;
+}
+
 bool is_on(const DayRecord& day, const CivilDate& date) {
     return day.in_use == 1 && day.day == date.day && day.month == date.month &&
            day.year == date.year;
@@ -54,13 +59,13 @@ std::size_t place_index(i16 place) {
     return static_cast<std::size_t>(place);
 }
 
-i16 lowest_free_day() {
+i16 lowest_free_day() noexcept {
     i16 slot = 1;
     while (slot < day_capacity && days[slot].in_use != 0) ++slot;
     return slot;
 }
 
-i16 find_free_day() {
+i16 find_free_day() noexcept {
     const i16 slot = lowest_free_day();
     trap_in_module([slot] {
         if (slot < day_capacity) return;
@@ -71,7 +76,7 @@ i16 find_free_day() {
     return slot;
 }
 
-std::vector<i16> live_days_of(const CivilDate& date) {
+std::vector<i16> live_days_of(const CivilDate& date) noexcept {
     std::vector<i16> found;
     for (i16 slot = 1; slot <= day_capacity; ++slot) {
         if (is_on(days[slot], date)) found.push_back(slot);
@@ -79,20 +84,20 @@ std::vector<i16> live_days_of(const CivilDate& date) {
     return found;
 }
 
-i16 find_free_day_meal_place(i16 day) {
-    return first_free_place(day_at(day).planned_meal);
+i16 find_free_day_meal_place(i16 day) noexcept {
+    return is_slot(day) ? first_free_place(days[day].planned_meal) : i16{0};
 }
 
-i16 find_free_day_item_place(i16 day) {
-    return first_free_place(day_at(day).planned_item);
+i16 find_free_day_item_place(i16 day) noexcept {
+    return is_slot(day) ? first_free_place(days[day].planned_item) : i16{0};
 }
 
-i16 find_day_item(i16 item, i16 day) {
-    return place_of(day_at(day).planned_item, item);
+i16 find_day_item(i16 item, i16 day) noexcept {
+    return place_of(row_or_none(days, day).planned_item, item);
 }
 
-i16 check_for_existing_meal_index(i16 recipe) {
-    return place_of(day_at(current_day).planned_meal, recipe);
+i16 check_for_existing_meal_index(i16 recipe) noexcept {
+    return place_of(row_or_none(days, current_day).planned_meal, recipe);
 }
 
 void delete_day_meal(i16 day, i16 recipe) {
@@ -103,8 +108,9 @@ void delete_day_items(i16 day, i16 item) {
     empty_places(day_at(day).planned_item, item);
 }
 
-bool day_is_empty(i16 day) {
-    return all_empty(day_at(day).planned_meal) && all_empty(day_at(day).planned_item);
+bool day_is_empty(i16 day) noexcept {
+    const DayRecord& record = row_or_none(days, day);
+    return all_empty(record.planned_meal) && all_empty(record.planned_item);
 }
 
 }  // namespace tavernook

@@ -44,12 +44,12 @@ void put_entry(i16& held, f64& held_quantity, i16 entry, f64 quantity) {
 
 }  // namespace
 
-i16 slot_of_selected_date() {
+i16 slot_of_selected_date() noexcept {
     const std::vector<i16> held = live_days_of(selected_civil_date());
     return held.empty() ? lowest_free_day() : held.back();
 }
 
-bool open_day() {
+bool open_day() noexcept {
     const std::vector<i16> held = live_days_of(selected_civil_date());
     current_day = held.empty() ? find_free_day() : held.back();
     return !held.empty();
@@ -90,11 +90,11 @@ void modify_mealplan_qty(f64 quantity) {
     redraw_list();
 }
 
-void modify_item_qty(i16, i16, f64, f64) {
+void modify_item_qty(i16, i16, f64, f64) noexcept {
     redraw_list();
 }
 
-void modify_meal_qty(i16, i16, f64, f64) {
+void modify_meal_qty(i16, i16, f64, f64) noexcept {
     redraw_list();
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "core/trap.h"
 #include "inventory/lots.h"
 #include "inventory/shown_quantity.h"
@@ -35,32 +36,50 @@ void restore_day_item_stock(i16 item, i16 day, i16 place) {
     refresh_shown_quantity(item);
 }
 
-}  // namespace
-
-void release_audited_day(i16 day) {
+// The first Fault; the other places are settled all the same.
+std::optional<Fault> settle_items(i16 day) {
     const DayRecord& record = day_at(day);
-    std::optional<Fault> first_fault;
-    const auto keep_fault = [&first_fault](const Fault& fault) {
-        if (!first_fault) first_fault = fault;
-    };
+    std::optional<Fault> first;
     for (i16 place = 1; place <= day_places; ++place) {
         const i16 item = record.planned_item[place_index(place)];
-        if (item != 0) trap([&] { restore_day_item_stock(item, day, place); }, keep_fault);
+        if (!is_live_row(items, item)) continue;
+        trap([&] { restore_day_item_stock(item, day, place); },
+             [&first](const Fault& fault) {
+                 if (!first) first = fault;
+             });
     }
-    for (i16 place = 1; place <= day_places; ++place) {
-        const i16 recipe = record.planned_meal[place_index(place)];
-        if (recipe != 0) trap([&] { restore_day_meal_stock(recipe, day, place); }, keep_fault);
-    }
-    if (!day_is_empty(day)) project_modified = i16_true;
-    if (first_fault) throw *first_fault;
+    return first;
 }
 
-void edit_audited_day() {
-    day_at(current_day).audited = 0;
+bool settle_recipes(i16 day) {
+    const DayRecord& record = day_at(day);
+    bool settled = true;
+    for (i16 place = 1; place <= day_places; ++place) {
+        const i16 recipe = record.planned_meal[place_index(place)];
+        if (!restore_day_meal_stock(recipe, day, place)) settled = false;
+    }
+    return settled;
+}
+
+}  // namespace
+
+bool release_audited_day(i16 day) noexcept {
+    bool recipes_settled = true;
+    const bool items_settled = trap_in_screen([&] {
+        const std::optional<Fault> failure = settle_items(day);
+        recipes_settled = settle_recipes(day);
+        if (!day_is_empty(day)) project_modified = i16_true;
+        if (failure) throw *failure;
+    });
+    return items_settled && recipes_settled;
+}
+
+void edit_audited_day() noexcept {
+    if (!trap_in_screen([] { day_at(current_day).audited = 0; })) return;
     project_modified = i16_true;
     ports::MealPlan* screen = meal_plan();
     if (screen != nullptr) screen->set_day_editable(true);
-    trap_in_screen([] { release_audited_day(current_day); });
+    release_audited_day(current_day);
     screen = meal_plan();
     if (screen == nullptr) return;
     screen->CalendarUpdate(100);

@@ -3,6 +3,7 @@
 #include "basics/number_text.h"
 #include "core/money_text.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "core/trap.h"
 #include "planning/day_places.h"
 #include "recipes/roll_up.h"
@@ -12,6 +13,7 @@ namespace tavernook {
 namespace {
 
 void add_item(DayTotals& totals, i16 item, f64 quantity) {
+    if (!is_live_row(items, item)) return;
     const ItemRecord& record = items[item];
     const f64 servings = record.servings_per_qty_unit == 0 ? 1.0 : record.servings_per_qty_unit;
     totals.calories += quantity * item_details[item].calories;
@@ -23,6 +25,7 @@ void add_item(DayTotals& totals, i16 item, f64 quantity) {
 }
 
 void add_recipe(DayTotals& totals, i16 recipe, f64 servings) {
+    if (!is_live_row(meals, recipe)) return;
     const f64 size = meal_serving_size[recipe] == 0 ? 1.0 : meal_serving_size[recipe];
     if (size < 0) return;
     const RollUp figures = roll_up(meals[recipe], size);
@@ -43,10 +46,10 @@ void count_as_one(f64& figure) {
 
 void write_ones(const DayRecord& day) {
     for (std::size_t place = 1; place <= day_places; ++place) {
-        if (day.planned_item[place] != 0) {
-            count_as_one(items[day.planned_item[place]].servings_per_qty_unit);
-        }
-        if (day.planned_meal[place] != 0) count_as_one(meal_serving_size[day.planned_meal[place]]);
+        const i16 item = day.planned_item[place];
+        if (is_live_row(items, item)) count_as_one(items[item].servings_per_qty_unit);
+        const i16 recipe = day.planned_meal[place];
+        if (is_live_row(meals, recipe)) count_as_one(meal_serving_size[recipe]);
     }
 }
 
@@ -66,7 +69,7 @@ DayTotals day_totals(const DayRecord& day, const DayQuantityRecord& quantities) 
     return totals;
 }
 
-DayTotals day_totals_shown(i16 day) {
+DayTotals day_totals_shown(i16 day) noexcept {
     DayTotals totals;
     write_texts(totals);
     trap_in_screen([&] {

@@ -18,14 +18,14 @@ struct DayTotals {
 
 // Reads the tables and changes nothing. Items count with their exact figures, recipes with the
 // whole-number figures of their ingredients. Servings in a unit and a recipe's serving size of
-// exactly 0 count as 1; a recipe with a negative serving size adds nothing. Fault 11 for an item
-// whose serving size is 0 and whose planned quantity is not, Fault 9 where the day names what is
-// outside the tables.
+// exactly 0 count as 1; a recipe with a negative serving size adds nothing, and so does an entry
+// that names no live item or recipe. Fault 11 for an item whose serving size is 0 and whose planned
+// quantity is not.
 DayTotals day_totals(const DayRecord& day, const DayQuantityRecord& quantities);
 
 // The same for the day that the planner shows: figures of exactly 0 that count as 1 become 1 in the
 // tables, for planned items and planned recipes. On a Fault "there has been an error" is shown,
 // nothing has changed and the totals are those of an empty day.
-DayTotals day_totals_shown(i16 day);
+DayTotals day_totals_shown(i16 day) noexcept;
 
 }  // namespace tavernook

@@ -11,7 +11,7 @@ i16 day_changed = i16_false;
 i16 pending_calendar_refresh = i16_false;
 DayClipboard day_clipboard;
 
-void reset_planner_state() {
+void reset_planner_state() noexcept {
     current_day = 0;
     selected_day = 0;
     selected_month = 0;

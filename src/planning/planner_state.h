@@ -24,6 +24,6 @@ struct DayClipboard {
 extern DayClipboard day_clipboard;
 
 // Nothing shown, nothing remembered, as before the planner's first opening.
-void reset_planner_state();
+void reset_planner_state() noexcept;
 
 }  // namespace tavernook

@@ -5,9 +5,9 @@
 #include <span>
 
 #include "basics/number_text.h"
+#include "basics/typed_numbers.h"
 #include "core/changes.h"
 #include "core/project_data.h"
-#include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "planning/day_plans.h"
 #include "platform/platform.h"
@@ -97,11 +97,11 @@ void plan_as_asked(i16 number, std::string_view title, bool zero_too) {
 
 }  // namespace
 
-std::string recommendation_key(const Recommendation& row) {
+std::string recommendation_key(const Recommendation& row) noexcept {
     return item_key(row.item, row.recipe);
 }
 
-MealRecommendations meal_recommendations() {
+MealRecommendations meal_recommendations() noexcept {
     MealRecommendations found;
     const std::vector<ExpiringItem> expiring = items_past_their_dates();
     if (!expiring.empty()) {
@@ -116,11 +116,11 @@ MealRecommendations meal_recommendations() {
     return found;
 }
 
-i16 recommended_item(std::string_view key) {
+i16 recommended_item(std::string_view key) noexcept {
     return get_index(key).value_or(0);
 }
 
-i16 recommended_recipe(std::string_view key) {
+i16 recommended_recipe(std::string_view key) noexcept {
     return number_behind_colon(key).value_or(0);
 }
 

@@ -62,8 +62,13 @@ std::string document_stem() {
     return text + "~" + name_number(stem);
 }
 
+bool is_slot(i16 slot) {
+    return slot >= 1 && slot <= meal_capacity;
+}
+
+// Empty for a slot that is none.
 std::string name_for(i16 slot, const char* extension) {
-    entry_at(slot);
+    if (!is_slot(slot)) return {};
     const std::string number = std::to_string(slot);
     return document_stem() + std::string(6 - number.size(), '0') + number + extension;
 }
@@ -77,8 +82,9 @@ void make_folder() {
     files().make_folder(folder_of(folder() + "."));
 }
 
+// Empty without a name.
 std::string path_of(std::string_view name) {
-    return folder() + utf8_from_text(name);
+    return name.empty() ? std::string() : folder() + utf8_from_text(name);
 }
 
 // The file name that the entry points to; nothing where it points to none.
@@ -154,23 +160,24 @@ void put_back_alone(const std::string& path) {
 
 }  // namespace
 
-std::string current_document_entry(i16 slot) {
-    return std::string(marker) + name_for(slot, ".rtf");
+std::string current_document_entry(i16 slot) noexcept {
+    return is_slot(slot) ? std::string(marker) + name_for(slot, ".rtf") : std::string();
 }
 
-std::string document_name(i16 slot) {
-    return name_in_entry(entry_at(slot)).value_or(name_for(slot, ".rtf"));
+std::string document_name(i16 slot) noexcept {
+    if (!is_slot(slot)) return {};
+    return name_in_entry(meal_documents[slot]).value_or(name_for(slot, ".rtf"));
 }
 
-std::string document_path(i16 slot) {
+std::string document_path(i16 slot) noexcept {
     return path_of(document_name(slot));
 }
 
-std::string new_document_path(i16 slot) {
+std::string new_document_path(i16 slot) noexcept {
     return path_of(name_for(slot, ".rtf"));
 }
 
-std::string document_backup_path(i16 slot) {
+std::string document_backup_path(i16 slot) noexcept {
     return path_of(name_for(slot, ".bak"));
 }
 
@@ -196,18 +203,19 @@ void store_document(i16 slot, std::string_view rich_text) {
 }
 
 void store_document_backup(i16 slot, std::string_view rich_text) {
+    entry_at(slot);
     const std::string backup = document_backup_path(slot);
     make_folder();
     put_back_alone(new_document_path(slot));
     replace_document(backup, rich_text);
 }
 
-void keep_documents() {
+void keep_documents() noexcept {
     changed_documents.clear();
     show_in_state();
 }
 
-void restore_documents() {
+void restore_documents() noexcept {
     const std::vector<ChangedDocument> changes = std::exchange(changed_documents, {});
     show_in_state();
     std::optional<Fault> failure;

@@ -1,7 +1,10 @@
 // The text of a recipe: a rich-text file of its own in the folder `recipes_folder`, to which the
 // entry of `meal_documents` points. A new text is on the disk at once, before the project is saved;
 // until the save the content before it lies beside it as the ".bak" file, for a "No" to saving.
-// Routines that take a slot throw Fault 9 outside 1..1000.
+//
+// What reads or writes a text lets its Fault through: the recipe manager tells of it in words of
+// its own, and does not let go of what could not be written. Names and paths are empty for a slot
+// outside 1..1000.
 #pragma once
 
 #include <string>
@@ -27,38 +30,41 @@ struct StoredDocument {
 
 // The entry that the next store_document writes: "*vk14" + stem + the slot with six digits + ".rtf"
 // as code page text. A stem that the code page cannot hold is told apart by a number behind it.
-std::string current_document_entry(i16 slot);
+std::string current_document_entry(i16 slot) noexcept;
 
 // Text: the file name of the present entry, or the one that a slot without a file will get.
-std::string document_name(i16 slot);
+std::string document_name(i16 slot) noexcept;
 
 // Paths, for messages: the file that stored_document reads (where the entry names none, the one
 // that will be written), and those that store_document and store_document_backup write.
-std::string document_path(i16 slot);
-std::string new_document_path(i16 slot);
-std::string document_backup_path(i16 slot);
+std::string document_path(i16 slot) noexcept;
+std::string new_document_path(i16 slot) noexcept;
+std::string document_backup_path(i16 slot) noexcept;
 
 // Only the file name of an entry counts, and the file is looked for in the recipes folder, which
 // is made when it is missing. Fault 53 when there is no such file, 63 when it is longer than
-// longest_document, and those of the file layer. The entry stays in any case.
+// longest_document, 9 for a slot outside 1..1000, and those of the file layer. The entry stays in
+// any case.
 StoredDocument stored_document(i16 slot);
 
 // Fault 6, with a description of its own, for a text beyond longest_document, which could not be
-// read again. Replaces the file of current_document_entry in one step, makes it the slot's entry
-// and marks the project as modified (a mere migration of the old form does not). A Fault leaves the
-// entry and the old file as they were, unless only the flush of the folder failed.
+// read again, 9 for a slot outside 1..1000, and those of the file layer. Replaces the file of
+// current_document_entry in one step, makes it the slot's entry and marks the project as modified
+// (a mere migration of the old form does not). A Fault leaves the entry and the old file as they
+// were, unless only the flush of the folder failed.
 void store_document(i16 slot, std::string_view rich_text);
 
 // The text of a recipe that is being deleted goes into the ".bak" file. The project on the disk
-// still points to the document, which therefore takes its content before back first.
+// still points to the document, which therefore takes its content before back first. Throws what
+// the file layer throws, and Fault 9 for a slot outside 1..1000.
 void store_document_backup(i16 slot, std::string_view rich_text);
 
 // The project has been saved: its documents are those on the disk.
-void keep_documents();
+void keep_documents() noexcept;
 
 // The project goes unsaved: each document changed since the save takes its content before back. To
 // be called when the screens are gone, and before anything else writes into the folder. Nothing is
 // left to restore then; one box tells the first failure.
-void restore_documents();
+void restore_documents() noexcept;
 
 }  // namespace tavernook

@@ -3,6 +3,8 @@
 #include <vector>
 
 #include "core/project_data.h"
+#include "core/rows.h"
+#include "core/trap.h"
 #include "inventory/lots.h"
 #include "inventory/shown_quantity.h"
 #include "platform/platform.h"
@@ -40,13 +42,14 @@ std::vector<PlannedPlace> places_that_hold(i16 slot) {
 
 // Kept: the serving size divides twice, and households' stock has always been counted so.
 StockReturns stock_returns(i16 slot, i16 day, i16 place) {
-    const MealRecord& meal = meals[slot];
-    const f64 size = meal_serving_size[slot];
     const f64 servings = day_quantities[day].meal_servings[index_of(place)];
     StockReturns returns;
+    if (!is_live_row(meals, slot)) return returns;
+    const MealRecord& meal = meals[slot];
+    const f64 size = meal_serving_size[slot];
     for (std::size_t at = 1; at <= ingredient_places; ++at) {
         const i16 item = meal.ingredient_item[at];
-        if (item == 0) continue;
+        if (!is_live_row(items, item)) continue;
         const ItemRecord& record = items[item];
         const f64 share = divide(record.serving_size, record.servings_per_qty_unit);
         const f64 quantity = divide(divide(servings, size), size) * meal.ingredient_qty[at] * share;
@@ -63,10 +66,8 @@ void give_back(const StockReturns& returns) {
     }
 }
 
-}  // namespace
-
-bool remove_meal_from_plans(i16 slot, Answer adjust_stock) {
-    if (slot < 1) return true;  // 0 stands for "none" in every place that is free
+// All figures first: a Fault comes before anything has changed.
+void take_out_of_plans(i16 slot, Answer adjust_stock) {
     const std::vector<PlannedPlace> planned = places_that_hold(slot);
     std::vector<StockReturns> returns(planned.size());
     if (adjust_stock == Answer::yes) {
@@ -78,19 +79,26 @@ bool remove_meal_from_plans(i16 slot, Answer adjust_stock) {
         give_back(returns[n]);
         days[planned[n].day].planned_meal[index_of(planned[n].place)] = 0;
     }
-    return true;
 }
 
-void restore_day_meal_stock(i16 slot, i16 day, i16 place) {
+}  // namespace
+
+bool remove_meal_from_plans(i16 slot, Answer adjust_stock) noexcept {
+    if (slot < 1) return true;  // 0 stands for "none" in every place that is free
+    return trap_in_module([=] { take_out_of_plans(slot, adjust_stock); });
+}
+
+bool restore_day_meal_stock(i16 slot, i16 day, i16 place) noexcept {
+    if (!is_live_row(meals, slot)) return true;
     const Answer answer = boxes().message(
         "You have chosen to edit an audited day.  Do you want the inventory for the items used by "
         "this Meal to be adjusted as a result?",
         Buttons::yes_no, "Inventory Adjustment", DefaultButton::no);
-    if (answer == Answer::yes) restore_day_meal_stock_quietly(slot, day, place);
+    return answer != Answer::yes || restore_day_meal_stock_quietly(slot, day, place);
 }
 
-void restore_day_meal_stock_quietly(i16 slot, i16 day, i16 place) {
-    give_back(stock_returns(slot, day, place));
+bool restore_day_meal_stock_quietly(i16 slot, i16 day, i16 place) noexcept {
+    return trap_in_module([=] { give_back(stock_returns(slot, day, place)); });
 }
 
 }  // namespace tavernook

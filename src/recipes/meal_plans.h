@@ -8,16 +8,17 @@
 namespace tavernook {
 
 // Empties every place of a live day that holds the recipe, audited or not; with Yes the stock of
-// each place is given back first. The servings of the places stay. Always true. A Fault in the
-// figures comes before anything has changed.
-bool remove_meal_from_plans(i16 slot, Answer adjust_stock);
+// each place is given back first. The servings of the places stay. False, with a box and nothing
+// changed, where an amount cannot be worked out.
+bool remove_meal_from_plans(i16 slot, Answer adjust_stock) noexcept;
 
-// Asks; with Yes it does the work of the quiet one.
-void restore_day_meal_stock(i16 slot, i16 day, i16 place);
+// Asks; with Yes it does the work of the quiet one. Asks nothing for a recipe that is none.
+bool restore_day_meal_stock(i16 slot, i16 day, i16 place) noexcept;
 
-// Gives each ingredient's share of the place's servings back to the item's lots. Fault 11 for a
-// serving size of 0 and an item without servings in a quantity unit, Fault 9 outside the tables;
-// nothing has changed then. Stock that finds no empty lot is lost in silence.
-void restore_day_meal_stock_quietly(i16 slot, i16 day, i16 place);
+// Gives each ingredient's share of the place's servings back to the item's lots. False, with a box
+// and nothing changed, for a serving size of 0, an item without servings in a quantity unit, and a
+// day or place outside the tables. A recipe or an ingredient that names none gives nothing back.
+// Stock that finds no empty lot is lost in silence.
+bool restore_day_meal_stock_quietly(i16 slot, i16 day, i16 place) noexcept;
 
 }  // namespace tavernook

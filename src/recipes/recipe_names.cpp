@@ -3,6 +3,7 @@
 #include "basics/text.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 
 namespace tavernook {
 
@@ -20,29 +21,20 @@ bool rename(Record& record, std::string_view name) {
 
 }  // namespace
 
-bool is_recipe_catagory(i16 row) {
-    return row >= 1 && row <= catagory_capacity && catagories[row].in_use == 1 &&
-           catagories[row].type == recipe_category_type;
+bool is_live_meal(i16 slot) noexcept {
+    return is_live_row(meals, slot);
 }
 
-bool is_live_meal(i16 slot) {
-    return slot >= 1 && slot <= meal_capacity && meals[slot].in_use == 1;
-}
-
-i16 home_recipe_catagory(i16 slot) {
-    const i16 catagory = meals[slot].category;
+i16 home_recipe_catagory(i16 slot) noexcept {
+    const i16 catagory = row_or_none(meals, slot).category;
     return is_recipe_catagory(catagory) ? catagory : i16{0};
 }
 
-bool rename_meal(i16 slot, std::string_view name) {
+bool rename_meal(i16 slot, std::string_view name) noexcept {
     return is_live_meal(slot) && rename(meals[slot], name);
 }
 
-bool rename_recipe_catagory(i16 row, std::string_view name) {
-    return is_recipe_catagory(row) && rename(catagories[row], name);
-}
-
-bool move_meal(i16 slot, i16 catagory) {
+bool move_meal(i16 slot, i16 catagory) noexcept {
     const bool known = catagory == 0 || is_recipe_catagory(catagory);
     if (!known || !is_live_meal(slot) || meals[slot].category == catagory) return false;
     meals[slot].category = catagory;
@@ -50,7 +42,7 @@ bool move_meal(i16 slot, i16 catagory) {
     return true;
 }
 
-i16 unit_named(std::string_view name) {
+i16 unit_named(std::string_view name) noexcept {
     const std::string wanted = lower_case(trim(name));
     if (wanted.empty()) return 0;
     for (i16 row = 1; row <= unit_capacity; ++row) {

@@ -5,25 +5,23 @@
 #include <string_view>
 
 #include "basics/values.h"
+#include "core/catagories.h"
 
 namespace tavernook {
 
-// Live, and of recipes.
-bool is_recipe_catagory(i16 row);
-bool is_live_meal(i16 slot);
+bool is_live_meal(i16 slot) noexcept;
 
 // The recipe's category; 0, the root, where that is no recipe category.
-i16 home_recipe_catagory(i16 slot);
+i16 home_recipe_catagory(i16 slot) noexcept;
 
 // Blanks around the name go, and what is behind the 32nd letter. An empty name is refused, and so
-// is a row or slot that is not live.
-bool rename_meal(i16 slot, std::string_view name);
-bool rename_recipe_catagory(i16 row, std::string_view name);
+// is a slot that is not live.
+bool rename_meal(i16 slot, std::string_view name) noexcept;
 
 // Category 0 is the root.
-bool move_meal(i16 slot, i16 catagory);
+bool move_meal(i16 slot, i16 catagory) noexcept;
 
 // The row of a live unit of that name, blanks around it and capitals apart; 0 when there is none.
-i16 unit_named(std::string_view name);
+i16 unit_named(std::string_view name) noexcept;
 
 }  // namespace tavernook

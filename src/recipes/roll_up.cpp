@@ -3,6 +3,7 @@
 #include "basics/number_text.h"
 #include "core/money_text.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 
 namespace tavernook {
 
@@ -11,7 +12,7 @@ namespace {
 constexpr int rule_length = 43;
 
 std::string unit_name(i16 unit) {
-    return std::string(units[unit].name.trimmed());
+    return std::string(row_or_none(units, unit).name.trimmed());
 }
 
 std::string money(f64 amount) {
@@ -25,7 +26,7 @@ f64 cost_of_serving(const ItemRecord& item) {
 void add_ingredients(RollUp& figures, const MealRecord& meal) {
     for (std::size_t place = 1; place <= ingredient_places; ++place) {
         const i16 number = meal.ingredient_item[place];
-        if (number <= 0) continue;
+        if (number < 1 || number > item_capacity) continue;
         const ItemRecord& item = items[number];
         const f64 quantity = meal.ingredient_qty[place];
         figures.ingredients.push_back(
@@ -61,7 +62,7 @@ void write_figures_per_serving(RollUp& figures, f64 serving_size) {
 
 }  // namespace
 
-RollUp roll_up(const MealRecord& meal, f64 serving_size) {
+RollUp roll_up(const MealRecord& meal, f64 serving_size) noexcept {
     const f64 size = serving_size == 0 ? 1.0 : serving_size;
     RollUp figures;
     figures.serving_size = number_text(size);
@@ -73,14 +74,14 @@ RollUp roll_up(const MealRecord& meal, f64 serving_size) {
     return figures;
 }
 
-RollUp roll_up_shown(i16 slot) {
+RollUp roll_up_shown(i16 slot) noexcept {
+    if (slot < 1 || slot > meal_capacity) return roll_up(MealRecord{}, 1);
     f64& serving_size = meal_serving_size[slot];
-    RollUp figures = roll_up(meals[slot], serving_size);
     if (serving_size == 0) serving_size = 1;
-    return figures;
+    return roll_up(meals[slot], serving_size);
 }
 
-std::vector<std::string> information_lines(const RollUp& figures) {
+std::vector<std::string> information_lines(const RollUp& figures) noexcept {
     const std::string rule(rule_length, '_');
     std::vector<std::string> lines{"Ingredients", rule};
     for (const IngredientLine& ingredient : figures.ingredients) {

@@ -28,15 +28,15 @@ struct RollUp {
     std::string calories_per_serving, fat_per_serving, cost_per_serving;  // "-" below size 0
 };
 
-// Reads the tables and changes nothing; a serving size of exactly 0 counts as 1. Fault 9 where the
-// recipe names an item or a unit outside the tables.
-RollUp roll_up(const MealRecord& meal, f64 serving_size);
+// Reads the tables and changes nothing; a serving size of exactly 0 counts as 1. An ingredient
+// outside the table is left out, a unit outside the table is blank.
+RollUp roll_up(const MealRecord& meal, f64 serving_size) noexcept;
 
-// The same for what is shown: a serving size of exactly 0 becomes 1 in the table. When it throws
-// nothing has changed.
-RollUp roll_up_shown(i16 slot);
+// The same for what is shown: a serving size of exactly 0 becomes 1 in the table. A slot that is
+// none rolls up to an empty recipe.
+RollUp roll_up_shown(i16 slot) noexcept;
 
 // The block that goes into the recipe's document, line by line.
-std::vector<std::string> information_lines(const RollUp& figures);
+std::vector<std::string> information_lines(const RollUp& figures) noexcept;
 
 }  // namespace tavernook

@@ -2,6 +2,7 @@
 
 #include "basics/number_text.h"
 #include "core/money_text.h"
+#include "core/rows.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -56,21 +57,21 @@ void write_totals(f64 net) {
 
 }  // namespace
 
-std::string column_title(ListColumn column) {
+std::string column_title(ListColumn column) noexcept {
     static constexpr const char* titles[] = {"Item",     "Category",  "Store", "SO",
                                              "Quantity", "Cost/Unit", "Units", "Sub Total"};
     return titles[static_cast<std::size_t>(column)];
 }
 
-std::string cell_text(ListColumn column, i16 item) {
-    const ItemRecord& record = items[item];
+std::string cell_text(ListColumn column, i16 item) noexcept {
+    const ItemRecord& record = row_or_none(items, item);
     switch (column) {
         case ListColumn::item:
             return text_of(record.name);
         case ListColumn::category:
-            return text_of(catagories[record.category].name);
+            return text_of(row_or_none(catagories, record.category).name);
         case ListColumn::store:
-            return text_of(stores[record.store].name);
+            return text_of(row_or_none(stores, record.store).name);
         case ListColumn::store_order:
             return format_number(record.store_order, "00");
         case ListColumn::quantity:
@@ -78,14 +79,14 @@ std::string cell_text(ListColumn column, i16 item) {
         case ListColumn::cost:
             return money_text(record.cost, "#0.00");
         case ListColumn::units:
-            return text_of(units[record.qty_units].name);
+            return text_of(row_or_none(units, record.qty_units).name);
         case ListColumn::sub_total:
             return money_text(sub_total(record), "#0.00");
     }
     return {};
 }
 
-void collect_list_items() {
+void collect_list_items() noexcept {
     empty_list();
     const ListProgress progress;
     f64 net = 0;
@@ -101,11 +102,11 @@ void collect_list_items() {
     write_totals(net);
 }
 
-std::string tax_label() {
+std::string tax_label() noexcept {
     return format_number(sales_tax, "#0.00#") + "%";
 }
 
-std::vector<i16> quick_pick_items() {
+std::vector<i16> quick_pick_items() noexcept {
     std::vector<i16> found;
     for (i16 item = 1; item <= item_capacity; ++item) {
         if (items[item].in_use != 0) found.push_back(item);
@@ -113,18 +114,18 @@ std::vector<i16> quick_pick_items() {
     return found;
 }
 
-std::string quick_pick_tip(i16 item) {
-    const ItemRecord& record = items[item];
+std::string quick_pick_tip(i16 item) noexcept {
+    const ItemRecord& record = row_or_none(items, item);
     return "Item Title = " + text_of(record.name) +
            " Current Qty = " + number_text(record.quantity) +
            " Replace Qty = " + number_text(record.restock_quantity);
 }
 
-std::string list_key(i16 item) {
+std::string list_key(i16 item) noexcept {
     return std::to_string(item) + "t";
 }
 
-std::string drag_text(i16 item) {
+std::string drag_text(i16 item) noexcept {
     return "i" + std::to_string(item);
 }
 

@@ -18,10 +18,11 @@ inline constexpr std::array<ListColumn, 8> list_columns = {
     ListColumn::quantity, ListColumn::cost,     ListColumn::units, ListColumn::sub_total};
 
 // "Item", "SO", "Cost/Unit" ...
-std::string column_title(ListColumn column);
+std::string column_title(ListColumn column) noexcept;
 
-// The store order has two digits, so that sorting by its text sorts by its number.
-std::string cell_text(ListColumn column, i16 item);
+// The store order has two digits, so that sorting by its text sorts by its number. What names no
+// row of its table is blank.
+std::string cell_text(ListColumn column, i16 item) noexcept;
 
 extern Table<i16, item_capacity> list_items;  // the items shown, from row 1; 0 behind the last
 extern i16 list_count;                        // rows shown
@@ -31,21 +32,21 @@ extern std::string tax_text;                  // the tax in per cent: "%7.50"
 
 // Fills the five above (the selection stays while its item is shown), with the progress window.
 // Shown are the items on the list whose shopping_quantity is not 0, by number.
-void collect_list_items();
+void collect_list_items() noexcept;
 
 // The tax as the screen's label shows it: "7.50%".
-std::string tax_label();
+std::string tax_label() noexcept;
 
 // The live items, by number: what can be picked for the list.
-std::vector<i16> quick_pick_items();
+std::vector<i16> quick_pick_items() noexcept;
 
 // The item's name, what is in stock, and the level at which it is bought again.
-std::string quick_pick_tip(i16 item);
+std::string quick_pick_tip(i16 item) noexcept;
 
 // The key of an item's row, in both lists: its number + "t".
-std::string list_key(i16 item);
+std::string list_key(i16 item) noexcept;
 
 // What a row of the pick list offers to a drop: "i" + its number.
-std::string drag_text(i16 item);
+std::string drag_text(i16 item) noexcept;
 
 }  // namespace tavernook

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "basics/number_text.h"
+#include "basics/typed_numbers.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
-#include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "inventory/shelf_life.h"
 #include "inventory/shown_quantity.h"
@@ -52,30 +52,22 @@ void book_item(i16 item) {
     ItemRecord& record = items[item];
     if (record.in_use == 1) ensure_lot_record(item);
     if (record.on_shopping_list == 0) return;
+    const bool has_lots = item <= lot_table_top;
     add_to_lots(item, record.shopping_quantity);
+    if (!has_lots) return;  // told; it stays on the list
     record.on_shopping_list = i16_false;
     record.last_restock_date = date_alone(platform_clock().now());
     refresh_shown_quantity(item);
 }
 
-std::optional<f64> typed_number(const std::string& prompt, const std::string& title,
-                                const std::string& initial) {
+std::optional<f64> ask_number(const std::string& prompt, const std::string& title,
+                              const std::string& initial) {
     const std::optional<std::string> typed = boxes().input(prompt, title, initial);
     if (!typed) return std::nullopt;
     return leading_number(with_decimal_point(*typed));
 }
 
-}  // namespace
-
-void build_shopping_list() {
-    trap_in_module([] {
-        const Date now = platform_clock().now();
-        for (i16 item = 1; item <= item_capacity; ++item) scan_item(item, now);
-    });
-}
-
-void update_shopping_flag(i16 item) {
-    ItemRecord& record = items[item];
+void flag_item(ItemRecord& record) {
     const bool expiring =
         record.on_shopping_list == 0 && nears_end_of_shelf_life(record, platform_clock().now());
     const bool wanted = is_kept_in_stock(record) && (is_low(record) || expiring);
@@ -83,57 +75,28 @@ void update_shopping_flag(i16 item) {
     if (wanted) record.shopping_quantity = record.stock_quantity - record.quantity;
 }
 
-void add_to_list(i16 item) {
-    ItemRecord& record = live_number(item);
+void add_ingredient_of(i16 recipe, i16 item) {
+    if (item < 1 || item > item_capacity) return;
+    ItemRecord& record = items[item];
     record.on_shopping_list = i16_true;
-    record.shopping_quantity += 1.0;
+    record.shopping_quantity = items[recipe].shopping_quantity + 1.0;
     project_modified = i16_true;
 }
 
-void add_recipe_to_list(i16 recipe) {
-    if (recipe < 1) throw Fault(fault_number::subscript_out_of_range);
-    const auto& ingredients = meals[recipe].ingredient_item;
-    for (std::size_t place = 1; place <= ingredient_places; ++place) {
-        static_cast<void>(items[ingredients[place]]);  // faults before anything has changed
-    }
-    for (std::size_t place = 1; place <= ingredient_places; ++place) {
-        if (ingredients[place] == 0) continue;
-        ItemRecord& record = items[ingredients[place]];
-        record.on_shopping_list = i16_true;
-        record.shopping_quantity = items[recipe].shopping_quantity + 1.0;
-        project_modified = i16_true;
-    }
-}
-
-void drop_on_list(std::string_view drag_text) {
-    if (drag_text.empty()) return;
-    const f64 number = leading_number(drag_text.substr(1));
-    if (!(number >= 1 && number <= item_capacity)) return;
-    if (drag_text.front() == 'i') add_to_list(round_to_i16(number));
-    if (drag_text.front() == 'm') add_recipe_to_list(round_to_i16(number));
-}
-
-void remove_from_list(i16 item) {
-    ItemRecord& record = live_number(item);
-    record.on_shopping_list = i16_false;
-    record.shopping_quantity = 0;
-    project_modified = i16_true;
-}
-
-void change_shopping_quantity(i16 item) {
+void ask_quantity(i16 item) {
     ItemRecord& record = live_number(item);
     const std::optional<f64> quantity =
-        typed_number("Current Quantity = " + number_text(record.quantity) + "\nEnter new quantity:",
-                     "Change Quantity", number_text(record.shopping_quantity));
+        ask_number("Current Quantity = " + number_text(record.quantity) + "\nEnter new quantity:",
+                   "Change Quantity", number_text(record.shopping_quantity));
     if (!quantity) return;
     record.shopping_quantity = *quantity;
     project_modified = i16_true;
 }
 
-void change_store_order(i16 item) {
+void ask_store_order(i16 item) {
     ItemRecord& record = live_number(item);
     const std::string present = std::to_string(record.store_order);
-    const std::optional<f64> order = typed_number(
+    const std::optional<f64> order = ask_number(
         "Current store order = " + present + "\nEnter new store order:", "Change Store Order",
         present);
     if (!order) return;
@@ -141,7 +104,65 @@ void change_store_order(i16 item) {
     project_modified = i16_true;
 }
 
-void book_list_into_stock() {
+}  // namespace
+
+void build_shopping_list() noexcept {
+    trap_in_module([] {
+        const Date now = platform_clock().now();
+        for (i16 item = 1; item <= item_capacity; ++item) scan_item(item, now);
+    });
+}
+
+void update_shopping_flag(i16 item) noexcept {
+    trap_in_module([item] { flag_item(items[item]); });
+}
+
+bool add_to_list(i16 item) noexcept {
+    return trap_in_module([item] {
+        ItemRecord& record = live_number(item);
+        record.on_shopping_list = i16_true;
+        record.shopping_quantity += 1.0;
+        project_modified = i16_true;
+    });
+}
+
+bool add_recipe_to_list(i16 recipe) noexcept {
+    return trap_in_module([recipe] {
+        if (recipe < 1) throw Fault(fault_number::subscript_out_of_range);
+        const auto& ingredients = meals[recipe].ingredient_item;
+        for (std::size_t place = 1; place <= ingredient_places; ++place) {
+            add_ingredient_of(recipe, ingredients[place]);
+        }
+    });
+}
+
+void drop_on_list(std::string_view drag_text) noexcept {
+    if (drag_text.empty()) return;
+    const f64 number = leading_number(drag_text.substr(1));
+    if (!(number >= 1 && number <= item_capacity)) return;
+    const i16 dropped = round_to_i16(number);
+    if (drag_text.front() == 'i') add_to_list(dropped);
+    if (drag_text.front() == 'm') add_recipe_to_list(dropped);
+}
+
+bool remove_from_list(i16 item) noexcept {
+    return trap_in_module([item] {
+        ItemRecord& record = live_number(item);
+        record.on_shopping_list = i16_false;
+        record.shopping_quantity = 0;
+        project_modified = i16_true;
+    });
+}
+
+void change_shopping_quantity(i16 item) noexcept {
+    trap_in_module([item] { ask_quantity(item); });
+}
+
+void change_store_order(i16 item) noexcept {
+    trap_in_module([item] { ask_store_order(item); });
+}
+
+void book_list_into_stock() noexcept {
     trap_in_module([] {
         project_modified = i16_true;
         for (i16 item = 1; item <= item_capacity; ++item) book_item(item);

@@ -2,36 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "core/program_state.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
 #include "inventory/lots.h"
 
 namespace tavernook {
 namespace {
-
-TEST(TypedNumbers, ALoneCommaBeforeADigitIsTheDecimalPoint) {
-    EXPECT_EQ(with_decimal_point("1,5"), "1.5");
-    EXPECT_EQ(with_decimal_point(" 1,5 kg"), " 1.5 kg");
-    EXPECT_EQ(with_decimal_point(",5"), ".5");
-    EXPECT_EQ(with_decimal_point("1.5"), "1.5");
-    EXPECT_EQ(with_decimal_point("1,234.5"), "1,234.5");
-    EXPECT_EQ(with_decimal_point("1,2,3"), "1,2,3");
-    EXPECT_EQ(with_decimal_point("5,"), "5,");
-    EXPECT_EQ(with_decimal_point("2, or 3"), "2, or 3");
-    EXPECT_EQ(with_decimal_point(""), "");
-}
-
-TEST(TypedNumbers, ReadAsOneNumberWithOrWithoutAUnit) {
-    for (const char* fine :
-         {"", "  ", "0", "12", "-1", "+2", "1.5", "1,5", ".5", "3 kg", "3kg", "2 cup(s)", "7."}) {
-        EXPECT_TRUE(reads_as_number(fine)) << fine;
-    }
-    for (const char* odd : {"abc", "kg 3", "1/2", "2 1/2", "1.2.3", "1,2,3", "1,234.5", "-", ".",
-                            "$5", "5%", "3 x 4"}) {
-        EXPECT_FALSE(reads_as_number(odd)) << odd;
-    }
-}
 
 TEST(ItemLocations, HaveUpToThreeParts) {
     EXPECT_EQ(split_locations(""), (Locations{"", "", ""}));
@@ -60,30 +36,6 @@ class ItemForm : public testing::Test {
 
     TestPlatform platform;  // 15 May 2024, 12:00, day 45427.5
 };
-
-TEST_F(ItemForm, CategoriesOfItemsAreLiveAndNotOfRecipes) {
-    catagories[2].in_use = 1;
-    catagories[2].type = recipe_category_type;
-    catagories[3].in_use = 1;
-    catagories[3].type = -1;
-    EXPECT_TRUE(is_item_catagory(1));
-    EXPECT_FALSE(is_item_catagory(2));
-    EXPECT_TRUE(is_item_catagory(3));
-    EXPECT_FALSE(is_item_catagory(4));
-    EXPECT_FALSE(is_item_catagory(0));
-    EXPECT_FALSE(is_item_catagory(-1));
-    EXPECT_FALSE(is_item_catagory(101));
-    EXPECT_EQ(home_catagory(3), 3);
-    EXPECT_EQ(home_catagory(2), 1);
-}
-
-TEST_F(ItemForm, ACategoryIsRenamedAndCutToItsField) {
-    EXPECT_TRUE(rename_catagory(1, " A name of more than thirty-two letters "));
-    EXPECT_EQ(std::string(catagories[1].name.stored()), "A name of more than thirty-two l");
-    EXPECT_EQ(project_modified, i16_true);
-    EXPECT_FALSE(rename_catagory(1, "  "));
-    EXPECT_FALSE(rename_catagory(50, "X"));
-}
 
 TEST_F(ItemForm, TheDistanceOfADayCountsBothWays) {
     EXPECT_EQ(storage_days_until(45427), 0);
@@ -130,14 +82,6 @@ TEST_F(ItemForm, TheWholeNumbersOfANewItemRoundHalfToEvenAndAreCheckedFirst) {
     values.calories = 40000;
     EXPECT_THROW(create_item_from_form(values), Fault);
     EXPECT_EQ(items[2].in_use, 0);
-}
-
-TEST(TypedNumber, IsTheWholeTextWithPointOrComma) {
-    EXPECT_EQ(typed_number(" 2,5 "), 2.5);
-    EXPECT_EQ(typed_number("-2.5"), -2.5);
-    EXPECT_EQ(typed_number("4x"), std::nullopt);
-    EXPECT_EQ(typed_number("1,2,3"), std::nullopt);
-    EXPECT_EQ(typed_number(""), std::nullopt);
 }
 
 }  // namespace

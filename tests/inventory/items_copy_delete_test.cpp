@@ -208,9 +208,14 @@ TEST_F(ItemDeletion, WithoutALotRecordMakesABlankOne) {
     EXPECT_EQ(lots[6].active, 0);
 }
 
-TEST_F(ItemDeletion, NumbersOutsideTheTableAreAFault) {
-    EXPECT_EQ(fault_of([] { delete_item(10001); }), 9);
-    EXPECT_EQ(fault_of([] { delete_item(-1); }), 9);
+TEST_F(ItemDeletion, NumbersOutsideTheTableAreTold) {
+    expect_trapped(
+        9, [] { return delete_item(10001); }, 0);
+    expect_trapped(
+        9, [] { return delete_item(-1); }, 0);
+    expect_trapped(
+        9, [] { return copy_item(10001, 1); }, 0);
+    expect_trapped(9, [] { clear_item_record(-1); });
 }
 
 TEST_F(ItemDeletion, ClearingARecordKeepsInUse) {

@@ -48,7 +48,7 @@ class ItemsTest : public PantryTest {
     static void update_quantity(i16 item, const std::string& quantity) {
         ItemValues values = flour_values();
         values.quantity = quantity;
-        update_item(item, values);
+        EXPECT_TRUE(update_item(item, values));
     }
 };
 

@@ -8,7 +8,7 @@ namespace {
 using ItemUpdate = ItemsTest;
 
 TEST_F(ItemUpdate, OfAFreeSlotDoesNothing) {
-    update_item(5, flour_values());
+    EXPECT_TRUE(update_item(5, flour_values()));
     EXPECT_EQ(items[5].in_use, 0);
     EXPECT_EQ(items[5].name, "");
     EXPECT_EQ(find_string("Snow"), 0);
@@ -29,7 +29,7 @@ TEST_F(ItemUpdate, StoresEveryFieldAndKeepsTheDates) {
     values.category = 5;
     values.last_restock_date = 1;
     values.barcode = "empty";
-    update_item(item, values);
+    EXPECT_TRUE(update_item(item, values));
     const ItemRecord& record = items[item];
     EXPECT_EQ(record.name, "<<UNTITLED>>");
     EXPECT_EQ(record.stock_quantity, 9);
@@ -54,7 +54,7 @@ TEST_F(ItemUpdate, BlankUnitsAndStoreBecomeNone) {
     values.serving_size_units = "";
     values.store = "";
     for (NutrientValue& nutrient : values.nutrients) nutrient.unit = "";
-    update_item(item, values);
+    EXPECT_TRUE(update_item(item, values));
     EXPECT_EQ(items[item].qty_units, 0);
     EXPECT_EQ(items[item].serving_size_units, 0);
     EXPECT_EQ(items[item].store, 0);
@@ -69,7 +69,7 @@ TEST_F(ItemUpdate, ReplacesTheTextsInTheirRows) {
     ItemValues values = flour_values();
     values.brand = "Ice";
     values.notes = "";
-    update_item(item, values);
+    EXPECT_TRUE(update_item(item, values));
     EXPECT_EQ(item_details[item].brand, brand);
     EXPECT_EQ(pooled_strings[brand], "Ice");
     EXPECT_EQ(find_string("Snow"), 0);
@@ -82,7 +82,7 @@ TEST_F(ItemUpdate, OfASharedTextLeavesTheOtherItems) {
     const i16 other = create_flour();
     ItemValues values = flour_values();
     values.brand = "Ice";
-    update_item(item, values);
+    EXPECT_TRUE(update_item(item, values));
     EXPECT_EQ(pooled_strings[item_details[item].brand], "Ice");
     EXPECT_EQ(pooled_strings[item_details[other].brand], "Snow");
 }
@@ -92,7 +92,7 @@ TEST_F(ItemUpdate, RaisingTheQuantityAddsALotAndIsARestock) {
     ItemValues values = flour_values();
     values.quantity = "4.25 kg";
     values.storage_time = 5;
-    update_item(item, values);
+    EXPECT_TRUE(update_item(item, values));
     EXPECT_EQ(items[item].quantity, 4.25);
     EXPECT_EQ(items[item].last_restock_date, 45430.25);
     expect_lot(item, 0, 2.5, 45427.5, 45487.5);
@@ -181,7 +181,8 @@ TEST_F(ItemUpdate, ALotBeyondSixteenBitsStopsItBeforeAnythingChanges) {
     values.name = "Other";
     values.brand = "Ice";
     values.quantity = "5";
-    EXPECT_EQ(fault_of([&] { update_item(item, values); }), 6);
+    expect_trapped(
+        6, [&] { return update_item(item, values); }, false);
     EXPECT_EQ(items[item], before);
     EXPECT_EQ(lots[item], lots_before);
     EXPECT_EQ(find_string("Ice"), 0);
@@ -196,7 +197,8 @@ TEST_F(ItemUpdate, FiguresBeyondSixteenBitsStopItBeforeAnythingChanges) {
         values.name = "Other";
         values.quantity = "1";
         values.*figure = 40000;
-        EXPECT_EQ(fault_of([&] { update_item(item, values); }), 6);
+        expect_trapped(
+            6, [&] { return update_item(item, values); }, false);
         EXPECT_EQ(items[item], before);
     }
     EXPECT_EQ(lot_total(item), 2.5);
@@ -223,13 +225,15 @@ TEST_F(ItemUpdate, ATextReferenceThatIsNoRowHoldsNoText) {
     item_details[item].notes = 32767;
     ItemValues values = flour_values();
     values.notes = "";
-    update_item(item, values);
+    EXPECT_TRUE(update_item(item, values));
     EXPECT_EQ(item_details[item].notes, 0);
 }
 
-TEST_F(ItemUpdate, NumbersOutsideTheTableAreAFault) {
-    EXPECT_EQ(fault_of([] { update_item(10001, flour_values()); }), 9);
-    EXPECT_EQ(fault_of([] { update_item(-1, flour_values()); }), 9);
+TEST_F(ItemUpdate, NumbersOutsideTheTableAreTold) {
+    expect_trapped(
+        9, [] { return update_item(10001, flour_values()); }, false);
+    expect_trapped(
+        9, [] { return update_item(-1, flour_values()); }, false);
 }
 
 }  // namespace

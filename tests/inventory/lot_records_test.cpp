@@ -61,10 +61,12 @@ TEST_F(LotRecords, ClearLeavesABlankInactiveRecord) {
     EXPECT_EQ(lots[5], cleared);
 }
 
-TEST_F(LotRecords, ItemNumbersOutsideTheTableAreAFault) {
-    EXPECT_EQ(fault_of([] { init_lot_record(10001); }), 9);
-    EXPECT_EQ(fault_of([] { init_lot_record(-1); }), 9);
-    EXPECT_EQ(fault_of([] { clear_lot_record(10001); }), 9);
+TEST_F(LotRecords, ItemNumbersOutsideTheTableAreTold) {
+    expect_trapped(9, [] { init_lot_record(10001); });
+    expect_trapped(9, [] { init_lot_record(-1); });
+    expect_trapped(9, [] { clear_lot_record(10001); });
+    expect_trapped(9, [] { first_lot_from_item(10001); });
+    expect_trapped(9, [] { ensure_lot_record(10001); });
     EXPECT_EQ(lot_table_top, 3);
 }
 
@@ -148,9 +150,17 @@ TEST_F(LotEdit, ToZeroKeepsDatesAndName) {
     EXPECT_EQ(record.current_lot, 0);
 }
 
-TEST_F(LotEdit, OfAPlaceThatIsNoneIsAFault) {
-    EXPECT_EQ(fault_of([&] { set_lot_quantity(flour, 1, 16); }), 9);
-    EXPECT_EQ(fault_of([&] { set_lot_quantity(flour, 1, -1); }), 9);
+TEST_F(LotEdit, OfAPlaceThatIsNoneIsTold) {
+    const LotRecord before = record;
+    for (const i16 wrong : {i16{16}, i16{-1}}) {
+        expect_trapped(
+            9, [&] { return set_lot_quantity(flour, 1, wrong); }, false);
+        expect_trapped(
+            9, [&] { return delete_lot(flour, wrong); }, false);
+        expect_trapped(
+            9, [&] { return set_current_lot(flour, wrong); }, false);
+    }
+    EXPECT_EQ(record, before);
     EXPECT_EQ(moves_written(), 0);
 }
 

@@ -71,8 +71,8 @@ TEST_F(Lots, ARecordBeyondTheTopGrowsTheTableAndKeepsTheOthers) {
 }
 
 TEST_F(Lots, OnlyItemsHaveRecords) {
-    EXPECT_EQ(fault_of([] { init_lot_record(10001); }), fault_number::subscript_out_of_range);
-    EXPECT_EQ(fault_of([] { init_lot_record(-1); }), fault_number::subscript_out_of_range);
+    EXPECT_EQ(fault_of([] { lots.grow(10001); }), fault_number::subscript_out_of_range);
+    EXPECT_EQ(fault_of([] { lots.grow(-1); }), fault_number::subscript_out_of_range);
     EXPECT_EQ(lot_table_top, 0);
     init_lot_record(10000);
     EXPECT_EQ(lot_table_top, 10000);

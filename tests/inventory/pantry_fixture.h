@@ -16,6 +16,11 @@
 
 namespace tavernook {
 
+// The box of a routine of the logic.
+inline std::string module_error(int number) {
+    return "Tavernook error: rt6:" + std::to_string(number) + ". Contact Brenwyk Software.";
+}
+
 class PantryTest : public testing::Test {
   protected:
     PantryTest() {
@@ -61,6 +66,20 @@ class PantryTest : public testing::Test {
 
     std::string report_bytes(std::string_view name) {
         return platform.disk.exists(report_path(name)) ? read_whole_file(report_path(name)) : "";
+    }
+
+    // The routine shows its box for that Fault and answers `answer`.
+    template <typename Call, typename Answered>
+    void expect_trapped(int number, Call&& call, const Answered& answer) {
+        platform.boxes.expect_message(module_error(number));
+        EXPECT_EQ(call(), answer);
+        platform.boxes.check_used_up();
+    }
+    template <typename Call>
+    void expect_trapped(int number, Call&& call) {
+        platform.boxes.expect_message(module_error(number));
+        call();
+        platform.boxes.check_used_up();
     }
 
     // How often a usage entry was written since the fakes started or were started over.

@@ -131,11 +131,12 @@ TEST_F(UsageDamage, AnItemBeyondTheLotTableHasNoLotNames) {
     EXPECT_EQ(lot_table_top, 7);
 }
 
-TEST_F(UsageDamage, AUnitThatIsNoneBringsTheBox) {
-    save_history(three_entries());
-    items[7].qty_units = 1001;
-    platform.boxes.expect_message(place_beyond);
-    EXPECT_EQ(rows_of(Get_Item_Usage(7)), 0u);
+TEST_F(UsageDamage, AUnitThatIsNoneIsBlank) {
+    save_history(encode_usage({1, 45427.5, 2, 0}));
+    for (const i16 none : {i16{1001}, i16{-1}}) {
+        items[7].qty_units = none;
+        EXPECT_NE(Get_Item_Usage(7).find("1.00             Added to "), std::string::npos);
+    }
 }
 
 TEST_F(UsageDamage, AFolderInPlaceOfTheHistoryBringsTheBox) {

@@ -49,10 +49,14 @@ TEST(DayKeys, PlacesNeedTheirOwnLetterToo) {
     EXPECT_EQ(number_behind_colon("x17"), std::nullopt);
 }
 
-TEST(DayKeys, ANumberBeyondSixteenBitsIsAFault) {
+TEST(DayKeys, ANumberBeyondSixteenBitsIsNone) {
     EXPECT_EQ(get_index("m32767:1"), 32767);
-    EXPECT_EQ(fault_of([] { get_index("m32768:1"); }), 6);
-    EXPECT_EQ(fault_of([] { get_day_meal_index("m1:99999"); }), 6);
+    EXPECT_EQ(get_index("m-32768:1"), -32768);
+    EXPECT_EQ(get_index("m32768:1"), std::nullopt);
+    EXPECT_EQ(get_index("m-32769:1"), std::nullopt);
+    EXPECT_EQ(get_meal_index("m32768:1"), 0);
+    EXPECT_EQ(number_behind_colon("m1:99999"), std::nullopt);
+    EXPECT_EQ(get_day_meal_index("m1:99999"), 0);
 }
 
 }  // namespace

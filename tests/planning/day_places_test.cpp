@@ -138,15 +138,25 @@ TEST_F(DayPlaces, ADateOfNoCalendarIsFoundByThatDateOnly) {
     EXPECT_TRUE(live_days_of({2025, 1, 0}).empty());
 }
 
-TEST_F(DayPlaces, SlotsOutsideTheTableAreFaults) {
+TEST_F(DayPlaces, SlotsOutsideTheTableHoldNothing) {
     for (const i16 wrong : {i16{-1}, i16{0}, i16{1096}}) {
-        EXPECT_EQ(fault_of([wrong] { find_free_day_meal_place(wrong); }), 9);
-        EXPECT_EQ(fault_of([wrong] { find_free_day_item_place(wrong); }), 9);
-        EXPECT_EQ(fault_of([wrong] { find_day_item(1, wrong); }), 9);
+        EXPECT_EQ(find_free_day_meal_place(wrong), 0);
+        EXPECT_EQ(find_free_day_item_place(wrong), 0);
+        EXPECT_EQ(find_day_item(1, wrong), 0);
+        EXPECT_TRUE(day_is_empty(wrong));
+        current_day = wrong;
+        EXPECT_EQ(check_for_existing_meal_index(1), 0);
+    }
+}
+
+TEST_F(DayPlaces, SlotsOutsideTheTableAreFaultsForWhatWrites) {
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{1096}}) {
         EXPECT_EQ(fault_of([wrong] { delete_day_meal(wrong, 1); }), 9);
         EXPECT_EQ(fault_of([wrong] { delete_day_items(wrong, 1); }), 9);
-        current_day = wrong;
-        EXPECT_EQ(fault_of([] { check_for_existing_meal_index(1); }), 9);
+        EXPECT_EQ(fault_of([wrong] { day_at(wrong); }), 9);
+    }
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{31}}) {
+        EXPECT_EQ(fault_of([wrong] { place_index(wrong); }), 9);
     }
     EXPECT_EQ(project_modified, 0);
 }

@@ -123,7 +123,8 @@ TEST_F(DaySettlement, AnAmountThatCannotBeWorkedOutKeepsNobodyElsesStockBack) {
     answer_items(Answer::yes);  // salt
     answer_items(Answer::yes);  // flour
     answer_meals(Answer::no);
-    EXPECT_EQ(fault_of([] { release_audited_day(day); }), 11);
+    platform.boxes.expect_message("there has been an error");
+    EXPECT_FALSE(release_audited_day(day));
     EXPECT_EQ(items[salt].quantity, 0);
     EXPECT_EQ(items[flour].quantity, 1.5);
 }
@@ -136,14 +137,45 @@ TEST_F(DaySettlement, AnsweredNoAnAmountThatCannotBeWorkedOutIsNotMissed) {
     EXPECT_EQ(items[salt].quantity, 0.5);
 }
 
-TEST_F(DaySettlement, PlansOutsideTheTablesAreFaults) {
-    plan_item(day, 30, 10001, 1);
-    plan(day, 1, -5, 1);
+TEST_F(DaySettlement, ARecipeThatCannotBeWorkedOutKeepsNobodyElsesStockBack) {
+    const i16 cake = 9;
+    add_meal(cake, "Cake");
+    meal_serving_size[cake] = 0;
+    put(cake, 1, salt, 1);
+    plan(day, 1, cake, 2);
+    plan(day, 2, bread, 2);
     answer_items(Answer::yes);
     answer_meals(Answer::yes);
-    EXPECT_EQ(fault_of([] { release_audited_day(day); }), 9);
-    EXPECT_EQ(fault_of([] { release_audited_day(0); }), 9);
-    EXPECT_EQ(fault_of([] { release_audited_day(1096); }), 9);
+    platform.boxes.expect_message(module_error(11));
+    answer_meals(Answer::yes);
+    EXPECT_FALSE(release_audited_day(day));
+    EXPECT_EQ(items[flour].quantity, 1.5);
+    EXPECT_EQ(items[salt].quantity, 0.5);
+}
+
+TEST_F(DaySettlement, EntriesThatNameNothingLiveGiveNothingBackAndAskNothing) {
+    items[20].serving_size = items[20].servings_per_qty_unit = 1;  // not live
+    i16 place = 1;
+    for (const i16 item : {i16{10001}, i16{-5}, i16{32767}, i16{20}})
+        plan_item(day, place++, item, 1);
+    place = 2;
+    for (const i16 recipe : {i16{1001}, i16{-5}, i16{900}}) plan(day, place++, recipe, 1);
+    put(bread, 2, 10001, 1);
+    put(bread, 3, -1, 1);
+    put(bread, 4, 20, 1);
+    answer_items(Answer::yes);
+    answer_meals(Answer::yes);
+    EXPECT_TRUE(release_audited_day(day));
+    EXPECT_EQ(items[flour].quantity, 1.5);
+    EXPECT_EQ(items[salt].quantity, 0.5);
+    EXPECT_EQ(items[20].quantity, 0);
+}
+
+TEST_F(DaySettlement, ADayThatIsNoneIsToldAndAnsweredFalse) {
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{1096}}) {
+        platform.boxes.expect_message("there has been an error");
+        EXPECT_FALSE(release_audited_day(wrong)) << wrong;
+    }
 }
 
 TEST_F(DaySettlement, EditingAnAuditedDayMakesItADayToBeAudited) {

@@ -1,5 +1,7 @@
 #include "planning/day_totals.h"
 
+#include <cmath>
+
 #include "planning/planning_fixture.h"
 
 namespace tavernook {
@@ -129,14 +131,34 @@ TEST_F(DayTotalsTest, ShownItIsOneBoxAndTheTotalsOfAnEmptyDay) {
     EXPECT_EQ(items[flour].servings_per_qty_unit, 0);
 }
 
-TEST_F(DayTotalsTest, PlansOutsideTheTablesAreFaults) {
-    plan_item(day, 1, 10001, 1);
-    EXPECT_EQ(fault_of([] { totals(); }), 9);
-    days[day].planned_item[1] = 0;
-    plan(day, 1, -1, 1);
-    EXPECT_EQ(fault_of([] { totals(); }), 9);
+TEST_F(DayTotalsTest, EntriesThatNameNothingLiveAddNothing) {
+    items[20].cost = 3;  // not live, without a serving size
+    item_details[20].calories = 7;
+    plan_item(day, 1, flour, 1.5);
+    plan(day, 1, bread, 2);
+    std::size_t place = 2;
+    for (const i16 item : {i16{10001}, i16{-1}, i16{32767}, i16{20}}) {
+        plan_item(day, place++, item, 4);
+    }
+    place = 2;
+    for (const i16 recipe : {i16{1001}, i16{-1}, i16{900}}) plan(day, place++, recipe, 4);
+    EXPECT_EQ(totals().calories, 280.75);  // 180.75 + 100
+    EXPECT_EQ(totals().fat, 4.875);        // 1.875 + 3
+    EXPECT_EQ(totals().cost, 3);           // 2.25 + 0.75
+    EXPECT_EQ(day_totals_shown(day).cost, 3);
+    EXPECT_EQ(items[20].servings_per_qty_unit, 0);
+    EXPECT_EQ(meal_serving_size[900], 0);
+}
+
+TEST_F(DayTotalsTest, WhatIsNoNumberIsShownAsSuch) {
+    plan_item(day, 1, flour, std::nan(""));
+    EXPECT_EQ(totals().calories_text, "nan");
+    EXPECT_EQ(totals().cost_text, "$nan");
+}
+
+TEST_F(DayTotalsTest, ADayThatIsNoneIsOneBox) {
     platform.boxes.expect_message("there has been an error");
-    day_totals_shown(0);
+    EXPECT_EQ(day_totals_shown(0).calories_text, "0.0");
 }
 
 }  // namespace

@@ -72,10 +72,13 @@ TEST_F(DocumentNames, ShownIsThePresentFileOrTheOneToCome) {
     EXPECT_EQ(document_name(soup), "soup.rtf");
 }
 
-TEST_F(DocumentNames, SlotsOutsideTheTableAreRefused) {
+TEST_F(DocumentNames, SlotsOutsideTheTableHaveNoneAndAreRefused) {
     for (const i16 slot : {i16{-1}, i16{0}, i16{1001}}) {
-        EXPECT_EQ(fault_of([&] { current_document_entry(slot); }), 9) << slot;
-        EXPECT_EQ(fault_of([&] { document_name(slot); }), 9) << slot;
+        EXPECT_EQ(current_document_entry(slot), "") << slot;
+        EXPECT_EQ(document_name(slot), "") << slot;
+        EXPECT_EQ(document_path(slot), "") << slot;
+        EXPECT_EQ(new_document_path(slot), "") << slot;
+        EXPECT_EQ(document_backup_path(slot), "") << slot;
         EXPECT_EQ(fault_of([&] { stored_document(slot); }), 9) << slot;
         EXPECT_EQ(fault_of([&] { store_document(slot, first_text); }), 9) << slot;
         EXPECT_EQ(fault_of([&] { store_document_backup(slot, first_text); }), 9) << slot;

@@ -73,8 +73,9 @@ TEST_F(Ingredients, TheFiftyFirstFailsAndLeavesTheNeighbourAlone) {
     fill_places(bread + 1, 2);
     const MealRecord before = meals[bread];
     const MealRecord neighbour = meals[bread + 1];
-    EXPECT_EQ(fault_of([] { find_free_ingredient(bread); }), 9);
-    EXPECT_EQ(fault_of([] { add_ingredient(flour, 2, bread); }), 9);
+    EXPECT_EQ(find_free_ingredient(bread), 0);
+    expect_trapped(
+        9, [] { return add_ingredient(flour, 2, bread); }, false);
     EXPECT_EQ(meals[bread], before);
     EXPECT_EQ(meals[bread + 1], neighbour);
 }
@@ -129,8 +130,9 @@ TEST_F(Ingredients, KeysWithoutANumberRemoveNothing) {
     expect_place(1, flour, 1);
 }
 
-TEST_F(Ingredients, AKeyBeyondAllNumbersIsAFault) {
-    EXPECT_EQ(fault_of([] { remove_ingredient(bread, "i99999t"); }), 6);
+TEST_F(Ingredients, AKeyBeyondAllNumbersIsTold) {
+    expect_trapped(
+        6, [] { return remove_ingredient(bread, "i99999t"); }, false);
 }
 
 TEST_F(Ingredients, AreUsedByALiveRecipeInAnyPlace) {
@@ -157,8 +159,10 @@ TEST_F(Ingredients, NoItemIsNoIngredient) {
     EXPECT_EQ(find_ingredient(0, bread), 0);
     EXPECT_FALSE(meal_uses_item(0, bread));
     for (const i16 item : {i16{0}, i16{-1}, i16{10001}}) {
-        EXPECT_EQ(fault_of([item] { add_ingredient(item, 1, bread); }), 9) << item;
-        EXPECT_EQ(fault_of([item] { set_ingredient_qty(item, 1, bread); }), 9) << item;
+        expect_trapped(
+            9, [item] { return add_ingredient(item, 1, bread); }, false);
+        expect_trapped(
+            9, [item] { return set_ingredient_qty(item, 1, bread); }, false);
     }
     EXPECT_EQ(meals[bread], before);
 }
@@ -166,9 +170,14 @@ TEST_F(Ingredients, NoItemIsNoIngredient) {
 TEST_F(Ingredients, NoRecipeTakesNone) {
     const MealRecord before = meals[0];
     for (const i16 slot : {i16{0}, i16{-1}, i16{1001}}) {
-        EXPECT_EQ(fault_of([slot] { add_ingredient(flour, 1, slot); }), 9) << slot;
-        EXPECT_EQ(fault_of([slot] { set_ingredient_qty(flour, 1, slot); }), 9) << slot;
-        EXPECT_EQ(fault_of([slot] { remove_ingredient(slot, "i7t"); }), 9) << slot;
+        expect_trapped(
+            9, [slot] { return add_ingredient(flour, 1, slot); }, false);
+        expect_trapped(
+            9, [slot] { return set_ingredient_qty(flour, 1, slot); }, false);
+        expect_trapped(
+            9, [slot] { return remove_ingredient(slot, "i7t"); }, false);
+        EXPECT_EQ(find_ingredient(flour, slot), 0);
+        EXPECT_FALSE(meal_uses_item(flour, slot));
     }
     EXPECT_EQ(meals[0], before);
 }

@@ -147,24 +147,31 @@ TEST_F(MealDeletion, AFigureThatFailsLeavesEverythingAsItWas) {
     const MealRecord before = meals[bread];
     platform.boxes.expect_message(bread_question, Answer::yes);
     platform.boxes.expect_message(stock_question, Answer::yes);
-    EXPECT_EQ(fault_of([] { delete_meal(bread, false); }), 11);
+    platform.boxes.expect_message(module_error(11));
+    EXPECT_EQ(delete_meal(bread, false), meal_kept_by_user);
     EXPECT_EQ(meals[bread], before);
     expect_planned_as_before();
 }
 
-TEST_F(MealDeletion, OfNoRecipeIsAFault) {
+TEST_F(MealDeletion, OfNoRecipeIsTold) {
     add_day(1, 1, 1, 2024);
     for (const i16 slot : {i16{0}, i16{-1}, i16{1001}}) {
-        EXPECT_EQ(fault_of([slot] { delete_meal(slot, false); }), 9) << slot;
+        expect_trapped(
+            9, [slot] { return delete_meal(slot, false); }, meal_kept_by_user);
     }
 }
 
-TEST_F(MealDeletion, TakingARecipeFromThePlansIsAlwaysDone) {
+TEST_F(MealDeletion, TakingARecipeFromThePlansTellsWhetherItIsDone) {
     EXPECT_TRUE(remove_meal_from_plans(bread, Answer::yes));
     plan_bread();
     EXPECT_TRUE(remove_meal_from_plans(bread, Answer::no));
     expect_out_of_all_plans();
     EXPECT_TRUE(remove_meal_from_plans(0, Answer::yes));
+    plan_bread();
+    meal_serving_size[bread] = 0;
+    expect_trapped(
+        11, [] { return remove_meal_from_plans(bread, Answer::yes); }, false);
+    expect_planned_as_before();
     EXPECT_EQ(meals[bread].in_use, 1);
 }
 

@@ -147,15 +147,35 @@ TEST_F(RecipeRollUp, ASmallServingSizeStaysWhenShown) {
     EXPECT_EQ(meal_serving_size[bread], 0.5);
 }
 
-TEST_F(RecipeRollUp, ReferencesOutsideTheTablesAreFaultsThatChangeNothing) {
-    meal_serving_size[bread] = 0;
-    put(bread, 2, 10001, 1);
-    EXPECT_EQ(fault_of([] { roll_up_shown(bread); }), 9);
-    EXPECT_EQ(meal_serving_size[bread], 0);
-    put(bread, 2, 0, 0);
-    meals[bread].serving_size_units = -1;
-    EXPECT_EQ(fault_of([] { roll_up_shown(bread); }), 9);
-    EXPECT_EQ(fault_of([] { roll_up_shown(1001); }), 9);
+TEST_F(RecipeRollUp, ReferencesOutsideTheTablesAreLeftOutOrBlank) {
+    const RollUp whole = roll_up_shown(bread);
+    for (const i16 wrong : {i16{10001}, i16{-1}, i16{32767}}) {
+        put(bread, 9, wrong, 1);
+        const RollUp figures = roll_up_shown(bread);
+        EXPECT_EQ(figures.ingredients.size(), whole.ingredients.size());
+        EXPECT_EQ(figures.calories, whole.calories);
+        EXPECT_EQ(figures.cost, whole.cost);
+    }
+    put(bread, 9, 0, 0);
+    for (const i16 wrong : {i16{1001}, i16{-1}}) {
+        meals[bread].serving_size_units = wrong;
+        items[whole.ingredients[0].item].serving_size_units = wrong;
+        const RollUp figures = roll_up_shown(bread);
+        EXPECT_EQ(figures.unit, "");
+        EXPECT_EQ(figures.calories_caption, "Calories/:");
+        EXPECT_EQ(figures.ingredients[0].amount.back(), ' ');
+        EXPECT_EQ(figures.calories, whole.calories);
+    }
+}
+
+TEST_F(RecipeRollUp, ASlotThatIsNoneRollsUpToAnEmptyRecipe) {
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{1001}}) {
+        const RollUp figures = roll_up_shown(wrong);
+        EXPECT_TRUE(figures.ingredients.empty());
+        EXPECT_EQ(figures.total_calories, "0");
+        EXPECT_EQ(figures.serving_size, "1");
+    }
+    EXPECT_EQ(meal_serving_size[0], 0);
 }
 
 TEST_F(RecipeRollUp, WritesTheBlockForTheDocument) {

@@ -119,26 +119,42 @@ TEST_F(StockRestoration, WithAllLotsFilledTheStockStays) {
 
 TEST_F(StockRestoration, AnItemWithoutServingsInAUnitFailsBeforeAnythingMoves) {
     items[salt].servings_per_qty_unit = 0;
-    EXPECT_EQ(fault_of([] { restore_day_meal_stock_quietly(bread, day, place); }), 11);
+    expect_trapped(
+        11, [] { return restore_day_meal_stock_quietly(bread, day, place); }, false);
     EXPECT_EQ(items[flour].quantity, 0);
     EXPECT_EQ(moves_written(), 0);
 }
 
 TEST_F(StockRestoration, AServingSizeOfZeroIsADivisionByZero) {
     meal_serving_size[bread] = 0;
-    EXPECT_EQ(fault_of([] { restore_day_meal_stock_quietly(bread, day, place); }), 11);
+    expect_trapped(
+        11, [] { return restore_day_meal_stock_quietly(bread, day, place); }, false);
     EXPECT_EQ(items[flour].quantity, 0);
     EXPECT_EQ(meal_serving_size[bread], 0);
 }
 
-TEST_F(StockRestoration, PlacesAndItemsOutsideTheTablesAreFaults) {
+TEST_F(StockRestoration, DaysAndPlacesOutsideTheTablesAreTold) {
     for (const i16 wrong : {i16{0}, i16{31}, i16{-1}}) {
-        EXPECT_EQ(fault_of([wrong] { restore_day_meal_stock_quietly(bread, day, wrong); }), 9);
+        expect_trapped(
+            9, [&] { return restore_day_meal_stock_quietly(bread, day, wrong); }, false);
     }
-    EXPECT_EQ(fault_of([] { restore_day_meal_stock_quietly(bread, 1096, place); }), 9);
-    put(bread, 2, 10001, 1);
-    EXPECT_EQ(fault_of([] { restore_day_meal_stock_quietly(bread, day, place); }), 9);
+    expect_trapped(
+        9, [] { return restore_day_meal_stock_quietly(bread, 1096, place); }, false);
     EXPECT_EQ(items[flour].quantity, 0);
+}
+
+TEST_F(StockRestoration, WhatNamesNothingLiveGivesNothingBack) {
+    items[20].serving_size = items[20].servings_per_qty_unit = 1;  // not live
+    put(bread, 2, 10001, 1);
+    put(bread, 3, -1, 1);
+    put(bread, 4, 20, 1);
+    EXPECT_TRUE(restore_day_meal_stock_quietly(bread, day, place));
+    EXPECT_EQ(items[flour].quantity, 0.375);
+    EXPECT_EQ(items[20].quantity, 0);
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{1001}, i16{900}}) {
+        EXPECT_TRUE(restore_day_meal_stock(wrong, day, place)) << wrong;
+    }
+    EXPECT_EQ(items[flour].quantity, 0.375);
 }
 
 }  // namespace

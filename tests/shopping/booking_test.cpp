@@ -94,7 +94,7 @@ TEST_F(Booking, AnItemFromBeforeLotsKeepsWhatItHas) {
     EXPECT_EQ(lots[21].lot_quantity[0], 1);
 }
 
-TEST_F(Booking, AFailureIsToldAndTheEntriesBeforeItAreBooked) {
+TEST_F(Booking, AnEntryWithoutLotsIsToldAndTheOthersAreBooked) {
     items[20].shopping_quantity = 1;
     items[20].on_shopping_list = i16_true;  // neither live nor with a lot record
     put_on_list(milk, 2);
@@ -108,7 +108,8 @@ TEST_F(Booking, AFailureIsToldAndTheEntriesBeforeItAreBooked) {
     EXPECT_EQ(items[milk].quantity, 8);
     expect_off_list(milk, 2);
     expect_on_list(20, 1);
-    expect_on_list(21, 2);
+    expect_off_list(21, 2);
+    EXPECT_EQ(items[21].quantity, 3);
 }
 
 TEST_F(Booking, TheItemScreenShowsTheNewQuantity) {

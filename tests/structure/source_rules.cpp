@@ -5,9 +5,10 @@
 #include <fstream>
 #include <iterator>
 #include <set>
-#include <sstream>
 #include <string_view>
 #include <system_error>
+
+#include "structure/includes.h"
 
 namespace tavernook::structure {
 
@@ -15,85 +16,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Rooms = std::set<std::string>;
+const std::set<std::string> qt_rooms = {"rich_text", "platform_qt", "platform_web", "screens",
+                                        "app"};
 
-const Rooms logic_rooms = {"core",     "inventory", "recipes",  "planning", "shopping",
-                           "barcodes", "reports",   "transfer", "aids"};
-const Rooms qt_rooms = {"rich_text", "platform_qt", "screens", "app"};
-
-// Room -> the rooms that its files may include.
-std::map<std::string, Rooms> allowed_arrows() {
-    std::map<std::string, Rooms> arrows;
-    arrows["basics"] = {"basics"};
-    arrows["platform"] = {"platform", "basics"};
-    arrows["rich_text"] = {"rich_text", "basics"};
-    arrows["platform_disk"] = {"platform_disk", "platform", "basics"};
-    Rooms from_logic = logic_rooms;
-    from_logic.insert({"platform", "basics"});
-    for (const std::string& room : logic_rooms) arrows[room] = from_logic;
-    arrows["platform_qt"] = from_logic;
-    arrows["platform_qt"].insert({"platform_qt", "platform_disk"});
-    arrows["screens"] = from_logic;
-    arrows["screens"].insert({"screens", "rich_text"});
-    for (const auto& [room, targets] : arrows) arrows["app"].insert(room);
-    arrows["app"].insert("app");
-    return arrows;
-}
-
-struct Include {
-    int line;
-    std::string name;
-    bool quoted;
-};
-
-std::string_view without_blanks_in_front(std::string_view text) {
-    return text.substr(std::min(text.find_first_not_of(" \t"), text.size()));
-}
-
-bool take(std::string_view& text, std::string_view word) {
-    text = without_blanks_in_front(text);
-    if (text.substr(0, word.size()) != word) return false;
-    text.remove_prefix(word.size());
-    return true;
-}
-
-std::vector<Include> includes_of(const std::string& text) {
-    std::vector<Include> includes;
-    std::istringstream lines(text);
-    std::string line;
-    for (int number = 1; std::getline(lines, line); ++number) {
-        std::string_view rest = line;
-        if (!take(rest, "#") || !take(rest, "include")) continue;
-        const bool quoted = take(rest, "\"");
-        if (!quoted && !take(rest, "<")) continue;
-        const std::string_view name = rest.substr(0, rest.find(quoted ? '"' : '>'));
-        includes.push_back({number, std::string(name), quoted});
-    }
-    return includes;
-}
-
-std::string normal(const fs::path& path) {
-    return path.lexically_normal().generic_string();
-}
-
-// Where the include leads, as a path below src/; first beside the including file, then from the
-// root. A path that leaves src/ begins with "..".
-std::string target_of(const SourceTree& tree, const std::string& file, const Include& include) {
-    if (include.quoted) {
-        const std::string beside = normal(fs::path(file).parent_path() / include.name);
-        if (tree.count(beside) > 0 || include.name.rfind("..", 0) == 0) return beside;
-    }
-    return normal(include.name);
-}
-
-// "" for a file that lies in no room.
-std::string room_of(const std::string& path) {
+// The folder right below src/.
+std::string folder_of(const std::string& path) {
     const std::size_t slash = path.find('/');
     return slash == std::string::npos ? "" : path.substr(0, slash);
-}
-
-std::string place(const std::string& file, int line) {
-    return file + ":" + std::to_string(line);
 }
 
 bool begins_with(std::string_view text, std::string_view start) {
@@ -184,32 +113,10 @@ int count_inner_includes(const SourceTree& tree) {
     return count;
 }
 
-std::vector<std::string> broken_arrows(const SourceTree& tree) {
-    static const std::map<std::string, Rooms> arrows = allowed_arrows();
-    std::vector<std::string> offences;
-    for (const auto& [file, text] : tree) {
-        const auto allowed = arrows.find(room_of(file));
-        if (allowed == arrows.end()) {
-            offences.push_back(file + " lies in no known room");
-            continue;
-        }
-        for (const Include& include : includes_of(text)) {
-            const std::string target = target_of(tree, file, include);
-            const std::string room = room_of(target);
-            if (room == "..") {
-                offences.push_back(place(file, include.line) + " leaves src/ for " + target);
-            } else if (arrows.count(room) > 0 && allowed->second.count(room) == 0) {
-                offences.push_back(place(file, include.line) + " must not include " + target);
-            }
-        }
-    }
-    return offences;
-}
-
 std::vector<std::string> misplaced_qt(const SourceTree& tree) {
     std::vector<std::string> offences;
     for (const auto& [file, text] : tree) {
-        if (qt_rooms.count(room_of(file)) > 0) continue;
+        if (qt_rooms.count(folder_of(file)) > 0) continue;
         for (const Include& include : includes_of(text)) {
             if (!is_qt_header(include.name)) continue;
             offences.push_back(place(file, include.line) + " must not include " + include.name);
@@ -225,7 +132,7 @@ std::vector<std::string> include_circles(const SourceTree& tree) {
 std::vector<std::string> raw_dialogs(const SourceTree& tree) {
     std::vector<std::string> offences;
     for (const auto& [file, text] : tree) {
-        if (room_of(file) == "platform_qt") continue;
+        if (folder_of(file) == "platform_qt") continue;
         for (const char* name : {"QMessageBox", "QInputDialog", "QFileDialog"}) {
             const std::size_t found = text.find(name);
             if (found == std::string::npos) continue;

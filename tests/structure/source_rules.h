@@ -1,5 +1,6 @@
-// The rules that keep the source tree in order: which room may include which, where Qt may be
-// named, and that no file includes itself, however far round.
+// The rules that keep the source tree in order: where Qt may be named, that no file includes
+// itself, however far round, and that every box is wrapped. The other rules stand beside: arrows.h,
+// class_rules.h, routine_rules.h.
 #pragma once
 
 #include <map>
@@ -18,7 +19,6 @@ SourceTree read_source_tree(const std::string& folder);
 int count_inner_includes(const SourceTree& tree);
 
 // One sentence for each offence; empty when the rule is kept.
-std::vector<std::string> broken_arrows(const SourceTree& tree);
 std::vector<std::string> misplaced_qt(const SourceTree& tree);
 std::vector<std::string> include_circles(const SourceTree& tree);
 std::vector<std::string> raw_dialogs(const SourceTree& tree);

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "basics/number_text.h"
 #include "core/program_state.h"
 #include "core/project/audit.h"
 #include "core/project_data.h"
@@ -40,17 +39,17 @@ void end_after(const Fault& fault) {
 
 }  // namespace
 
-void audit_and_list() {
+void audit_and_list() noexcept {
     audit_inventory();
     build_shopping_list();
     if (ports::ShoppingList* list = shopping_list()) list->populate_list();
 }
 
-void daily_audit_check() {
+void daily_audit_check() noexcept {
     trap(check_clock, end_after);
 }
 
-void audit_now() {
+void audit_now() noexcept {
     trap_in_main("Audit_Now", [] {
         if (ports::MealPlan* planner = meal_plan()) planner->CalendarUpdate(ports::month_in_view);
         audit_and_list();
@@ -59,16 +58,6 @@ void audit_now() {
         planner->populate_day();
         planner->set_firstcall();
     });
-}
-
-void show_audit_time() {
-    std::string time = "-:-";
-    if (audit_hour >= 1 && audit_hour <= 24) {
-        const bool morning = audit_hour <= 12;
-        time = std::to_string(morning ? audit_hour : audit_hour - 12) + ":" +
-               format_number(audit_minute, "00") + (morning ? " AM" : " PM");
-    }
-    main_window().set_status(audit_time_panel, "Audit Time: " + time);
 }
 
 }  // namespace tavernook

@@ -8,17 +8,14 @@ namespace tavernook {
 extern i16 audit_done_flag;  // -1 = the audit has run in the present minute
 
 // An audit, then the scan for the shopping list; the list's screen shows it anew.
-void audit_and_list();
+void audit_and_list() noexcept;
 
 // At each tick of the main window's timer: runs the audit at the chosen minute, once in that
 // minute. A time set in the afternoon fires twelve hours earlier as well; kept, households rely on
 // it.
-void daily_audit_check();
+void daily_audit_check() noexcept;
 
 // The command "Audit Now": an audit, and every screen that shows what it changed shows it anew.
-void audit_now();
-
-// "Audit Time: 11:59 PM" in the status bar; "-:-" for hour 0.
-void show_audit_time();
+void audit_now() noexcept;
 
 }  // namespace tavernook

@@ -6,13 +6,13 @@
 #include "core/program_folders.h"
 #include "core/program_state.h"
 #include "core/project/audit.h"
-#include "core/project/daily_audit.h"
 #include "core/project/previous_version.h"
 #include "core/project/project_claim.h"
 #include "core/project/recent_files.h"
 #include "core/project_data.h"
 #include "core/project_file/project_file_format.h"
 #include "core/project_file/project_file_reader.h"
+#include "core/project_settings.h"
 #include "core/trap.h"
 #include "inventory/lots.h"
 #include "platform/platform.h"
@@ -165,7 +165,7 @@ void open_project() {
 
 }  // namespace
 
-void Project_Open() {
+void Project_Open() noexcept {
     project_load_failed = i16_false;
     project_open = i16_false;  // the tables no longer hold the project that was
     trap(open_project, [](const Fault& fault) {

@@ -8,6 +8,6 @@ namespace tavernook {
 // Reads the project into the tables, which the caller has reset, and brings the screens up. When it
 // gives up, project_load_failed is -1, the tables are filled as far as the reading came, nothing on
 // the disk has changed, and the caller closes the project.
-void Project_Open();
+void Project_Open() noexcept;
 
 }  // namespace tavernook

@@ -185,34 +185,34 @@ void load_main_window(const std::string& command_line) {
 
 }  // namespace
 
-void main_load(const std::string& command_line) {
+void main_load(const std::string& command_line) noexcept {
     trap_in_main("", [&] { load_main_window(command_line); });
 }
 
-void mnuFile_NewProject() {
+void mnuFile_NewProject() noexcept {
     const Date created_before = project_created;
     if (!replacing_project("mnufile_newproject_click", create_project)) {
         project_created = created_before;
     }
 }
 
-void mnuFile_Open() {
+void mnuFile_Open() noexcept {
     main_open();
 }
 
-void main_open() {
+void main_open() noexcept {
     replacing_project("Main_Open", [] {
         if (!let_go_of_open_project()) return false;
         return replace_open_project(file_dialogs().open_file(project_dialog("Open Project")));
     });
 }
 
-void open_recent_project(const std::string& path) {
+void open_recent_project(const std::string& path) noexcept {
     replacing_project("mnuRecentFile_Click",
                       [&] { return let_go_of_open_project() && replace_open_project(path); });
 }
 
-void mnuFile_Save() {
+void mnuFile_Save() noexcept {
     if (project_open == 0) return;  // the path may still be that of the last one
     trap_in_main("mnuFile_Save_Click", [] {
         const i16 modified_before = project_modified;
@@ -221,7 +221,7 @@ void mnuFile_Save() {
     });
 }
 
-void mnuFile_SaveAs() {
+void mnuFile_SaveAs() noexcept {
     if (project_open == 0) return;
     trap_in_main("mnuFile_SaveAs_Click", [] {
         const std::string path = path_to_save("Save As");
@@ -231,14 +231,14 @@ void mnuFile_SaveAs() {
     });
 }
 
-void mnuFile_Close() {
+void mnuFile_Close() noexcept {
     trap_in_main("mnuFile_Close_Click", [] {
         bool may_go_on = false;
         if (Project_Modified(may_go_on)) project_close();
     });
 }
 
-void mnuFile_Exit() {
+void mnuFile_Exit() noexcept {
     trap_in_main("mnuFile_Exit_Click", [] {
         window_geometry = main_window().geometry();
         save_window_state();
@@ -246,7 +246,7 @@ void mnuFile_Exit() {
     });
 }
 
-bool main_unload() {
+bool main_unload() noexcept {
     bool may_go_on = false;
     if (!Project_Modified(may_go_on)) return false;
     trap_in_main("Main_Unload", [] {
@@ -261,13 +261,13 @@ bool main_unload() {
     return true;
 }
 
-bool Project_Modified(bool& may_go_on) {
+bool Project_Modified(bool& may_go_on) noexcept {
     may_go_on = false;
     trap_in_main("Project_Modified", [&] { may_go_on = ask_to_save(); });
     return may_go_on;
 }
 
-void project_close() {
+void project_close() noexcept {
     trap_in_main("project_close", [] {
         reset_project_tables();
         project_open = i16_false;
@@ -281,22 +281,22 @@ void project_close() {
     });
 }
 
-void give_up_project() {
+void give_up_project() noexcept {
     project_close();
     set_project_path({});
 }
 
-void init_forms() {
+void init_forms() noexcept {
     trap_in_main("init_forms", [] { screens().load_food_inventory(); });
 }
 
-void load_help() {
+void load_help() noexcept {
     trap_in_main("load_help", [] {
         if (!help_viewer().show_contents()) boxes().message(no_help);
     });
 }
 
-void load_search() {
+void load_search() noexcept {
     trap_in_main("load_search", [] {
         if (!help_viewer().show_search()) boxes().message(no_help);
     });

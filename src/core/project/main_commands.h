@@ -11,50 +11,50 @@ namespace tavernook {
 
 // The main window's load, once, with the window not yet shown. `command_line` is the path of a
 // project or empty.
-void main_load(const std::string& command_line);
+void main_load(const std::string& command_line) noexcept;
 
 // New Project: asks to save, asks for the file, writes the first file. Cancel changes nothing
 // but what saving the old project changed.
-void mnuFile_NewProject();
+void mnuFile_NewProject() noexcept;
 
-void mnuFile_Open();
+void mnuFile_Open() noexcept;
 
 // Open: asks to save, asks for the file, opens it. After a file that cannot be opened the program
 // is idle.
-void main_open();
+void main_open() noexcept;
 
-void open_recent_project(const std::string& path);
+void open_recent_project(const std::string& path) noexcept;
 
 // Save and Save As do nothing without a project.
-void mnuFile_Save();
+void mnuFile_Save() noexcept;
 
 // On failure the project keeps its old path.
-void mnuFile_SaveAs();
+void mnuFile_SaveAs() noexcept;
 
 // Asks to save, then closes the project; idle windows stay as they are.
-void mnuFile_Close();
+void mnuFile_Close() noexcept;
 
 // Stores the geometry and asks the main window to go.
-void mnuFile_Exit();
+void mnuFile_Exit() noexcept;
 
 // Everything that must happen before the main window goes; false when the user declined.
-[[nodiscard]] bool main_unload();
+[[nodiscard]] bool main_unload() noexcept;
 
 // Asks to save. `may_go_on` and the result are true when the caller may go on. When a wanted save
 // fails the result is false and the project stays modified.
-bool Project_Modified(bool& may_go_on);
+bool Project_Modified(bool& may_go_on) noexcept;
 
 // Back to the idle window: tables reset, screens unloaded, menus off. Does not ask.
-void project_close();
+void project_close() noexcept;
 
 // After a project that could not be opened or made: closed, and not the last one that was open.
-void give_up_project();
+void give_up_project() noexcept;
 
 // Loads the item inventory screen.
-void init_forms();
+void init_forms() noexcept;
 
 // Help contents and the help's search; a box when there is no help.
-void load_help();
-void load_search();
+void load_help() noexcept;
+void load_search() noexcept;
 
 }  // namespace tavernook

@@ -53,7 +53,7 @@ std::string question(const std::string& path, const std::string& previous) {
 
 }  // namespace
 
-std::string previous_version_path(const std::string& project_path) {
+std::string previous_version_path(const std::string& project_path) noexcept {
     return stem_of(project_path) + std::string(previous_extension);
 }
 
@@ -70,7 +70,7 @@ void set_previous_version_aside(const std::string& project_path) {
     whole_files.erase(project_path);
 }
 
-void project_file_is_whole(const std::string& project_path) {
+void project_file_is_whole(const std::string& project_path) noexcept {
     whole_files.insert(project_path);
 }
 
@@ -93,15 +93,15 @@ bool may_start_project_at(const std::string& path) {
     return false;
 }
 
-void drop_previous_version(const std::string& project_path) {
+void drop_previous_version(const std::string& project_path) noexcept {
     try {
         files().remove(previous_version_path(project_path));
-    } catch (const Fault&) {
+    } catch (...) {
         // Kept: the save itself is complete.
     }
 }
 
-std::string project_of_previous_version(const std::string& path) {
+std::string project_of_previous_version(const std::string& path) noexcept {
     if (!ends_with_extension(path, previous_extension)) return path;
     return without_ending(path, previous_extension) + std::string(extension);
 }

@@ -87,7 +87,7 @@ void write_project() {
 
 }  // namespace
 
-bool Project_Save(const i16& silent) {
+bool Project_Save(const i16& silent) noexcept {
     const auto work = [&] {
         save_progress().load("Saving Project", "Saving Project....");
         if (silent == 0) save_progress().show();

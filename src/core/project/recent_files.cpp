@@ -23,7 +23,7 @@ void copy_key(const char* from, const char* to) {
 
 }  // namespace
 
-void load_recent_menu() {
+void load_recent_menu() noexcept {
     trap_in_main("load_recent_menu", [] {
         std::vector<std::string> paths;
         for (const char* key : keys) {
@@ -34,7 +34,7 @@ void load_recent_menu() {
     });
 }
 
-void save_recent_project(const std::string& path) {
+void save_recent_project(const std::string& path) noexcept {
     trap_in_module([&] {
         for (const char* key : keys) {
             if (stored_path(key) == path) return;

@@ -6,9 +6,9 @@
 namespace tavernook {
 
 // Fills the File menu from the store, newest first.
-void load_recent_menu();
+void load_recent_menu() noexcept;
 
 // Puts the path at the top of the three; one that is already there stays where it is.
-void save_recent_project(const std::string& path);
+void save_recent_project(const std::string& path) noexcept;
 
 }  // namespace tavernook

@@ -51,7 +51,7 @@ SettingsRecord read_settings_file() {
     return decode_settings(read_settings_bytes());
 }
 
-void save_window_state() {
+void save_window_state() noexcept {
     trap_in_main("save_window_state", [] {
         change_settings([](SettingsRecord& record) {
             record.hide_welcome_dialog = hide_welcome_dialog;
@@ -61,7 +61,7 @@ void save_window_state() {
     });
 }
 
-void load_window_state() {
+void load_window_state() noexcept {
     trap_in_main("load_window_state", [] {
         const SettingsRecord record = read_settings_file();
         hide_welcome_dialog = record.hide_welcome_dialog;
@@ -69,7 +69,7 @@ void load_window_state() {
     });
 }
 
-void add_recent_project(const std::string& path) {
+void add_recent_project(const std::string& path) noexcept {
     if (!belongs_in_the_list(path)) return;
     trap_in_main("add_recent_project", [&] {
         change_settings([&](SettingsRecord& record) { return put_on_top(record, path); });

@@ -41,7 +41,7 @@ FixedString<recent_path_size> path_at(const std::string& bytes, std::size_t posi
 
 }  // namespace
 
-SettingsRecord decode_settings(std::string_view bytes) {
+SettingsRecord decode_settings(std::string_view bytes) noexcept {
     const std::string whole = padded(bytes.substr(0, settings_file_size));
     SettingsRecord record;
     for (std::size_t place = 0; place < recent_project_places; ++place) {
@@ -55,7 +55,7 @@ SettingsRecord decode_settings(std::string_view bytes) {
     return record;
 }
 
-std::string encode_settings(const SettingsRecord& record, std::string_view bytes) {
+std::string encode_settings(const SettingsRecord& record, std::string_view bytes) noexcept {
     std::string whole = padded(bytes);
     for (std::size_t place = 0; place < recent_project_places; ++place) {
         std::memcpy(whole.data() + path_positions[place] - 1, record.recent_projects[place].data(),

@@ -31,9 +31,9 @@ struct SettingsRecord {
 
 // Any bytes at all are read: what is missing reads as zero or blank, a count outside 0..4 as the
 // nearest of them.
-SettingsRecord decode_settings(std::string_view bytes);
+SettingsRecord decode_settings(std::string_view bytes) noexcept;
 
 // The record written over `bytes`, the file as it was; at least settings_file_size long.
-std::string encode_settings(const SettingsRecord& record, std::string_view bytes);
+std::string encode_settings(const SettingsRecord& record, std::string_view bytes) noexcept;
 
 }  // namespace tavernook

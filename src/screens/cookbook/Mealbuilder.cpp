@@ -13,6 +13,7 @@
 #include "core/rows.h"
 #include "inventory/item_form.h"
 #include "platform/platform.h"
+#include "recipes/catagory_removal.h"
 #include "recipes/meals.h"
 #include "recipes/recipe_names.h"
 #include "screens/cookbook/ingredient_commands.h"

@@ -12,6 +12,7 @@
 #include "inventory/item_form.h"
 #include "inventory/items.h"
 #include "platform/platform.h"
+#include "recipes/catagory_removal.h"
 #include "screens/pantry/LotView.h"
 #include "screens/pantry/copydialog.h"
 #include "screens/pantry/hand_over.h"

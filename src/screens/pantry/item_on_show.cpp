@@ -82,7 +82,7 @@ bool ItemOnShow::store(bool as_new) {
     form_.follow(present);
     const ItemValues values = form_.values(present);
     const i16 item = as_new ? create_item_from_form(values) : present;
-    if (!as_new) update_item(item, values);
+    if (!as_new && !update_item(item, values)) return false;
     project_modified = i16_true;
     current_catagory = values.category;
     form_.refresh_units();

@@ -147,14 +147,6 @@ bool ScanEntry::take_digit_of(QWidget& part, QChar digit) {
     return true;
 }
 
-bool ScanEntry::take_first_key(const QKeyEvent& key) {
-    const QChar letter = written(key);
-    const bool digit = is_digit(letter) && scanner_type == keyboard_wedge;
-    if (!digit && letter != full_stop) return false;
-    begin(letter);
-    return true;
-}
-
 // A full stop waits in the hold box; everything else stands in sight.
 void ScanEntry::begin(const QString& first) {
     const QString before = kept_;
@@ -243,7 +235,6 @@ void ScanEntry::take_line(const QString& line) {
         const std::string code = code_in_line(typed);
         if (!code.empty()) return void(Q_EMIT scanned(code));
         say(tr("No barcode could be read. Please scan again."));
-        Q_EMIT unreadable();
     });
 }
 

@@ -68,13 +68,9 @@ class ScanEntry : public QLineEdit {
     // Gives up what has come so far.
     void discard();
 
-    // For a screen that does not `watch`: a digit or a full stop of a code that begins elsewhere.
-    bool take_first_key(const QKeyEvent& key);
-
   Q_SIGNALS:
     void scanned(const std::string& code);  // empty from `take_one` only
     void ended();                           // of `take_one`: the box has gone, with or without code
-    void unreadable();                      // a line that holds no code; it has been told
 
   protected:
     bool event(QEvent* event) override;

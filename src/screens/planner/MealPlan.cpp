@@ -5,7 +5,6 @@
 #include <QMenu>
 #include <QPointer>
 #include <utility>
-#include <vector>
 
 #include "core/project/daily_audit.h"
 #include "planning/day_clipboard.h"
@@ -42,7 +41,8 @@ MealPlan::MealPlan(QWidget* parent)
     reset_planner_state();
     set_meal_plan(this);
     guarded([this] {
-        set_date(todays_date());
+        select_date(todays_date());
+        day_.show_date(selected_date());
         current_day = slot_of_selected_date();
         CalendarUpdate(0);
         show_plan();
@@ -126,12 +126,7 @@ void MealPlan::set_up_order() {
         splitter->setStretchFactor(0, 1);
         splitter->setStretchFactor(1, 0);
     }
-    std::vector<QWidget*> order;
-    for (const auto& parts :
-         {calendar_.tab_order(), day_.tab_order(), recommendations_.tab_order()}) {
-        order.insert(order.end(), parts.begin(), parts.end());
-    }
-    for (std::size_t n = 1; n < order.size(); ++n) setTabOrder(order[n - 1], order[n]);
+    tab_through({calendar_.tab_order(), day_.tab_order(), recommendations_.tab_order()});
 }
 
 // --- events ------------------------------------------------------------------------------------
@@ -192,15 +187,9 @@ void MealPlan::CalendarUpdate(i16 mode) {
     update_commands();
 }
 
-void MealPlan::set_date(const QDate& date) {
-    selected_day = to_i16(date.day());
-    selected_month = to_i16(date.month());
-    selected_year = to_i16(date.year());
-    day_.show_date(date);
-}
-
 void MealPlan::open_date(const QDate& date) {
-    set_date(date);
+    select_date(date);
+    day_.show_date(date);
     calendar_.mark(date);
     populate_day();
 }

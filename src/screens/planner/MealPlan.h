@@ -79,7 +79,6 @@ class MealPlan : public Screen, public ports::MealPlan {
     void set_up_order();
     void first_view();
 
-    void set_date(const QDate& date);  // nothing is opened
     void open_date(const QDate& date);
     void choose_date(const QDate& date);
     void choose_month(const QDate& first);

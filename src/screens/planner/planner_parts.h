@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QObject>
+#include <initializer_list>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 class QTreeView;
 class QWidget;
@@ -32,6 +34,9 @@ void on_wish(Screen& screen, const Pane& pane, Signal signal, Command command) {
         });
     });
 }
+
+// The Tab key goes through the parts of all panes in this order.
+void tab_through(std::initializer_list<std::vector<QWidget*>> panes);
 
 // Shift+F10 asks for the context menu; not every system does so by itself.
 void open_menu_by_keys(QWidget& part);

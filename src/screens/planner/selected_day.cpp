@@ -9,6 +9,12 @@
 
 namespace tavernook {
 
+void select_date(const QDate& date) {
+    selected_day = to_i16(date.day());
+    selected_month = to_i16(date.month());
+    selected_year = to_i16(date.year());
+}
+
 QDate selected_date() {
     return {selected_year, selected_month, selected_day};
 }

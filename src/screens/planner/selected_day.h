@@ -1,5 +1,5 @@
 // What the planner knows of the day that it shows: the selected date, the slot that stands for it,
-// and whether it has been audited. Reads the planner's state; changes nothing and never throws.
+// and whether it has been audited. What asks, only reads, and never throws.
 #pragma once
 
 #include <QDate>
@@ -9,6 +9,7 @@
 
 namespace tavernook {
 
+void select_date(const QDate& date);  // nothing is opened
 QDate selected_date();
 
 // current_day is a day of the selected date. Otherwise it is a free slot, or of a full table the

@@ -10,10 +10,6 @@ namespace tavernook {
 
 using Texts = std::vector<std::string>;
 
-inline std::string module_error(int number) {
-    return "Tavernook error: rt6:" + std::to_string(number) + ". Contact Brenwyk Software.";
-}
-
 // `name` as stored, 32 characters.
 inline std::string not_enough_of(std::string name) {
     name.resize(32, ' ');

@@ -1,4 +1,7 @@
 // What the audit takes out of the stock, and when.
+#include <cmath>
+#include <utility>
+
 #include "core/project/audit_fixture.h"
 
 namespace tavernook {
@@ -266,6 +269,11 @@ class AuditFailure : public AuditTest {
         EXPECT_EQ(items[salt].quantity, 19);
         EXPECT_EQ(items[9].quantity, lot_total(9));
     }
+    void expect_all_but_slot_2s_honey() {
+        for (const i16 slot : {i16{1}, i16{2}, i16{3}}) EXPECT_EQ(days[slot].audited, -1) << slot;
+        EXPECT_EQ(items[flour].quantity, 7);
+        EXPECT_EQ(items[salt].quantity, 19);
+    }
 };
 
 TEST_F(AuditFailure, AServingSizeOf0EndsIt) {
@@ -274,29 +282,69 @@ TEST_F(AuditFailure, AServingSizeOf0EndsIt) {
     expect_ended_at_slot_2();
 }
 
-TEST_F(AuditFailure, ALotBeyond16BitsEndsIt) {
+TEST_F(AuditFailure, ALotBeyond16BitsIsToldAndTheAuditGoesOn) {
     items[9].serving_size = 1;
     fill_lots(9, 32768);
     platform.boxes.expect_message(module_error(6));
     audit_inventory();
-    expect_ended_at_slot_2();
     EXPECT_EQ(items[9].quantity, 32768);
+    expect_all_but_slot_2s_honey();
 }
 
-TEST_F(AuditFailure, AnItemNumberThatIsNoneEndsIt) {
-    days[2].planned_item[2] = -9;
-    platform.boxes.expect_message(module_error(9));
-    audit_inventory();
-    expect_ended_at_slot_2();
+TEST_F(AuditFailure, EntriesThatNameNothingLiveTakeNothing) {
+    items[9].serving_size = 1;
+    add_food(20, "Gone", 1, 1, 3);
+    items[20].in_use = 0;
+    for (const i16 none : {i16{-9}, i16{10001}, i16{32767}, i16{20}}) {
+        days[2].planned_item[2] = none;
+        days[2].audited = 0;
+        days[2].planned_meal[1] = none;
+        audit_inventory();
+        EXPECT_EQ(days[2].audited, -1) << none;
+    }
+    EXPECT_EQ(items[flour].quantity, 4);  // 10 less slots 1 and 3, less slot 2 four times
+    EXPECT_EQ(items[20].quantity, 3);
 }
 
-TEST_F(AuditFailure, ADateThatNoCalendarHasEndsIt) {
-    days[2].month = 13;
-    platform.boxes.expect_message(module_error(13));
+TEST_F(AuditFailure, IngredientsThatNameNothingLiveTakeNothing) {
+    items[9].serving_size = 1;
+    put(bread, 2, 10001, 1);
+    put(bread, 3, -1, 1);
+    put(bread, 4, 20, 1);  // not live
+    plan(2, 1, bread, 1);
     audit_inventory();
+    EXPECT_EQ(items[flour].quantity, 5.5);   // 10 less three places and 3 x 2 / 4
+    EXPECT_EQ(items[salt].quantity, 18.75);  // 20 less 1 and 1 x 2 / 8
+}
+
+TEST_F(AuditFailure, ADateThatNoCalendarHasIsPassedOver) {
+    items[9].serving_size = 1;
+    for (const auto& [month, day] :
+         {std::pair{13, 1}, {2, 30}, {0, 1}, {5, 0}, {-1, -1}, {4, 31}}) {
+        days[2].month = static_cast<i16>(month);
+        days[2].day = static_cast<i16>(day);
+        audit_inventory();
+        EXPECT_EQ(days[2].audited, 0) << month << "/" << day;
+    }
+    days[2].month = days[2].day = 1;
+    for (const i16 year : {i16{99}, i16{-2024}, i16{10000}}) {
+        days[2].year = year;
+        audit_inventory();
+        EXPECT_EQ(days[2].audited, 0) << year;
+    }
     EXPECT_EQ(days[1].audited, -1);
-    EXPECT_EQ(days[3].audited, 0);
+    EXPECT_EQ(days[3].audited, -1);
     EXPECT_EQ(items[salt].quantity, 20);
+    EXPECT_EQ(items[flour].quantity, 8);
+}
+
+TEST_F(AuditFailure, AnAmountThatIsNoNumberIsToldAndTheAuditGoesOn) {
+    items[9].serving_size = 1;
+    day_quantities[2].item_quantity[2] = std::nan("");
+    platform.boxes.expect_message(module_error(6));
+    audit_inventory();
+    EXPECT_EQ(items[9].quantity, 1);
+    expect_all_but_slot_2s_honey();
 }
 
 TEST_F(AuditFailure, ItTakesTheProgressWindowAwayAndLeavesTheRestUndone) {

@@ -8,6 +8,7 @@
 
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/project_settings.h"
 #include "fakes/test_platform.h"
 
 namespace tavernook {

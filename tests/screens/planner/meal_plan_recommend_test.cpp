@@ -169,8 +169,7 @@ TEST_F(PlannerRecommendations, SelectionAndScrollStayThroughARefresh) {
     open_planner();
     const int middle = recommended().model()->rowCount() / 2;
     click_row(recommended(), middle);
-    const QString key =
-        recommended().currentIndex().data(RowsModel::key_role).toString();
+    const QString key = recommended().currentIndex().data(RowsModel::key_role).toString();
     const int scrolled = recommended().verticalScrollBar()->value();
     ASSERT_GT(scrolled, 0);
     press("F5");

@@ -1,26 +1,12 @@
-#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-#include "structure/source_rules.h"
+#include "structure/program_tree.h"
 
 namespace tavernook::structure {
 namespace {
-
-using Offences = std::vector<std::string>;
-
-std::string listed(const Offences& offences) {
-    std::string text;
-    for (const std::string& offence : offences) text += "\n  " + offence;
-    return text;
-}
-
-const SourceTree& program() {
-    static const SourceTree tree = read_source_tree(std::string(TAVERNOOK_SOURCE_FOLDER) + "/src");
-    return tree;
-}
 
 TEST(SourceTree, IsReadWhole) {
     EXPECT_GE(program().size(), 20u);
@@ -28,11 +14,6 @@ TEST(SourceTree, IsReadWhole) {
     EXPECT_EQ(program().count("basics/date.h"), 1u);
     EXPECT_EQ(program().count("platform/platform.h"), 1u);
     EXPECT_GE(count_inner_includes(program()), 20);
-}
-
-TEST(SourceTree, ArrowsPointDownOnly) {
-    const Offences offences = broken_arrows(program());
-    EXPECT_TRUE(offences.empty()) << listed(offences);
 }
 
 TEST(SourceTree, QtStaysInItsRooms) {
@@ -48,91 +29,6 @@ TEST(SourceTree, NoFileIncludesItselfHoweverFarRound) {
 TEST(SourceTree, DialogsAreWrapped) {
     const Offences offences = raw_dialogs(program());
     EXPECT_TRUE(offences.empty()) << listed(offences);
-}
-
-// The offences of a file of `room` that includes a file of `target`.
-Offences arrow(const std::string& room, const std::string& target) {
-    return broken_arrows({{room + "/a.cpp", "#include \"" + target + "/b.h\"\n"},
-                          {target + "/b.h", "#pragma once\n"}});
-}
-
-const std::vector<std::string> logic = {"core",     "inventory", "recipes",  "planning", "shopping",
-                                        "barcodes", "reports",   "transfer", "aids"};
-
-TEST(BrokenArrows, EveryPairOfRoomsIsJudged) {
-    std::vector<std::string> rooms = logic;
-    for (const char* room :
-         {"basics", "platform", "platform_disk", "rich_text", "platform_qt", "screens", "app"}) {
-        rooms.push_back(room);
-    }
-    const auto is_logic = [](const std::string& room) {
-        return std::find(logic.begin(), logic.end(), room) != logic.end();
-    };
-    for (const std::string& room : rooms) {
-        for (const std::string& target : rooms) {
-            bool allowed = room == target || room == "app" || target == "basics";
-            if (target == "platform") allowed = room != "basics" && room != "rich_text";
-            if (target == "rich_text") {
-                allowed = room == "rich_text" || room == "screens" || room == "app";
-            }
-            if (is_logic(target)) {
-                allowed =
-                    is_logic(room) || room == "platform_qt" || room == "screens" || room == "app";
-            }
-            if (target == "platform_disk") {
-                allowed = room == "platform_disk" || room == "platform_qt" || room == "app";
-            }
-            EXPECT_EQ(arrow(room, target).empty(), allowed) << room << " -> " << target;
-        }
-    }
-}
-
-TEST(BrokenArrows, AreNamedByFileAndLine) {
-    const SourceTree tree = {{"basics/a.h", "#pragma once\n\n#include \"core/b.h\"\n"},
-                             {"core/b.h", ""}};
-    EXPECT_EQ(broken_arrows(tree), Offences{"basics/a.h:3 must not include core/b.h"});
-}
-
-TEST(BrokenArrows, FilesBesideAndFurtherDownAreOfTheSameRoom) {
-    EXPECT_TRUE(
-        broken_arrows({{"reports/html/page.cpp", "#include \"page.h\"\n#include \"../list.h\"\n"},
-                       {"reports/html/page.h", ""},
-                       {"reports/list.h", ""}})
-            .empty());
-}
-
-TEST(BrokenArrows, RoundaboutSpellingsAreSeen) {
-    const std::string offence = "platform/a.cpp:1 must not include core/b.h";
-    for (const char* line :
-         {"#include \"../core/b.h\"", "  #  include   \"core/b.h\"", "#include <core/b.h>",
-          "#include\"core/b.h\"", "#include \"./core/b.h\"", "#include \"basics/../core/b.h\"",
-          "#include \"core/b.h\"  // only the names", "#include \"core/b.h\"\r"}) {
-        const SourceTree tree = {{"platform/a.cpp", line}, {"core/b.h", ""}};
-        EXPECT_EQ(broken_arrows(tree), Offences{offence}) << line;
-    }
-}
-
-TEST(BrokenArrows, AMissingFileOfAnUpperRoomIsAnOffenceAllTheSame) {
-    EXPECT_EQ(broken_arrows({{"core/a.cpp", "#include \"screens/gone.h\"\n"}}),
-              Offences{"core/a.cpp:1 must not include screens/gone.h"});
-}
-
-TEST(BrokenArrows, LeavingTheSourcesIsAnOffence) {
-    EXPECT_EQ(broken_arrows({{"core/a.cpp", "#include \"../../tests/fakes/b.h\"\n"}}),
-              Offences{"core/a.cpp:1 leaves src/ for ../tests/fakes/b.h"});
-}
-
-TEST(BrokenArrows, UnknownRoomsAreAnOffence) {
-    EXPECT_EQ(broken_arrows({{"misc/a.h", ""}}), Offences{"misc/a.h lies in no known room"});
-    EXPECT_EQ(broken_arrows({{"a.h", ""}}), Offences{"a.h lies in no known room"});
-}
-
-TEST(BrokenArrows, SystemHeadersAndPlainTextAreNone) {
-    EXPECT_TRUE(broken_arrows({{"basics/a.cpp",
-                                "#include <string>\n#include <sys/stat.h>\n"
-                                "// #include \"core/b.h\"\nauto text = \"#include <core/b.h>\";\n"},
-                               {"core/b.h", ""}})
-                    .empty());
 }
 
 TEST(MisplacedQt, IsSeenInTheLogicAndBelow) {
