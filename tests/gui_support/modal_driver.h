@@ -14,7 +14,7 @@ namespace tavernook {
 
 // A window that nobody answers ends the test by a failure, not by waiting for ever.
 inline void close_when_forgotten(QWidget& window) {
-    constexpr int patience_ms = 20'000;
+    constexpr int patience_ms = 600'000;
     QTimer::singleShot(patience_ms, &window, [] {
         ADD_FAILURE() << "A modal window was left open.";
         for (QWidget* open : QApplication::topLevelWidgets()) {

@@ -89,7 +89,7 @@ TEST(SampleDocuments, AnotherReaderFindsTheSameWords) {
         QProcess process;
         process.setWorkingDirectory(QDir::tempPath());
         process.start(converter, {"--text", "--nopict", QString::fromStdString(path.string())});
-        ASSERT_TRUE(process.waitForFinished());
+        ASSERT_TRUE(process.waitForFinished(-1));
         EXPECT_EQ(process.exitCode(), 0);
         const QString converted = QString::fromLatin1(process.readAllStandardOutput());
         const QString title = document.begin().text();

@@ -65,7 +65,7 @@ class ChildScreenTest : public MainWindowTest {
     void press_letter(const char* keys) {
         press(keys);
         const QPointer<QWidget> pressed_on(screen);
-        const bool acted = QTest::qWaitFor([&] {
+        const bool acted = comes_true([&] {
             if (pressed_on.isNull()) return true;
             const auto buttons = pressed_on->findChildren<QPushButton*>();
             return std::none_of(buttons.begin(), buttons.end(),

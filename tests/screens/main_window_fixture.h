@@ -15,6 +15,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "gui_support/waiting.h"
 #include "gui_support/warning_guard.h"
 #include "platform/platform.h"
 #include "screens/frame/Main.h"
@@ -27,6 +28,10 @@ class MainWindowTest : public testing::Test {
   protected:
     MainWindowTest() {
         QApplication::setQuitOnLastWindowClosed(false);
+        // However slow the machine is: letters typed one behind the other make one word, and the
+        // timers tick when a test says so, not by themselves.
+        QApplication::setKeyboardInputInterval(never_ms);
+        for (const char* name : {"timer_1", "timer_2"}) timer(name).setInterval(never_ms);
         set_platform({.clock = &platform.clock,
                       .boxes = &platform.boxes,
                       .file_dialogs = &platform.dialogs,
@@ -46,7 +51,7 @@ class MainWindowTest : public testing::Test {
     void start(const std::string& command_line = "") {
         window.load(command_line);
         window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(becomes_active(window));
     }
 
     // A project on the disk under this name, which is closed again.
@@ -104,12 +109,14 @@ class MainWindowTest : public testing::Test {
     }
     std::string shown_title() { return window.windowTitle().toStdString(); }
 
+    QTimer& timer(const char* name) { return *window.findChild<QTimer*>(QLatin1String(name)); }
+
     // One tick, without waiting for it; false when the timer was not running.
     bool tick(const char* timer_name) {
-        auto* timer = window.findChild<QTimer*>(QLatin1String(timer_name));
-        if (!timer->isActive()) return false;
-        QTimerEvent event(timer->timerId());
-        QCoreApplication::sendEvent(timer, &event);
+        QTimer& ticking = timer(timer_name);
+        if (!ticking.isActive()) return false;
+        QTimerEvent event(ticking.timerId());
+        QCoreApplication::sendEvent(&ticking, &event);
         return true;
     }
 

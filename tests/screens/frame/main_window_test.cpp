@@ -494,7 +494,7 @@ TEST_F(MainWindow, TheAboutBoxOpensAndClosesByTheKeyboard) {
     choose("Alt+H", "mnu_about");
     auto* about = window.findChild<About*>();
     ASSERT_NE(about, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(about));
+    ASSERT_TRUE(becomes_active(*about));
     EXPECT_EQ(about->windowTitle(), "About Tavernook");
     EXPECT_TRUE(about->findChild<QLabel*>("about_licence")->text().contains("LGPL"));
     QTest::keyClick(about, Qt::Key_Return);

@@ -264,7 +264,7 @@ TEST_F(ProjectSetupTest, TheListsFollowATriedFontSizeAndTakeItBackOnCancel) {
 TEST_F(ProjectSetupTest, EverythingIsNamedForAssistiveTechnologyAndReachedByTab) {
     in_setup([](ProjectSetup& setup) {
         setup.activateWindow();
-        ASSERT_TRUE(QTest::qWaitFor([&] {
+        ASSERT_TRUE(comes_true([&] {
             return setup.isActiveWindow() && QApplication::focusWidget()->window() == &setup;
         }));
         std::set<QWidget*> reached;

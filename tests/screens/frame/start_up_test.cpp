@@ -84,7 +84,7 @@ TEST_F(StartUp, SplashThenMainThenAssociationsThenTheSplashGoes) {
 
 TEST_F(StartUp, AProjectOnTheCommandLineOpens) {
     start_program(window, splash, "");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(becomes_active(window));
     const std::string path = project_on_disk("home.tvk");
     Main next;
     set_platform({.clock = &clock,

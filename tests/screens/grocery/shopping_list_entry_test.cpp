@@ -350,7 +350,7 @@ TEST_F(ShoppingListEntry, AWholeShoppingRoundGoesByKeys) {
     press("Delete");
     expect_off_list(apples, 0);
     press("Alt+S");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return names().empty(); }));
+    EXPECT_TRUE(comes_true([&] { return names().empty(); }));
     EXPECT_EQ(lot_total(salt), 2);
     EXPECT_EQ(lot_total(apples), 0);
     press_letter("Alt+C");

@@ -1,5 +1,4 @@
 // Columns, sort and the user's place in the list, and lists that are long or damaged.
-#include <QElapsedTimer>
 #include <QScrollBar>
 
 #include "core/changes.h"
@@ -224,7 +223,7 @@ TEST_F(ShoppingListOrder, NumbersOutsideTheirTablesShowNothingAndBreakNothing) {
     EXPECT_EQ(list().model()->rowCount(), 3);
 }
 
-TEST_F(ShoppingListOrder, TenThousandRowsStayFluid) {
+TEST_F(ShoppingListOrder, TenThousandRowsKeepTheirPlace) {
     fill_all_items();
     open_list();
     ASSERT_EQ(list().model()->rowCount(), 10000);
@@ -233,32 +232,14 @@ TEST_F(ShoppingListOrder, TenThousandRowsStayFluid) {
     list().setCurrentIndex(list().model()->index(5000, 0));
     list().scrollTo(list().model()->index(5000, 0));
     const int scrolled = list().verticalScrollBar()->value();
-    QElapsedTimer timer;
-    timer.start();
     shopping_list()->populate_list();
-    RecordProperty("populate_same_us", static_cast<int>(timer.nsecsElapsed() / 1000));
     items[7].on_shopping_list = 0;
-    timer.restart();
     shopping_list()->populate_list();
-    RecordProperty("populate_changed_us", static_cast<int>(timer.nsecsElapsed() / 1000));
     EXPECT_EQ(list().model()->rowCount(), 9999);
     EXPECT_EQ(list().verticalScrollBar()->value(), scrolled);
-    timer.restart();
-    constexpr int pages = 100;
-    for (int page = 0; page < pages; ++page) {
-        list().verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
-        list().viewport()->repaint();
-    }
-    RecordProperty("page_us", static_cast<int>(timer.nsecsElapsed() / 1000 / pages));
-    timer.restart();
     find_box().setText("food 99");
-    RecordProperty("filter_us", static_cast<int>(timer.nsecsElapsed() / 1000));
-    timer.restart();
     click_header(0);
-    RecordProperty("sort_names_us", static_cast<int>(timer.nsecsElapsed() / 1000));
-    timer.restart();
     shopping_list()->populate_list();
-    RecordProperty("populate_three_sorts_us", static_cast<int>(timer.nsecsElapsed() / 1000));
     EXPECT_EQ(names().front(), "Food 1");
 }
 

@@ -30,7 +30,7 @@ class ReplaceItemScreen : public ChildScreenTest {
         QTimer::singleShot(0, [&] {
             screen = QApplication::activeModalWidget();
             ASSERT_NE(screen, nullptr);
-            came = QTest::qWaitFor([this] { return QApplication::activeWindow() == screen; });
+            came = comes_true([this] { return QApplication::activeWindow() == screen; });
             if (came) user();
             static_cast<QDialog*>(screen)->reject();
         });

@@ -36,7 +36,7 @@ TEST_F(ItemScreen, AnItemIsCreatedByTheKeyboardAloneInAnEmptyProject) {
     settle();
     // The display of the tests gives the focus back only when asked.
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(becomes_active(window));
     settle();
     EXPECT_EQ(focused(), "item_tree");
     platform.boxes.expect_input("Please Enter New Item Name", "New Item", "", "Oats");

@@ -250,7 +250,7 @@ TEST_F(TableCopy, RowsBelowOthersComeBehindThem) {
 TEST_F(TableCopy, TheKeysPutItOnTheClipboard) {
     copy_rows_by_keys(view);
     view.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    ASSERT_TRUE(becomes_active(view));
     QGuiApplication::clipboard()->setText("before");
     QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");

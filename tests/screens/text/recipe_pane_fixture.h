@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "fakes/test_platform.h"
+#include "gui_support/waiting.h"
 #include "gui_support/warning_guard.h"
 #include "platform/platform.h"
 #include "rich_text/rtf_reader.h"
@@ -40,7 +41,7 @@ class RecipePaneTest : public testing::Test {
     }
 
     void SetUp() override {
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
+        ASSERT_TRUE(becomes_active(pane));
         pane.setFocus();
     }
 
