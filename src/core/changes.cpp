@@ -337,8 +337,9 @@ std::uint64_t birth_of(Subject subject, i16 slot) {
 
 }  // namespace
 
-RowRef::RowRef(Subject table, i16 slot) noexcept : table_(table) {
+RowRef::RowRef(Subject table, i16 slot) noexcept {
     if (!is_live(table, slot)) return;
+    table_ = table;
     slot_ = slot;
     birth_ = birth_of(table, slot);
 }
