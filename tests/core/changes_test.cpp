@@ -345,6 +345,7 @@ TEST_F(Changes, NoRecordIsNone) {
         for (const i16 wrong : {i16{0}, i16{-1}, to_i16(table.last + 1), i16{32767}, table.last}) {
             const RowRef row(table.subject, wrong);
             EXPECT_EQ(row.now(), 0) << table.name << " " << wrong;
+            EXPECT_EQ(row, RowRef()) << table.name << " " << wrong << ": one none is as the other";
         }
         const RowRef free(table.subject, table.last);
         table.set(table.last, true);
