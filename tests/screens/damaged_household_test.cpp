@@ -208,6 +208,7 @@ TEST_F(DamagedHouseholdOnScreen, EveryFormIsAccepted) {
         ASSERT_EQ(found.size(), 1) << name;
         no_fault_passes(name, [&] {
             tree.setCurrentIndex(found.front());
+            EXPECT_EQ(part<QLineEdit>("item_name").text().toStdString(), name);
             part<QLineEdit>("calories").setText("12");
             part<QAction>("item_toolbar_2_1").trigger();
         });
