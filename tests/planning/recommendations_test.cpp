@@ -66,6 +66,12 @@ TEST_F(Recommendations, WithoutWarningALotCountsThirtyDaysPastItsDate) {
     EXPECT_TRUE(keys().empty());
 }
 
+TEST_F(Recommendations, TheLastItemOfTheTableCounts) {
+    expire(add_item(item_capacity, "Salt"), 1, 40);
+    put(bread, 2, item_capacity, 1);
+    EXPECT_EQ(keys(), Texts{"i10000:4"});
+}
+
 TEST_F(Recommendations, AnItemWithoutQuantityGivesNoRowsWhateverItsLotsCarry) {
     expire(flour, 1, 40);
     items[flour].quantity = 0;

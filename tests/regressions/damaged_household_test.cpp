@@ -44,11 +44,13 @@ TEST_F(DamagedHousehold, BearsItsOwnNamesFromTheStart) {
               (Names{"items[5] is named \"B6\"", "items[6] is named \"B5\""}));
 }
 
+// The first opening puts right what the shopping list cannot hold; nothing else changes, ever.
 TEST_F(DamagedHousehold, IsSavedAndOpenedBitByBit) {
+    save_and_open();
+    EXPECT_EQ(strangers_in_damaged_household(), Names{});
     const std::string bytes = save();
     open();
     expect_opened();
-    EXPECT_EQ(strangers_in_damaged_household(), Names{});
     EXPECT_EQ(first_difference(bytes, save()), "");
 }
 
@@ -57,10 +59,9 @@ TEST_F(DamagedHousehold, IsAudited) {
     EXPECT_NO_THROW(audit_inventory());
     EXPECT_EQ(strangers_in_damaged_household(), Names{});
     EXPECT_EQ(days[1].audited, -1);
-    const std::string bytes = save();
-    open();
-    expect_opened();
-    EXPECT_EQ(first_difference(bytes, save()), "");
+    save_and_open();
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_EQ(strangers_in_damaged_household(), Names{});
 }
 
 // The sound day comes first; the days behind it take of the sound item as well, as far as it goes.

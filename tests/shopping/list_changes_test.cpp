@@ -99,6 +99,12 @@ TEST_F(RecipeOnList, DropsAreToldApartByTheirLetter) {
     expect_on_list(milk, 1);
 }
 
+TEST_F(RecipeOnList, TheLastItemOfTheTableCanBeDropped) {
+    items[item_capacity].in_use = 1;
+    drop_on_list("i10000");
+    expect_on_list(item_capacity, 1);
+}
+
 TEST_F(RecipeOnList, OtherDropsChangeNothing) {
     for (const char* text : {"", "i", "m", "x9", "9", "i0", "i-9", "i10001", "i99999999999"}) {
         drop_on_list(text);

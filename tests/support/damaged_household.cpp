@@ -366,11 +366,14 @@ void fill_settings() {
 // --- who is who
 // ------------------------------------------------------------------------------------
 
-// Names that end with a number must end with the record's own.
+// A name made of the prefix and a number must have the record's own number.
 void judge(std::vector<std::string>& strangers, const char* table, int slot, std::string_view name,
            const char* prefix) {
-    if (name.substr(0, std::string_view(prefix).size()) != prefix) return;
-    if (name == numbered(prefix, slot)) return;
+    const std::string_view start(prefix);
+    if (name.substr(0, start.size()) != start) return;
+    const std::string_view number = name.substr(start.size());
+    const bool is_number = number.find_first_not_of("0123456789") == std::string_view::npos;
+    if (!is_number || number == std::to_string(slot)) return;
     strangers.push_back(std::string(table) + "[" + std::to_string(slot) + "] is named \"" +
                         std::string(name) + "\"");
 }

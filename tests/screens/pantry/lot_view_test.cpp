@@ -214,9 +214,10 @@ TEST_F(LotViewScreen, AQuantityForAnEmptyLotStampsItsDates) {
 
 TEST_F(LotViewScreen, AQuantityMayHaveADecimalComma) {
     open_lots();
-    expect_quantity_box("4", "2,5");
+    expect_quantity_box("4", "1,75");
     press("Return");
     EXPECT_EQ(lots[3].lot_quantity[0], 2.5);
+    EXPECT_EQ(lots[3].lot_quantity[2], 1.75);
 }
 
 TEST_F(LotViewScreen, ACancelledBoxOrNoNumberChangesNothing) {
