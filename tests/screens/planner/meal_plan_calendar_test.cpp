@@ -265,7 +265,6 @@ TEST_F(PlannerCalendar, DaysOfNoCalendarStandNowhereAndNeverCrash) {
     for (int cell = 0; cell < calendar_cell_count; ++cell) planned += grid().cell(cell).planned;
     EXPECT_EQ(planned, 1);
     grid().grab();
-    platform.boxes.expect_message("there has been an error");  // its totals
     click_cell(may_20 + 1);
     EXPECT_EQ(day_list().model()->rowCount(), 3);
 }
