@@ -208,6 +208,7 @@ TEST_F(DamagedHouseholdOnScreen, EveryFormIsAccepted) {
         ASSERT_EQ(found.size(), 1) << name;
         no_fault_passes(name, [&] {
             tree.setCurrentIndex(found.front());
+            settle();  // a question waits until the mouse button is up
             EXPECT_EQ(part<QLineEdit>("item_name").text().toStdString(), name);
             part<QLineEdit>("calories").setText("12");
             part<QAction>("item_toolbar_2_1").trigger();

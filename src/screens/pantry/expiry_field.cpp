@@ -5,6 +5,7 @@
 #include "core/program_state.h"
 #include "inventory/item_form.h"
 #include "screens/parts/date_popup.h"
+#include "screens/parts/qt_dates.h"
 #include "screens/parts/shown_text.h"
 #include "ui_expiry_field.h"
 
@@ -25,8 +26,9 @@ ExpiryField::ExpiryField(QWidget* parent)
 ExpiryField::~ExpiryField() = default;
 
 void ExpiryField::show_date(Date expiry) {
-    ui_->exp_date->setText(expiry == 0 ? QStringLiteral("Exp Date..")
-                                       : shown_text("Exp " + format_date(expiry, "MM/DD/YY")));
+    const QString day = expiry == 0 ? QString() : shown_date(expiry, "MM/DD/YY");
+    ui_->exp_date->setText(day.isEmpty() ? QStringLiteral("Exp Date..")
+                                         : QStringLiteral("Exp ") + day);
 }
 
 void ExpiryField::show_new_item() {

@@ -15,6 +15,7 @@
 #include "platform/platform.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/name_boxes.h"
+#include "screens/parts/qt_dates.h"
 #include "screens/parts/quantity_box.h"
 #include "screens/parts/scan_entry.h"
 #include "screens/parts/shown_text.h"
@@ -193,11 +194,9 @@ void ItemFormPane::refresh_stores() {
 
 void ItemFormPane::show_dates(i16 item) {
     const ItemRecord& record = row_or_none(items, item);
-    const bool known = record.last_restock_date != 0;
-    const QString restocked =
-        known ? shown_text(format_date(record.last_restock_date, "MM/DD/YYYY")) : QString();
+    const Date restocked = record.last_restock_date;
     ui_->expiry_field->show_date(expiry_date(record));
-    ui_->last_restock->setText(restocked);
+    ui_->last_restock->setText(restocked == 0 ? QString() : shown_date(restocked, "MM/DD/YYYY"));
 }
 
 void ItemFormPane::update_labels() {
@@ -240,8 +239,8 @@ ItemValues ItemFormPane::values(i16 item) const {
     values.last_restock_date = platform_clock().now();
     values.barcode = ui_->code_field->code();
     values.nutrients = ui_->nutrients->values();
-    values.fat = values.nutrients[0].value;
-    values.calories = values.nutrients[1].value;
+    values.fat = ui_->nutrients->whole_figure(0, stored.fat);
+    values.calories = ui_->nutrients->whole_figure(1, stored.calories);
     ui_->maker->read(values, item);
     const Locations parts{typed_line(*ui_->location_1), typed_line(*ui_->location_2),
                           typed_line(*ui_->location_3)};

@@ -10,14 +10,15 @@
 #include "core/rows.h"
 #include "platform/platform.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/qt_dates.h"
 #include "screens/parts/shown_text.h"
 
 namespace tavernook {
 
 namespace {
 
-QString shown_date(Date date) {
-    return date == 0 ? QStringLiteral("-") : shown_text(format_date(date, "MM/DD/YY"));
+QString day_of_lot(Date date) {
+    return date == 0 ? QStringLiteral("-") : shown_date(date, "MM/DD/YY");
 }
 
 // On the day itself a lot is still good.
@@ -44,9 +45,9 @@ LotRows::Line LotRows::read_line(const LotRecord& record, i16 place, const QStri
     if (line.is_expired) notes.append(QObject::tr("Expired"));
     const QString amount = shown_text(number_text(record.lot_quantity[at]));
     line.name = shown_text(record.lot_name[at].right_trimmed());
-    line.created = shown_date(record.creation_date[at]);
+    line.created = day_of_lot(record.creation_date[at]);
     line.quantity = unit.isEmpty() ? amount : amount + QLatin1Char(' ') + unit;
-    line.expires = shown_date(record.expiration_date[at]);
+    line.expires = day_of_lot(record.expiration_date[at]);
     line.note = notes.join(QLatin1String(", "));
     line.created_at = record.creation_date[at];
     line.expires_at = record.expiration_date[at];

@@ -1,5 +1,8 @@
 #include "screens/pantry/nutrients_pane.h"
 
+#include <cmath>
+#include <limits>
+
 #include "core/project_data.h"
 #include "screens/pantry/form_fields.h"
 #include "screens/parts/name_boxes.h"
@@ -47,6 +50,12 @@ std::array<NutrientValue, nutrient_count> NutrientsPane::values() const {
         values[row] = {rows_[row].value->value(), typed_text(rows_[row].unit->currentText())};
     }
     return values;
+}
+
+f64 NutrientsPane::whole_figure(std::size_t row, i16 stored) const {
+    const QuantityBox& box = *rows_[row].value;
+    const bool fits = std::abs(box.value()) <= std::numeric_limits<i16>::max();
+    return fits || box.touched() ? box.value() : stored;
 }
 
 std::vector<QComboBox*> NutrientsPane::unit_boxes() const {

@@ -32,6 +32,11 @@ class NutrientsPane : public QWidget {
     // As they stand in the boxes, in the order of `nutrient_fields`.
     std::array<NutrientValue, nutrient_count> values() const;
 
+    // What is kept as a whole number beside the exact figure of that row. A figure that nobody
+    // touched and that no whole number fits, as damaged files hold it, leaves the stored one as it
+    // is.
+    f64 whole_figure(std::size_t row, i16 stored) const;
+
     // What the unit boxes offer, and in which order the boxes are gone through.
     std::vector<QComboBox*> unit_boxes() const;
     std::vector<QWidget*> boxes_in_order() const;

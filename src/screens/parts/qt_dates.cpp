@@ -1,6 +1,8 @@
 #include "screens/parts/qt_dates.h"
 
 #include "platform/platform.h"
+#include "screens/parts/guard.h"
+#include "screens/parts/shown_text.h"
 
 namespace tavernook {
 
@@ -14,6 +16,12 @@ CivilDate civil_date_of(const QDate& date) {
 
 Date date_of(const QDate& date) {
     return date_from_civil(date.year(), date.month(), date.day());
+}
+
+QString shown_date(Date date, std::string_view mask) noexcept {
+    QString text;
+    quietly([&] { text = shown_text(format_date(date, mask)); });
+    return text;
 }
 
 QDate todays_date() {
