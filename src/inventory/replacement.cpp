@@ -45,7 +45,6 @@ void replace_store(i16 row, i16 replacement) {
     }
     stores[row] = StoreRecord{};
     refresh_store_list();
-    refresh_store_combo();
 }
 
 void replace_unit(i16 row, i16 replacement) {
@@ -57,7 +56,6 @@ void replace_unit(i16 row, i16 replacement) {
     }
     units[row] = UnitRecord{};
     refresh_unit_list();
-    refresh_unit_combos();
 }
 
 void move_references(i16 row, i16 replacement, ReplacementType type) {
@@ -69,10 +67,6 @@ void move_references(i16 row, i16 replacement, ReplacementType type) {
         case ReplacementType::unit:
             return replace_unit(row, replacement);
     }
-}
-
-void refresh_item_tree() {
-    if (ports::FoodInventory* screen = food_inventory()) screen->populate_tree();
 }
 
 }  // namespace
@@ -93,7 +87,6 @@ void replace_row(i16 row, i16 replacement, ReplacementType type) noexcept {
     if (row < 1) return;  // 0 stands for "none" in every place that is free
     if (!trap_in_module([&] { move_references(row, replacement, type); })) return;
     boxes().message("All replacements completed successfully.");
-    if (type != ReplacementType::store) refresh_item_tree();
 }
 
 }  // namespace tavernook

@@ -6,7 +6,6 @@
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "inventory/lots.h"
-#include "inventory/shown_quantity.h"
 #include "planning/day_places.h"
 
 namespace tavernook {
@@ -35,7 +34,6 @@ void consume(i16 item, f64 amount) {
     ensure_lot_record(item);
     remove_from_lots(item, amount);
     items[item].quantity = lot_total(item);
-    refresh_shown_quantity(item);
 }
 
 void consume_items(const DayRecord& day, const DayQuantityRecord& quantities) {

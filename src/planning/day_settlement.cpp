@@ -7,7 +7,6 @@
 #include "core/rows.h"
 #include "core/trap.h"
 #include "inventory/lots.h"
-#include "inventory/shown_quantity.h"
 #include "planning/day_places.h"
 #include "planning/planner_state.h"
 #include "platform/platform.h"
@@ -33,7 +32,6 @@ void restore_day_item_stock(i16 item, i16 day, i16 place) {
     const f64 quantity = stock_of_place(item, day, place);
     ensure_lot_record(item);
     add_to_lots(item, quantity);
-    refresh_shown_quantity(item);
 }
 
 // The first Fault; the other places are settled all the same.

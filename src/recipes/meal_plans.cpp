@@ -6,7 +6,6 @@
 #include "core/rows.h"
 #include "core/trap.h"
 #include "inventory/lots.h"
-#include "inventory/shown_quantity.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -62,7 +61,6 @@ void give_back(const StockReturns& returns) {
     for (const auto& [item, quantity] : returns) {
         ensure_lot_record(item);
         add_to_lots(item, quantity);
-        refresh_shown_quantity(item);
     }
 }
 

@@ -10,7 +10,6 @@
 #include "core/trap.h"
 #include "inventory/lots.h"
 #include "inventory/shelf_life.h"
-#include "inventory/shown_quantity.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -57,7 +56,6 @@ void book_item(i16 item) {
     if (!has_lots) return;  // told; it stays on the list
     record.on_shopping_list = i16_false;
     record.last_restock_date = date_alone(platform_clock().now());
-    refresh_shown_quantity(item);
 }
 
 std::optional<f64> ask_number(const std::string& prompt, const std::string& title,

@@ -251,29 +251,18 @@ TEST_F(ReplacementTest, TheOldUnitIsDeletedAndTheListRefreshed) {
     EXPECT_EQ(unit_list_map[13], 0);
 }
 
-TEST_F(ReplacementTest, TheTreeIsRefreshedBehindTheBoxOfAnItem) {
+// The screens see for themselves what has changed.
+TEST_F(ReplacementTest, NoScreenIsToldToDrawItselfAgain) {
     FakeFoodInventory food(platform.calls);
     add_item(5, "Bread");
     add_item(6, "Toast");
-    replace(5, 6, ReplacementType::item);
-    EXPECT_EQ(platform.transcript,
-              (Texts{"box " + completed, "window FoodInventory populate_tree"}));
-}
-
-TEST_F(ReplacementTest, AStoreRefreshesTheStoresOfTheItemScreenOnly) {
-    FakeFoodInventory food(platform.calls);
     add_store(1, "Market");
     add_store(2, "Bakery");
+    replace(5, 6, ReplacementType::item);
     replace(1, 2, ReplacementType::store);
-    EXPECT_EQ(platform.transcript,
-              (Texts{"window FoodInventory refresh_stores", "box " + completed}));
-}
-
-TEST_F(ReplacementTest, AUnitRefreshesTheUnitsOfTheItemScreenAndItsTree) {
-    FakeFoodInventory food(platform.calls);
     replace(6, 7, ReplacementType::unit);
-    EXPECT_EQ(platform.transcript, (Texts{"window FoodInventory refresh_units", "box " + completed,
-                                          "window FoodInventory populate_tree"}));
+    EXPECT_EQ(platform.transcript,
+              (Texts{"box " + completed, "box " + completed, "box " + completed}));
 }
 
 }  // namespace

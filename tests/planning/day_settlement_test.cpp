@@ -84,15 +84,6 @@ TEST_F(DaySettlement, OfAnEmptyDayAsksNothing) {
     EXPECT_EQ(project_modified, 0);
 }
 
-TEST_F(DaySettlement, RefreshesTheQuantityOfTheItemOnTheScreen) {
-    FakeFoodInventory screen(platform.calls);
-    screen.index = flour;
-    answer_items(Answer::yes);
-    answer_meals(Answer::yes);
-    release_audited_day(day);
-    EXPECT_EQ(platform.calls.entries, Texts{"FoodInventory refresh_quantity"});
-}
-
 TEST_F(DaySettlement, WithAllLotsFilledTheStockStays) {
     for (std::size_t at = 0; at < lot_places; ++at) set_lot(flour, at, 1);
     items[flour].quantity = 16;

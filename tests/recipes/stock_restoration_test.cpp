@@ -82,20 +82,6 @@ TEST_F(StockRestoration, AnsweredNoChangesNothing) {
     EXPECT_EQ(moves_written(), 0);
 }
 
-TEST_F(StockRestoration, RefreshesTheQuantityOfTheItemOnTheScreen) {
-    FakeFoodInventory screen(platform.calls);
-    screen.index = salt;
-    restore_day_meal_stock_quietly(bread, day, place);
-    EXPECT_EQ(platform.calls.entries, Texts{"FoodInventory refresh_quantity"});
-}
-
-TEST_F(StockRestoration, LeavesAScreenAloneThatShowsAnotherItem) {
-    FakeFoodInventory screen(platform.calls);
-    screen.index = 9;
-    restore_day_meal_stock_quietly(bread, day, place);
-    EXPECT_TRUE(platform.calls.entries.empty());
-}
-
 TEST_F(StockRestoration, AnItemWithoutLotsGetsItsOwnStockIntoOneFirst) {
     items[20].in_use = 1;
     items[20].quantity = 5;

@@ -112,14 +112,5 @@ TEST_F(Booking, AnEntryWithoutLotsIsToldAndTheOthersAreBooked) {
     EXPECT_EQ(items[21].quantity, 3);
 }
 
-TEST_F(Booking, TheItemScreenShowsTheNewQuantity) {
-    FakeFoodInventory screen(platform.calls);
-    screen.index = milk;
-    put_on_list(milk, 2);
-    put_on_list(bread, 2);
-    book_list_into_stock();
-    EXPECT_EQ(platform.calls.entries, (std::vector<std::string>{"FoodInventory refresh_quantity"}));
-}
-
 }  // namespace
 }  // namespace tavernook

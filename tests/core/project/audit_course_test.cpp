@@ -22,19 +22,6 @@ TEST_F(AuditCourse, ShowsItsProgressAndThePlannerAnew) {
     EXPECT_EQ(platform.transcript, expected);
 }
 
-TEST_F(AuditCourse, TheItemScreenShowsTheNewQuantityOfItsItem) {
-    FakeFoodInventory screen(platform.calls);
-    screen.index = flour;
-    plan_yesterday();
-    plan_item(yesterday, 1, salt, 16);
-    plan_item(yesterday, 2, flour, 2);
-    plan(yesterday, 1, bread, 1);
-    audit_inventory();
-    EXPECT_EQ(platform.calls.entries,
-              (Texts{"status 3 Auditing...", "FoodInventory refresh_quantity",
-                     "FoodInventory refresh_quantity"}));
-}
-
 TEST_F(AuditCourse, OnlyAnAuditThatTakesADayChangesTheProject) {
     audit_inventory();
     EXPECT_EQ(project_modified, 0);

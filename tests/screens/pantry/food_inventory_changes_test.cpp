@@ -222,6 +222,29 @@ TEST_F(ItemThatChanges, TheListShowsWhatWasAddedAndWhatWasSold) {
     EXPECT_EQ(marked(), "c1");
 }
 
+TEST_F(ItemThatChanges, ItsQuantityFollowsAnAudit) {
+    days[1].in_use = 1;
+    days[1].month = 5;
+    days[1].day = 14;
+    days[1].year = 2024;
+    days[1].planned_item[1] = 1;
+    day_quantities[1].item_quantity[1] = 0.5;
+    EXPECT_EQ(text("quantity"), "2.00");
+    action("toolbar_2_6").trigger();
+    EXPECT_EQ(text("quantity"), "1.50");
+}
+
+TEST_F(ItemThatChanges, ItsQuantityFollowsTheShoppingThatIsPutInStock) {
+    items[1].on_shopping_list = i16_true;
+    items[1].shopping_quantity = 3;
+    ASSERT_TRUE(window.registry().show("ShoppingList"));
+    settle();
+    window.registry().loaded("ShoppingList")->findChild<QAction*>("list_toolbar_5")->trigger();
+    ASSERT_TRUE(window.registry().show("FoodInventory"));
+    settle();
+    EXPECT_EQ(text("quantity"), "5.00");
+}
+
 TEST_F(ItemThatChanges, OutOfSightItFollowsWhenItComesBack) {
     click("close_screen");
     items[1].name = "Long rice";
@@ -327,32 +350,38 @@ TEST_F(ItemThatChanges, ADeletedItemIsNotCopied) {
     EXPECT_EQ(project_modified, i16_false);
 }
 
-// --- that cannot be shown --------------------------------------------------------------------
+// --- that a damaged file has made ------------------------------------------------------------
 
-TEST_F(ItemThatChanges, AnItemThatCannotBeShownLeavesNothingHalfShown) {
+TEST_F(ItemThatChanges, ADateThatNoCalendarHasIsShownAsNone) {
     items[2].last_restock_date = no_date_at_all;
-    platform.boxes.expect_message("there has been an error");
-    screen().view_item(2, 0);
-    expect_nothing_on_show();
-    platform.boxes.expect_message("Error in item inventory mousedown: Overflow");
     choose_row("c2");
-    expect_nothing_on_show();
-    choose_row("c1");
-    EXPECT_EQ(text("item_name"), "Rice");
-    items[2].last_restock_date = 45400;
+    EXPECT_EQ(text("item_name"), "Salt");
+    EXPECT_EQ(text("last_restock"), "");
+    EXPECT_EQ(text("exp_date"), "Exp Date..");
+    items[2].storage_time = 5;
+    end_of_step();
+    EXPECT_EQ(text("exp_date"), "Exp Date..");
+    enter("cost", "4");
+    accept();
+    EXPECT_EQ(items[2].cost, 4);
+    EXPECT_EQ(items[1].cost, 0);
 }
 
-TEST_F(ItemThatChanges, AnItemThatCannotBeShownAnyMoreKeepsWhatWasTyped) {
+TEST_F(ItemThatChanges, AFigureThatNoWholeNumberFitsKeepsNobodyFromAccepting) {
+    item_details[2].fat = no_date_at_all;
+    item_details[2].calories = 1e300;
+    items[2].fat = 3;
+    items[2].calories = 7;
+    choose_row("c2");
     enter("cost", "4");
-    items[1].last_restock_date = no_date_at_all;
-    platform.boxes.expect_message("there has been an error");
-    end_of_step();
-    EXPECT_EQ(text("cost"), "4");
-    EXPECT_EQ(screen().getindex(), 1);
-    items[1].last_restock_date = 45400;
-    end_of_step();
     accept();
-    EXPECT_EQ(items[1].cost, 4);
+    EXPECT_EQ(items[2].cost, 4);
+    EXPECT_EQ(items[2].fat, 3);
+    EXPECT_EQ(items[2].calories, 7);
+    enter("calories", "40000");  // typed, it is refused
+    platform.boxes.expect_message("Tavernook error: rt6:6. Contact Brenwyk Software.");
+    accept();
+    EXPECT_EQ(item_details[2].calories, 1e300);
 }
 
 TEST_F(ItemThatChanges, NumbersThatNameNoRowAreShownAsNone) {
