@@ -1,5 +1,5 @@
-// What nearly every file over Qt widgets reads first, compiled once for platform_qt and the screens.
-// Sources still name what they use: the release build does without this.
+// What nearly every file over Qt widgets reads first, compiled once for platform_qt and the
+// screens. Sources still name what they use: the release build does without this.
 #pragma once
 
 #include <QAbstractItemModel>
