@@ -8,6 +8,7 @@
 #include "core/project/audit.h"
 #include "core/project/daily_audit.h"
 #include "core/project_file/project_file_testing.h"
+#include "core/project_settings.h"
 #include "planning/day_totals.h"
 #include "planning/recommendations.h"
 #include "recipes/roll_up.h"

@@ -12,6 +12,7 @@
 
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "gui_support/waiting.h"
 #include "gui_support/warning_guard.h"
 
 namespace tavernook {
@@ -85,7 +86,7 @@ class TreePane : public testing::Test {
         }
         pane.resize(400, 300);
         pane.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&pane));
+        ASSERT_TRUE(becomes_active(pane));
         pane.tree.setFocus();
         pane.populate();
     }

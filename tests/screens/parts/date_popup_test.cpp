@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/test_platform.h"
+#include "gui_support/waiting.h"
 #include "gui_support/warning_guard.h"
 
 namespace tavernook {
@@ -24,7 +25,7 @@ class DatePopupTest : public testing::Test {
         screen.resize(400, 300);
         field.setGeometry(20, 20, 120, 24);
         screen.show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+        ASSERT_TRUE(becomes_active(screen));
         field.setFocus();
     }
     void ask() { popup.ask(field, field.rect(), "Best before"); }

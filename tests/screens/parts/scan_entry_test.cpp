@@ -7,6 +7,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "gui_support/waiting.h"
 #include "screens/main_window_fixture.h"
 #include "screens/parts/screen.h"
 
@@ -65,7 +66,7 @@ class ScanEntryTest : public MainWindowTest {
         start();
         host = std::make_unique<Host>();
         host->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(host.get()));
+        ASSERT_TRUE(becomes_active(*host));
         entry().setFocus();
     }
     void TearDown() override { scanner_type = 0; }
