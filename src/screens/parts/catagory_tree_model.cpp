@@ -13,27 +13,9 @@ namespace tavernook {
 
 namespace {
 
-constexpr int root = 0;
-constexpr i16 gone = -1;  // a category that the filter leaves out
+using Kind = TreeNode::Kind;
 
-bool by_name(const TreeLeaf& a, const TreeLeaf& b) {
-    const int order = a.sort_text.compare(b.sort_text);
-    return order != 0 ? order < 0 : a.number < b.number;
-}
-
-// Each leaf is ranked once; those of one rank stay by name.
-void sort_by_rank(std::vector<TreeLeaf>& leaves, const std::function<LeafRank(i16)>& rank) {
-    std::vector<std::pair<LeafRank, std::size_t>> ranked;
-    ranked.reserve(leaves.size());
-    for (std::size_t place = 0; place < leaves.size(); ++place) {
-        ranked.emplace_back(rank(leaves[place].number), place);
-    }
-    std::sort(ranked.begin(), ranked.end());
-    std::vector<TreeLeaf> sorted;
-    sorted.reserve(leaves.size());
-    for (const auto& [ignored, place] : ranked) sorted.push_back(std::move(leaves[place]));
-    leaves = std::move(sorted);
-}
+constexpr int root = CatagoryTreeNodes::root;
 
 // What a column says of a leaf; nothing where it cannot.
 template <typename Answer>
@@ -46,15 +28,13 @@ QVariant asked(const std::function<Answer(i16)>& of, i16 leaf) {
 }  // namespace
 
 CatagoryTreeModel::CatagoryTreeModel(TreeContents contents, QObject* parent)
-    : QAbstractItemModel(parent), contents_(std::move(contents)) {
-    nodes_.push_back({Kind::root, 0, root, 0, {}});
-}
+    : QAbstractItemModel(parent), contents_(std::move(contents)), nodes_(contents_.is_shown) {}
 
 // --- what stands where -----------------------------------------------------------------------
 
 void CatagoryTreeModel::populate(View view) {
     std::vector<TreeLeaf> read = contents_.read_leaves();
-    sort_leaves(read);
+    sort_in_order(read);
     beginResetModel();
     leaves_ = std::move(read);
     view_ = view;
@@ -76,93 +56,36 @@ void CatagoryTreeModel::sort(int column, Qt::SortOrder order) {
     beginResetModel();
     sort_column_ = column;
     sort_order_ = order;
-    sort_leaves(leaves_);
+    sort_in_order(leaves_);
     build();
     endResetModel();
 }
 
-void CatagoryTreeModel::sort_leaves(std::vector<TreeLeaf>& leaves) const {
-    std::sort(leaves.begin(), leaves.end(), by_name);
-    const auto& rank = contents_.columns[static_cast<std::size_t>(sort_column_)].rank;
-    if (rank) sort_by_rank(leaves, rank);
-    if (is_backwards()) std::reverse(leaves.begin(), leaves.end());
-}
-
 void CatagoryTreeModel::build() {
-    nodes_.clear();
-    nodes_.push_back({Kind::root, 0, root, 0, {}});
-    shown_leaves_ = 0;
-    std::vector<int> node_of(catagory_capacity + 1, root);
-    if (view_ == View::tree) {
-        std::vector<i16> sorted = sorted_catagories(contents_.is_shown);
-        if (sort_column_ == name_column && is_backwards()) {
-            std::reverse(sorted.begin(), sorted.end());
-        }
-        add_catagories(0, root, sorted, node_of);
-    }
-    add_leaves(node_of);
-    if (is_filtered()) drop_empty_catagories();
+    nodes_.build(catagories_in_order(), leaves_, words_);
 }
 
-void CatagoryTreeModel::add_catagories(i16 above, int parent, const std::vector<i16>& sorted,
-                                       std::vector<int>& node_of) {
-    for (const i16 row : sorted) {
-        if (catagory_above(row, contents_.is_shown) != above) continue;
-        const int added = add_node(Kind::catagory, row, parent);
-        node_of[static_cast<std::size_t>(row)] = added;
-        add_catagories(row, added, sorted, node_of);
-    }
+std::vector<i16> CatagoryTreeModel::catagories_in_order() const {
+    if (view_ == View::list) return {};
+    std::vector<i16> sorted = sorted_catagories(contents_.is_shown);
+    if (sort_column_ == name_column && is_backwards()) std::reverse(sorted.begin(), sorted.end());
+    return sorted;
 }
 
-void CatagoryTreeModel::add_leaves(const std::vector<int>& node_of) {
-    nodes_.reserve(nodes_.size() + leaves_.size());
-    for (const TreeLeaf& leaf : leaves_) {
-        if (!matches(leaf)) continue;
-        const bool is_placed = leaf.catagory > 0 && leaf.catagory <= catagory_capacity;
-        const auto home = is_placed ? static_cast<std::size_t>(leaf.catagory) : std::size_t{0};
-        add_node(Kind::leaf, leaf.number, node_of[home]);
-        ++shown_leaves_;
-    }
-}
-
-// From the last node to the first, so that a category goes after all beneath it have gone.
-void CatagoryTreeModel::drop_empty_catagories() {
-    for (std::size_t place = nodes_.size(); place-- > 1;) {
-        const Node& dropped = nodes_[place];
-        if (dropped.kind != Kind::catagory || !dropped.children.empty()) continue;
-        std::vector<int>& siblings = nodes_[static_cast<std::size_t>(dropped.parent)].children;
-        siblings.erase(siblings.begin() + dropped.row);
-        nodes_[place].number = gone;
-        for (std::size_t row = 0; row < siblings.size(); ++row) {
-            nodes_[static_cast<std::size_t>(siblings[row])].row = static_cast<int>(row);
-        }
-    }
-}
-
-int CatagoryTreeModel::add_node(Kind kind, i16 number, int parent) {
-    const int place = static_cast<int>(nodes_.size());
-    std::vector<int>& siblings = nodes_[static_cast<std::size_t>(parent)].children;
-    const int row = static_cast<int>(siblings.size());
-    siblings.push_back(place);
-    nodes_.push_back({kind, number, parent, row, {}});
-    return place;
-}
-
-bool CatagoryTreeModel::matches(const TreeLeaf& leaf) const {
-    return std::all_of(words_.begin(), words_.end(),
-                       [&leaf](const QString& word) { return leaf.search_text.contains(word); });
+void CatagoryTreeModel::sort_in_order(std::vector<TreeLeaf>& leaves) const {
+    const auto& rank = contents_.columns[static_cast<std::size_t>(sort_column_)].rank;
+    sort_leaves(leaves, rank, is_backwards());
 }
 
 // --- rows and keys ---------------------------------------------------------------------------
 
-const CatagoryTreeModel::Node& CatagoryTreeModel::node(const QModelIndex& index) const {
-    return nodes_[index.isValid() ? static_cast<std::size_t>(index.internalId()) : root];
+const TreeNode& CatagoryTreeModel::node(const QModelIndex& index) const {
+    return nodes_.at(index.isValid() ? static_cast<int>(index.internalId()) : root);
 }
 
 QModelIndex CatagoryTreeModel::index_at(int place) const {
     if (place == root && !has_root_row()) return {};
-    return createIndex(nodes_[static_cast<std::size_t>(place)].row, name_column,
-                       static_cast<quintptr>(place));
+    return createIndex(nodes_.at(place).row, name_column, static_cast<quintptr>(place));
 }
 
 QString CatagoryTreeModel::key_of(char kind, i16 number) const {
@@ -179,21 +102,13 @@ QModelIndex CatagoryTreeModel::index_of(const QString& key) const {
     const int number = (is_number_first ? key.chopped(1) : key.mid(1)).toInt();
     if (number <= 0 || (letter != QLatin1Char('r') && letter != QLatin1Char('c'))) return {};
     const Kind wanted = letter == QLatin1Char('c') ? Kind::leaf : Kind::catagory;
-    for (std::size_t place = 1; place < nodes_.size(); ++place) {
-        const Node& found = nodes_[place];
-        if (wanted == Kind::catagory && found.kind == Kind::leaf) break;  // all of them come first
-        if (found.number == number && found.kind == wanted)
-            return index_at(static_cast<int>(place));
-    }
-    return {};
+    const std::optional<int> place = nodes_.place_of(wanted, number);
+    return place ? index_at(*place) : QModelIndex();
 }
 
 QModelIndexList CatagoryTreeModel::catagory_rows() const {
     QModelIndexList rows;
-    for (std::size_t place = 1; place < nodes_.size(); ++place) {
-        if (nodes_[place].kind == Kind::leaf) break;
-        if (nodes_[place].number != gone) rows.append(index_at(static_cast<int>(place)));
-    }
+    for (const int place : nodes_.catagory_places()) rows.append(index_at(place));
     return rows;
 }
 
@@ -233,7 +148,7 @@ int CatagoryTreeModel::columnCount(const QModelIndex&) const {
 
 // --- what stands in them ---------------------------------------------------------------------
 
-QString CatagoryTreeModel::name_of(const Node& shown) const {
+QString CatagoryTreeModel::name_of(const TreeNode& shown) const {
     switch (shown.kind) {
         case Kind::root:
             return contents_.root_name;
@@ -246,7 +161,7 @@ QString CatagoryTreeModel::name_of(const Node& shown) const {
 
 QVariant CatagoryTreeModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
-    const Node& shown = node(index);
+    const TreeNode& shown = node(index);
     if (role == key_role) return key_of(shown.kind == Kind::leaf ? 'c' : 'r', shown.number);
     const int column = index.column();
     if (shown.kind == Kind::leaf) {
@@ -255,7 +170,7 @@ QVariant CatagoryTreeModel::data(const QModelIndex& index, int role) const {
     return column == name_column ? catagory_data(shown, role) : QVariant();
 }
 
-QVariant CatagoryTreeModel::catagory_data(const Node& shown, int role) const {
+QVariant CatagoryTreeModel::catagory_data(const TreeNode& shown, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
@@ -312,7 +227,7 @@ Qt::ItemFlags CatagoryTreeModel::flags(const QModelIndex& index) const {
 
 bool CatagoryTreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
-    const Node& shown = node(index);
+    const TreeNode& shown = node(index);
     if (value.toString() == name_of(shown)) return false;
     const auto& rename =
         shown.kind == Kind::leaf ? contents_.rename_leaf : contents_.rename_catagory;

@@ -2,10 +2,11 @@
 // are items or recipes; what is particular to them is told once, as data, in `TreeContents`.
 //
 // `populate` reads which leaves there are, with the texts by which they are found and sorted, and
-// fixes what stands where: categories of the kind shown, each beneath its parent, then the leaves
-// in their order. A category that hangs nowhere, or in a circle, stands at the top, and so does a
-// leaf whose category is not shown; a damaged file hides nothing. What stands in a cell is not
-// kept: it is read when it is painted, so that an amount is always the present one.
+// has `CatagoryTreeNodes` fix what stands where: categories of the kind shown, each beneath its
+// parent, then the leaves in their order. A category that hangs nowhere, or in a circle, stands at
+// the top, and so does a leaf whose category is not shown; a damaged file hides nothing. What
+// stands in a cell is not kept: it is read when it is painted, so that an amount is always the
+// present one.
 //
 // A filter builds the same rows again from the leaves at hand, without reading a table: 10,000
 // leaves take a few milliseconds. Categories in which nothing is found go.
@@ -24,23 +25,13 @@
 #include <QStringList>
 #include <functional>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "basics/values.h"
 #include "screens/parts/catagory_places.h"
+#include "screens/parts/catagory_tree_nodes.h"
 
 namespace tavernook {
-
-struct TreeLeaf {
-    i16 number;
-    i16 catagory;         // beneath which it stands; the top where that is not shown
-    QString sort_text;    // folded
-    QString search_text;  // folded; every word of a filter has to be in it
-};
-
-// By the number, then by the text.
-using LeafRank = std::pair<f64, QString>;
 
 struct TreeColumn {
     QString title;
@@ -92,7 +83,7 @@ class CatagoryTreeModel : public QAbstractItemModel {
     bool is_filtered() const { return !words_.isEmpty(); }
 
     // How many leaves are shown.
-    int leaf_count() const { return shown_leaves_; }
+    int leaf_count() const { return nodes_.leaf_count(); }
 
     QModelIndex index_of(const QString& key) const;
     QString key_of_leaf(i16 leaf) const { return key_of('c', leaf); }
@@ -132,40 +123,25 @@ class CatagoryTreeModel : public QAbstractItemModel {
     void changed();
 
   private:
-    enum class Kind { root, catagory, leaf };
-    struct Node {
-        Kind kind;
-        i16 number;  // of the category or leaf
-        int parent;
-        int row;
-        std::vector<int> children;
-    };
-
-    void sort_leaves(std::vector<TreeLeaf>& leaves) const;
     void build();
-    void add_catagories(i16 above, int parent, const std::vector<i16>& sorted,
-                        std::vector<int>& node_of);
-    void add_leaves(const std::vector<int>& node_of);
-    void drop_empty_catagories();
-    int add_node(Kind kind, i16 number, int parent);
-    bool matches(const TreeLeaf& leaf) const;
+    std::vector<i16> catagories_in_order() const;
+    void sort_in_order(std::vector<TreeLeaf>& leaves) const;
     bool has_root_row() const { return !contents_.root_name.isEmpty(); }
     bool is_backwards() const { return sort_order_ == Qt::DescendingOrder; }
-    const Node& node(const QModelIndex& index) const;
+    const TreeNode& node(const QModelIndex& index) const;
     QModelIndex index_at(int place) const;
     QString key_of(char kind, i16 number) const;
-    QString name_of(const Node& shown) const;
-    QVariant catagory_data(const Node& shown, int role) const;
+    QString name_of(const TreeNode& shown) const;
+    QVariant catagory_data(const TreeNode& shown, int role) const;
     QVariant leaf_data(i16 leaf, const TreeColumn& column, int role) const;
 
     TreeContents contents_;
     std::vector<TreeLeaf> leaves_;
-    std::vector<Node> nodes_;  // the root, then categories, then leaves
+    CatagoryTreeNodes nodes_;
     QStringList words_;
     View view_ = View::tree;
     int sort_column_ = name_column;
     Qt::SortOrder sort_order_ = Qt::AscendingOrder;
-    int shown_leaves_ = 0;
 };
 
 }  // namespace tavernook
