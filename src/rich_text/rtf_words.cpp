@@ -1,9 +1,8 @@
-// What the control words do.
-#include <algorithm>
-#include <set>
+#include "rich_text/rtf_words.h"
 
-#include "rich_text/rtf_characters.h"
-#include "rich_text/rtf_parser.h"
+#include <algorithm>
+#include <map>
+#include <set>
 
 namespace tavernook::rtf {
 
@@ -29,193 +28,95 @@ int bounded_length(int twips) {
     return std::clamp(twips, -31'680, 31'680);
 }
 
-bool is_roman(const QString& number) {
-    return std::all_of(number.begin(), number.end(), [](QChar letter) {
-        return QStringLiteral("ivxlcdm").contains(letter.toLower());
-    });
-}
-
-}  // namespace
-
-ListKind list_kind_of_marker(const QString& marker) {
-    QString number;
-    for (const QChar character : marker) {
-        if (character.isLetterOrNumber()) number += character;
-    }
-    if (number.isEmpty()) {
-        if (marker == QChar(u'\u25CB') || marker == QChar(u'\u25E6')) return ListKind::circle;
-        const bool square = marker == QChar(u'\u25AA') || marker == QChar(u'\u25A0');
-        return square ? ListKind::square : ListKind::disc;
-    }
-    if (number.front().isDigit()) return ListKind::decimal;
-    if (marker == QStringLiteral("o")) return ListKind::circle;
-    const bool upper = number.front().isUpper();
-    const bool counts_as_roman =
-        is_roman(number) && (number.size() > 1 || number.toLower() == u'i');
-    if (counts_as_roman) return upper ? ListKind::upper_roman : ListKind::lower_roman;
-    return upper ? ListKind::upper_letter : ListKind::lower_letter;
-}
-
-void Parser::take_symbol(char symbol) {
-    if (state_.destination == Destination::skipped) return;
-    switch (symbol) {
-        case '*':
-            after_star_ = true;
-            return;
-        case '\\':
-        case '{':
-        case '}':
-            return take_byte(symbol);
-        case '~':
-            return add_character(u'\u00A0');
-        case '_':
-            return add_character(u'\u2011');
-        case '-':
-            return add_character(u'\u00AD');
-        case '\r':
-        case '\n':
-            flush_bytes();
-            take_structure_word("par");
-            return;
-        case '\t':
-            return add_character(u'\t');
-        default:
-            return;
-    }
-}
-
-void Parser::take_word(const Token& token) {
-    if (state_.destination == Destination::skipped) return;
-    flush_bytes();
-    const bool star = std::exchange(after_star_, false);
-    if (star && !read_after_star.contains(token.text)) {
-        state_.destination = Destination::skipped;
-        return;
-    }
-    if (take_destination(token.text) || take_document_word(token)) return;
-    switch (state_.destination) {
-        case Destination::fonts:
-            take_font_word(token);
-            return;
-        case Destination::colours:
-            take_colour_word(token);
-            return;
-        case Destination::picture:
-            take_picture_word(token);
-            return;
-        case Destination::list_form:
-            take_list_word(token);
-            return;
-        default:
-            break;
-    }
-    take_character_word(token) || take_toggle(token) || take_paragraph_word(token) ||
-        take_text_word(token) || take_structure_word(token.text);
-}
-
-bool Parser::take_destination(std::string_view word) {
+bool take_destination(Draft& draft, std::string_view word) {
     if (left_out.contains(word)) {
-        state_.destination = Destination::skipped;
+        draft.state.destination = Destination::skipped;
     } else if (word == "fonttbl") {
-        state_.destination = Destination::fonts;
+        draft.state.destination = Destination::fonts;
     } else if (word == "colortbl") {
-        state_.destination = Destination::colours;
+        draft.state.destination = Destination::colours;
     } else if (word == "pntext" || word == "listtext") {
-        state_.destination = Destination::list_marker;
-        marker_.clear();
+        draft.state.destination = Destination::list_marker;
+        draft.paragraphs.clear_marker();
     } else if (word == "pn") {
-        state_.destination = Destination::list_form;
-        form_ = ListKind::disc;
+        draft.state.destination = Destination::list_form;
+        draft.list_form = ListKind::disc;
     } else if (word == "pict") {
-        state_.destination = Destination::picture;
-        picture_bytes_.clear();
-        picture_digit_ = -1;
-        picture_kind_ = PictureKind::unknown;
-        picture_width_ = picture_height_ = 0;
-        picture_scale_x_ = picture_scale_y_ = 100;
+        draft.state.destination = Destination::picture;
+        draft.picture = {};
     } else {
         return false;
     }
     return true;
 }
 
-bool Parser::take_document_word(const Token& token) {
+bool take_document_word(Draft& draft, const Token& token) {
     if (token.text == "ansicpg") {
-        if (token.parameter != 0) document_code_page_ = token.parameter;
+        if (token.parameter != 0) draft.fonts.set_document_code_page(token.parameter);
     } else if (token.text == "mac") {
-        document_code_page_ = 10000;
+        draft.fonts.set_document_code_page(10000);
     } else if (token.text == "pc") {
-        document_code_page_ = 437;
+        draft.fonts.set_document_code_page(437);
     } else if (token.text == "pca") {
-        document_code_page_ = 850;
+        draft.fonts.set_document_code_page(850);
     } else if (token.text == "deff") {
-        default_font_ = token.parameter;
-        state_.look.font = default_font_;
+        draft.default_font = token.parameter;
+        draft.state.look.font = draft.default_font;
     } else if (token.text == "uc") {
-        state_.unicode_skip = std::clamp(token.parameter, 0, 100);
+        draft.state.unicode_skip = std::clamp(token.parameter, 0, 100);
     } else {
         return false;
     }
     return true;
 }
 
-bool Parser::take_font_word(const Token& token) {
+bool take_font_word(Draft& draft, const Token& token) {
     if (token.text == "f") {
-        finish_font();
-        font_ = token.parameter;
-        return true;
-    }
-    if (token.text == "fcharset") {
-        content_.fonts[font_].code_page = code_page_of_character_set(token.parameter);
-        content_.fonts[font_].symbols = token.parameter == 2;
-        return true;
-    }
-    if (token.text == "u") {
-        take_unicode(token.parameter);
-        return true;
-    }
-    if (token.text == "cpg") content_.fonts[font_].code_page = token.parameter;
-    return token.text == "cpg";
-}
-
-bool Parser::take_colour_word(const Token& token) {
-    const int part = std::clamp(token.parameter, 0, 255);
-    if (token.text == "red") {
-        colour_.setRed(part);
-    } else if (token.text == "green") {
-        colour_.setGreen(part);
-    } else if (token.text == "blue") {
-        colour_.setBlue(part);
+        draft.fonts.begin_font(token.parameter);
+    } else if (token.text == "fcharset") {
+        draft.fonts.set_character_set(token.parameter);
+    } else if (token.text == "cpg") {
+        draft.fonts.set_code_page(token.parameter);
+    } else if (token.text == "u") {
+        draft.add_unicode(token.parameter);
     } else {
         return false;
     }
-    colour_given_ = true;
     return true;
 }
 
-bool Parser::take_picture_word(const Token& token) {
+bool take_colour_word(Draft& draft, const Token& token) {
+    static const std::map<std::string_view, ColourTable::Part> parts = {
+        {"red", &QColor::setRed}, {"green", &QColor::setGreen}, {"blue", &QColor::setBlue}};
+    const auto part = parts.find(token.text);
+    if (part == parts.end()) return false;
+    draft.colours.set_part(part->second, token.parameter);
+    return true;
+}
+
+bool take_picture_word(Draft& draft, const Token& token) {
     const std::string_view word = token.text;
     if (word == "pngblip" || word == "jpegblip") {
-        picture_kind_ = PictureKind::compressed;
+        draft.picture.kind = PictureKind::compressed;
     } else if (word == "dibitmap") {
-        picture_kind_ = PictureKind::bitmap;
+        draft.picture.kind = PictureKind::bitmap;
     } else if (word == "wmetafile") {
-        picture_kind_ = PictureKind::metafile;
+        draft.picture.kind = PictureKind::metafile;
     } else if (word == "picwgoal") {
-        picture_width_ = token.parameter;
+        draft.picture.width_twips = token.parameter;
     } else if (word == "pichgoal") {
-        picture_height_ = token.parameter;
+        draft.picture.height_twips = token.parameter;
     } else if (word == "picscalex") {
-        picture_scale_x_ = token.parameter;
+        draft.picture.scale_x = token.parameter;
     } else if (word == "picscaley") {
-        picture_scale_y_ = token.parameter;
+        draft.picture.scale_y = token.parameter;
     } else {
         return false;
     }
     return true;
 }
 
-bool Parser::take_list_word(const Token& token) {
+bool take_list_word(Draft& draft, const Token& token) {
     static const std::map<std::string_view, ListKind> kinds = {
         {"pnlvlblt", ListKind::disc},        {"pndec", ListKind::decimal},
         {"pnlvlbody", ListKind::decimal},    {"pnlcltr", ListKind::lower_letter},
@@ -224,17 +125,17 @@ bool Parser::take_list_word(const Token& token) {
     const auto kind = kinds.find(token.text);
     if (kind == kinds.end()) return false;
     // A numbered form names its numbers before or after this word.
-    const bool named = token.text == "pnlvlbody" && form_ != ListKind::disc;
-    if (!named) form_ = kind->second;
+    const bool named = token.text == "pnlvlbody" && draft.list_form != ListKind::disc;
+    if (!named) draft.list_form = kind->second;
     return true;
 }
 
-bool Parser::take_character_word(const Token& token) {
+bool take_character_word(Draft& draft, const Token& token) {
     const std::string_view word = token.text;
-    CharacterLook& look = state_.look;
+    CharacterLook& look = draft.state.look;
     if (word == "plain") {
         look = {};
-        look.font = default_font_;
+        look.font = draft.default_font;
     } else if (word == "f") {
         look.font = token.parameter;
     } else if (word == "fs") {
@@ -255,7 +156,7 @@ bool Parser::take_character_word(const Token& token) {
     return true;
 }
 
-bool Parser::take_toggle(const Token& token) {
+bool take_toggle(Draft& draft, const Token& token) {
     static const std::map<std::string_view, bool CharacterLook::*> toggles = {
         {"b", &CharacterLook::bold},          {"i", &CharacterLook::italic},
         {"strike", &CharacterLook::strike},   {"striked", &CharacterLook::strike},
@@ -265,16 +166,16 @@ bool Parser::take_toggle(const Token& token) {
         {"ulth", &CharacterLook::underline},  {"uldash", &CharacterLook::underline},
         {"ulwave", &CharacterLook::underline}};
     if (token.text == "ulnone") {
-        state_.look.underline = false;
+        draft.state.look.underline = false;
         return true;
     }
     const auto toggle = toggles.find(token.text);
     if (toggle == toggles.end()) return false;
-    state_.look.*(toggle->second) = is_on(token);
+    draft.state.look.*(toggle->second) = is_on(token);
     return true;
 }
 
-bool Parser::take_paragraph_word(const Token& token) {
+bool take_paragraph_word(Draft& draft, const Token& token) {
     static const std::map<std::string_view, Alignment> alignments = {{"ql", Alignment::left},
                                                                      {"qc", Alignment::centre},
                                                                      {"qr", Alignment::right},
@@ -285,7 +186,7 @@ bool Parser::take_paragraph_word(const Token& token) {
         {"fi", &ParagraphLook::first_line},
         {"sb", &ParagraphLook::before},
         {"sa", &ParagraphLook::after}};
-    ParagraphLook& look = state_.paragraph;
+    ParagraphLook& look = draft.state.paragraph;
     if (const auto found = alignments.find(token.text); found != alignments.end()) {
         look.alignment = found->second;
     } else if (const auto length = lengths.find(token.text); length != lengths.end()) {
@@ -302,7 +203,7 @@ bool Parser::take_paragraph_word(const Token& token) {
     return true;
 }
 
-bool Parser::take_text_word(const Token& token) {
+bool take_text_word(Draft& draft, const Token& token) {
     static const std::map<std::string_view, char16_t> characters = {
         {"tab", u'\t'},         {"line", u'\u2028'},      {"lquote", u'\u2018'},
         {"rquote", u'\u2019'},  {"ldblquote", u'\u201C'}, {"rdblquote", u'\u201D'},
@@ -310,43 +211,87 @@ bool Parser::take_text_word(const Token& token) {
         {"enspace", u'\u2002'}, {"emspace", u'\u2003'},   {"qmspace", u'\u2005'},
         {"zwj", u'\u200D'},     {"zwnj", u'\u200C'}};
     if (token.text == "u") {
-        take_unicode(token.parameter);
+        draft.add_unicode(token.parameter);
         return true;
     }
     const auto character = characters.find(token.text);
     if (character == characters.end()) return false;
-    add_character(character->second);
+    draft.add_character(character->second);
     return true;
 }
 
-void Parser::take_unicode(int parameter) {
-    skip_left_ = state_.unicode_skip;
-    const int code = parameter < 0 ? parameter + 0x10000 : parameter;
-    if (code < 0 || code > 0x10FFFF) return;
-    if (code >= 0xF000 && code <= 0xF0FF) {
-        // The private range in which pictorial fonts have their signs.
-        const char byte = static_cast<char>(code - 0xF000);
-        const auto font = content_.fonts.find(state_.look.font);
-        const QString name = font == content_.fonts.end() ? QString() : font->second.name;
-        return add_text(decoded_symbols({&byte, 1}, name));
-    }
-    const auto character = static_cast<char32_t>(code);
-    add_text(code > 0xFFFF ? QString::fromUcs4(&character, 1)
-                           : QString(QChar(static_cast<char16_t>(code))));
-}
-
-bool Parser::take_structure_word(std::string_view word) {
-    if (state_.destination != Destination::body) return false;
+bool take_structure_word(Draft& draft, std::string_view word) {
+    if (draft.state.destination != Destination::body) return false;
     if (word == "par" || word == "sect") {
-        end_paragraph();
+        draft.paragraphs.end_paragraph(draft.state.paragraph);
     } else if (word == "cell" || word == "nestcell") {
-        end_cell();
+        draft.paragraphs.end_cell();
     } else if (word == "row" || word == "nestrow") {
-        end_row();
+        draft.paragraphs.end_row(draft.state.paragraph);
     } else {
         return false;
     }
     return true;
+}
+
+// The words of a group beside the text mean something there only; all others are the text's.
+void take_word_of_group(Draft& draft, const Token& token) {
+    switch (draft.state.destination) {
+        case Destination::fonts:
+            take_font_word(draft, token);
+            return;
+        case Destination::colours:
+            take_colour_word(draft, token);
+            return;
+        case Destination::picture:
+            take_picture_word(draft, token);
+            return;
+        case Destination::list_form:
+            take_list_word(draft, token);
+            return;
+        default:
+            take_character_word(draft, token) || take_toggle(draft, token) ||
+                take_paragraph_word(draft, token) || take_text_word(draft, token) ||
+                take_structure_word(draft, token.text);
+    }
+}
+
+}  // namespace
+
+void take_word(Draft& draft, const Token& word, bool after_star) {
+    if (draft.state.destination == Destination::skipped) return;
+    draft.flush_bytes();
+    if (after_star && !read_after_star.contains(word.text)) {
+        draft.state.destination = Destination::skipped;
+        return;
+    }
+    if (take_destination(draft, word.text) || take_document_word(draft, word)) return;
+    take_word_of_group(draft, word);
+}
+
+void take_symbol(Draft& draft, char symbol) {
+    if (draft.state.destination == Destination::skipped) return;
+    switch (symbol) {
+        case '\\':
+        case '{':
+        case '}':
+            return draft.take_text({&symbol, 1});
+        case '~':
+            return draft.add_character(u'\u00A0');
+        case '_':
+            return draft.add_character(u'\u2011');
+        case '-':
+            return draft.add_character(u'\u00AD');
+        case '\r':
+        case '\n':
+            draft.flush_bytes();
+            take_structure_word(draft, "par");
+            return;
+        case '\t':
+            return draft.add_character(u'\t');
+        default:
+            return;
+    }
 }
 
 }  // namespace tavernook::rtf

@@ -2,7 +2,7 @@
 
 #include <QTextList>
 
-#include "rich_text/rtf_parser.h"
+#include "rich_text/rtf_paragraphs.h"
 #include "rich_text/rtf_testing.h"
 
 namespace tavernook::rtf {
