@@ -143,9 +143,8 @@ void move_stock_to(i16 slot, f64 quantity) {
     const f64 held = items[slot].quantity;
     if (quantity <= held) {
         const f64 less = held - quantity;
-        if (lot_total(slot) >= less && !current_lot_is_readable(slot)) {
-            throw Fault(fault_number::overflow);
-        }
+        // An unchanged quantity has nothing to tell of a lot that cannot be read.
+        if (less == 0 && !current_lot_is_readable(slot)) return;
         remove_from_lots(slot, less);
     } else {
         add_to_lots(slot, quantity - held);

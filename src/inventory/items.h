@@ -58,8 +58,9 @@ i16 find_free_item_slot() noexcept;
 i16 create_item(const ItemValues& values);
 
 // Does nothing to an item that is not live. A quantity of 0, empty or no number leaves the stock.
-// False, with a box and nothing changed, for a number outside the table, a figure beyond 16 bits,
-// and stock to be taken from a lot that cannot be read.
+// False, with a box and nothing changed, for a number outside the table and a figure beyond 16
+// bits. Stock that cannot be taken is told by the box of remove_from_lots and stays; the rest is
+// stored.
 [[nodiscard]] bool update_item(i16 item, const ItemValues& values) noexcept;
 
 // A copy with the source's figures, barcode and texts, and with empty lots: its quantity shows the

@@ -197,7 +197,7 @@ TEST_F(ItemDeletion, AReplacementTakesEveryPlaceAndThenTheItemIsGone) {
     EXPECT_EQ(days[2].planned_item[30], spelt);
     expect_blank(flour);
     EXPECT_EQ(lots[flour].active, 0);
-    EXPECT_EQ(platform.calls.entries.back(), "FoodInventory populate_tree");
+    EXPECT_EQ(platform.calls.entries.back(), "ReplaceItem 1 type 1");
 }
 
 TEST_F(ItemDeletion, WithoutALotRecordMakesABlankOne) {

@@ -172,20 +172,25 @@ TEST_F(ItemUpdate, ANegativeQuantityIsMoreThanTheLotsHold) {
     EXPECT_EQ(items[item].quantity, 2.5);
 }
 
-TEST_F(ItemUpdate, ALotBeyondSixteenBitsStopsItBeforeAnythingChanges) {
+// Its stock cannot be taken from; everything else of it can be edited.
+TEST_F(ItemUpdate, AnItemWhoseCurrentLotCannotBeReadIsEdited) {
     const i16 item = create_flour();
-    fill_lots(item, 32768);
-    const ItemRecord before = items[item];
-    const LotRecord lots_before = lots[item];
+    lots[item].lot_quantity[0] = 40000;
+    items[item].quantity = 40000;
     ItemValues values = flour_values();
     values.name = "Other";
-    values.brand = "Ice";
-    values.quantity = "5";
-    expect_trapped(
-        6, [&] { return update_item(item, values); }, false);
-    EXPECT_EQ(items[item], before);
-    EXPECT_EQ(lots[item], lots_before);
-    EXPECT_EQ(find_string("Ice"), 0);
+    values.quantity = "40000";
+    platform.boxes.expect_none();
+    EXPECT_TRUE(update_item(item, values));
+    EXPECT_EQ(items[item].name, "Other");
+    EXPECT_EQ(lots[item].lot_quantity[0], 40000);
+    values.name = "Third";
+    values.quantity = "10";
+    platform.boxes.expect_message("Tavernook error: rt6:6. Contact Brenwyk Software.");
+    EXPECT_TRUE(update_item(item, values));
+    EXPECT_EQ(items[item].name, "Third");
+    EXPECT_EQ(items[item].quantity, 40000);
+    EXPECT_EQ(lots[item].lot_quantity[0], 40000);
 }
 
 TEST_F(ItemUpdate, FiguresBeyondSixteenBitsStopItBeforeAnythingChanges) {

@@ -38,10 +38,7 @@ void enter(i16 recipe, const Entry& entry) {
     if (!is_live_meal(recipe)) {
         return say(std::string_view("No recipe is shown in the recipe manager."));
     }
-    guarded([&] {
-        entry();
-        project_modified = i16_true;
-    });
+    if (entry()) project_modified = i16_true;
 }
 
 // The item screen, to pick or weigh an ingredient in.
@@ -53,11 +50,11 @@ ports::FoodInventory* item_screen() {
 }  // namespace
 
 void enter_ingredient(i16 item, f64 quantity, i16 recipe) {
-    enter(recipe, [&] { add_ingredient(item, quantity, recipe); });
+    enter(recipe, [&] { return add_ingredient(item, quantity, recipe); });
 }
 
 void enter_ingredient_quantity(i16 item, f64 quantity, i16 recipe) {
-    enter(recipe, [&] { set_ingredient_qty(item, quantity, recipe); });
+    enter(recipe, [&] { return set_ingredient_qty(item, quantity, recipe); });
 }
 
 void ask_ingredient_quantity(i16 item, RowRef recipe) {

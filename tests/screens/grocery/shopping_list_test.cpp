@@ -170,7 +170,7 @@ TEST_F(ShoppingListScreen, AStoreOrderBeyondItsRangeTellsOfAnError) {
     press("Shift+F10");
     platform.boxes.expect_input(
         "Current store order = 7\nEnter new store order:", "Change Store Order", "7", "99999");
-    platform.boxes.expect_message("there has been an error");
+    platform.boxes.expect_message("Tavernook error: rt6:6. Contact Brenwyk Software.");
     press("S");
     EXPECT_EQ(items[apples].store_order, 7);
 }

@@ -441,7 +441,7 @@ TEST_F(ItemScreen, AFailureIsToldAndTheEditsStay) {
     choose_row("c1");
     enter("storage_time", "99999");
     enter("quantity", "5");
-    platform.boxes.expect_message("there has been an error");
+    platform.boxes.expect_message("Tavernook error: rt6:6. Contact Brenwyk Software.");
     accept();
     EXPECT_EQ(text("storage_time"), "99999");
     EXPECT_EQ(items[1].quantity, 2);
