@@ -173,17 +173,22 @@ std::string RecommendationsPane::selected_key() const {
 }
 
 bool RecommendationsPane::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == ui_->Label4 && event->type() == QEvent::Resize) {
-        const auto& resize = *static_cast<QResizeEvent*>(event);
-        if (resize.size().width() != resize.oldSize().width()) keep_caption_whole();
-    }
+    const QEvent::Type type = event->type();
+    const bool needs_other_room =
+        type == QEvent::Resize || type == QEvent::Show || type == QEvent::FontChange;
+    if (watched == ui_->Label4 && needs_other_room) keep_caption_whole();
     return QGroupBox::eventFilter(watched, event);
 }
 
-// The caption breaks into more lines where it is narrow, and a splitter would cut them off.
+// The caption breaks into more lines where it is narrow, and a splitter would cut them off. Before
+// it is laid out it has no width of its own, and would ask for room that nobody gives back.
 void RecommendationsPane::keep_caption_whole() {
     QLabel& caption = *ui_->Label4;
-    const int wanted = std::max(0, caption.heightForWidth(caption.width()));
+    if (!caption.isVisible()) return;
+    // Not the label's own answer, which is never less than its present minimum.
+    const QRect room(0, 0, caption.width(), QWIDGETSIZE_MAX);
+    const int wanted =
+        caption.fontMetrics().boundingRect(room, Qt::TextWordWrap, caption.text()).height();
     if (caption.minimumHeight() != wanted) caption.setMinimumHeight(wanted);
 }
 
