@@ -52,8 +52,11 @@ void Screen::run(const Work& command) noexcept {
 }
 
 void Screen::follow() noexcept {
-    guarded([this] { follow_changes(); });
-    guarded([this] { update_commands(); });
+    const Work work = [this] {
+        follow_changes();
+        update_commands();
+    };
+    follows_ = follows_ ? guarded(work) : quietly(work);
 }
 
 void Screen::on_command(QAction* action, Work command) {

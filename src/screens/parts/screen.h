@@ -40,7 +40,7 @@ class Screen : public QWidget {
     bool is_running() const { return steps_.is_running(); }
 
     // At the end of each step and when the screen comes in sight: draws anew what is stale, then
-    // fits the commands. Guarded: a box comes at most once.
+    // fits the commands. A failure is told once, not at each step, until it works again.
     void follow() noexcept;
 
   protected:
@@ -56,6 +56,7 @@ class Screen : public QWidget {
 
   private:
     Steps steps_;
+    bool follows_ = true;  // the last time it did
 };
 
 // In the status bar's message panel. What stood there goes with the next command.

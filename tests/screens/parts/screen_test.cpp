@@ -164,6 +164,28 @@ TEST_F(ScreenTest, AButtonRunsItsCommandAsAStep) {
     EXPECT_EQ(screen.shown, "box");
 }
 
+// A screen that cannot follow must not bring a box at each tick of the clock.
+TEST_F(ScreenTest, AFailureToFollowIsToldOnceUntilItWorksAgain) {
+    class Failing : public UnitScreen {
+      public:
+        void follow_changes() override {
+            if (fails) throw Fault(fault_number::overflow);
+        }
+        bool fails = false;
+    };
+    Failing screen;
+    screen.show();
+    screen.fails = true;
+    platform.boxes.expect_message("there has been an error");
+    end_of_step();
+    end_of_step();
+    screen.fails = false;
+    end_of_step();
+    screen.fails = true;
+    platform.boxes.expect_message("there has been an error");
+    end_of_step();
+}
+
 TEST_F(ScreenTest, GuardedTellsWhetherTheWorkCameToItsEnd) {
     EXPECT_TRUE(guarded([] {}));
     platform.boxes.expect_message("there has been an error");
