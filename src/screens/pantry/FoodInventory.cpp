@@ -18,6 +18,7 @@
 #include "screens/pantry/hand_over.h"
 #include "screens/pantry/item_toolbars.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/tab_order.h"
@@ -29,17 +30,11 @@ namespace {
 
 constexpr i16 item_catagory_type = -1;
 
-std::unique_ptr<Ui::FoodInventory> laid_out(FoodInventory& screen) {
-    auto ui = std::make_unique<Ui::FoodInventory>();
-    ui->setupUi(&screen);
-    return ui;
-}
-
 }  // namespace
 
 FoodInventory::FoodInventory(QWidget* parent)
     : Screen(parent),
-      ui_(laid_out(*this)),
+      ui_(laid_out<Ui::FoodInventory>(*this)),
       list_(*ui_->tree_panel),
       form_(*ui_->item_form),
       hand_over_bar_(*ui_->hand_over_bar),

@@ -8,7 +8,6 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -29,19 +28,6 @@ class RoomyRows : public QStyledItemDelegate {
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
         const int line = option.fontMetrics.height();
         return {size.width(), std::max(size.height(), line + line / 2)};
-    }
-};
-
-class SortedRows : public QSortFilterProxyModel {
-  public:
-    using QSortFilterProxyModel::QSortFilterProxyModel;
-
-  protected:
-    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
-        const QVariant a = left.data(sortRole());
-        const QVariant b = right.data(sortRole());
-        if (a.typeId() != QMetaType::QString) return QSortFilterProxyModel::lessThan(left, right);
-        return a.toString().toCaseFolded().localeAwareCompare(b.toString().toCaseFolded()) < 0;
     }
 };
 
@@ -79,13 +65,6 @@ void dress_list(QTreeView& view) {
     view.header()->setStretchLastSection(false);
     view.setSortingEnabled(true);
     copy_rows_by_keys(view);
-}
-
-QSortFilterProxyModel* sorted_rows_of(QAbstractItemModel& model, QObject* parent) {
-    auto* sorted = new SortedRows(parent);
-    sorted->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    sorted->setSourceModel(&model);
-    return sorted;
 }
 
 void hint_when_empty(QAbstractItemView& view, const QString& hint) {

@@ -10,7 +10,6 @@ class QAbstractItemView;
 class QKeyEvent;
 class QModelIndex;
 class QObject;
-class QSortFilterProxyModel;
 class QTreeView;
 class QWidget;
 
@@ -22,10 +21,6 @@ void space_rows(QAbstractItemView& view);
 // A list of whole rows under a header: sorted by a click on it, a third click brings back the
 // order of the table; Ctrl+C copies the selected rows.
 void dress_list(QTreeView& view);
-
-// The model's rows in an order and a choice of their own. Texts are compared as people write them:
-// by the user's language, capitals and small letters alike.
-QSortFilterProxyModel* sorted_rows_of(QAbstractItemModel& model, QObject* parent);
 
 // One line in the middle of the view as long as it has no rows; a further call changes the line.
 // Call it when the model stands.

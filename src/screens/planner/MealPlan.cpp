@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <utility>
+#include <vector>
 
 #include "core/project/daily_audit.h"
 #include "planning/day_clipboard.h"
@@ -12,8 +13,10 @@
 #include "planning/day_totals.h"
 #include "platform/platform.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/scan_entry.h"
+#include "screens/parts/tab_order.h"
 #include "screens/planner/calendar_pane.h"
 #include "screens/planner/day_commands.h"
 #include "screens/planner/day_pane.h"
@@ -126,7 +129,11 @@ void MealPlan::set_up_order() {
         splitter->setStretchFactor(0, 1);
         splitter->setStretchFactor(1, 0);
     }
-    tab_through({calendar_.tab_order(), day_.tab_order(), recommendations_.tab_order()});
+    std::vector<QWidget*> order = calendar_.tab_order();
+    for (const auto& more : {day_.tab_order(), recommendations_.tab_order()}) {
+        order.insert(order.end(), more.begin(), more.end());
+    }
+    set_tab_order(order);
 }
 
 // --- events ------------------------------------------------------------------------------------

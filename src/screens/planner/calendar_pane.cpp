@@ -12,6 +12,7 @@
 
 #include "planning/planner_state.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/toolbar_parts.h"
 #include "screens/planner/planner_parts.h"

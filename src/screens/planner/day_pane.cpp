@@ -15,6 +15,7 @@
 #include "planning/day_totals.h"
 #include "screens/parts/guard.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/plan_names.h"

@@ -31,16 +31,6 @@ class FirstRowMarker : public QObject {
 
 }  // namespace
 
-void tab_through(std::initializer_list<std::vector<QWidget*>> panes) {
-    QWidget* before = nullptr;
-    for (const std::vector<QWidget*>& parts : panes) {
-        for (QWidget* part : parts) {
-            if (before != nullptr) QWidget::setTabOrder(before, part);
-            before = part;
-        }
-    }
-}
-
 void open_menu_by_keys(QWidget& part) {
     on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), part.mapToGlobal(QPoint()));

@@ -2,23 +2,12 @@
 #pragma once
 
 #include <QObject>
-#include <initializer_list>
-#include <memory>
 #include <type_traits>
-#include <vector>
 
 class QTreeView;
 class QWidget;
 
 namespace tavernook {
-
-// The layout of a pane, set up before its other parts are made.
-template <typename Layout, typename Pane>
-std::unique_ptr<Layout> laid_out(Pane& pane) {
-    auto layout = std::make_unique<Layout>();
-    layout->setupUi(&pane);
-    return layout;
-}
 
 // What a pane tells by a signal is a command of its screen: a function or one of its methods, which
 // gets what the signal tells.
@@ -34,9 +23,6 @@ void on_wish(Screen& screen, const Pane& pane, Signal signal, Command command) {
         });
     });
 }
-
-// The Tab key goes through the parts of all panes in this order.
-void tab_through(std::initializer_list<std::vector<QWidget*>> panes);
 
 // Shift+F10 asks for the context menu; not every system does so by itself.
 void open_menu_by_keys(QWidget& part);

@@ -8,6 +8,7 @@
 #include "basics/number_text.h"
 #include "core/project_data.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/plan_names.h"
