@@ -1,6 +1,7 @@
 #include "core/changes.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <string>
 #include <type_traits>
@@ -197,8 +198,7 @@ bool follow_measures() {
 
 struct Settings {
     std::array<i16, 15> numbers{};
-    f64 sales_tax = 0;
-    Date project_created = 0;
+    std::array<std::uint64_t, 2> figures{};  // by their bits: what is no number equals itself
     FixedString<128> ftp_server;
     FixedString<64> ftp_account;
     FixedString<32> ftp_password;
@@ -211,8 +211,7 @@ Settings present_settings() {
         {audit_hour, audit_minute, expiration_warning_days, scanner_comm_port, scanner_reserved,
          ftp_send_after_audit, audit_on_startup, save_after_audit, scanner_type, audit_days_ahead,
          currency_symbol, font_size, show_toolbar_text, project_tag, date_day_first},
-        sales_tax,
-        project_created,
+        {std::bit_cast<std::uint64_t>(sales_tax), std::bit_cast<std::uint64_t>(project_created)},
         ftp_server,
         ftp_account,
         ftp_password,
@@ -223,7 +222,7 @@ Settings kept_settings;
 
 bool follow_settings() {
     const Settings now = present_settings();
-    if (std::memcmp(&now, &kept_settings, sizeof now) == 0 || now == kept_settings) return false;
+    if (now == kept_settings) return false;
     kept_settings = now;
     return true;
 }
