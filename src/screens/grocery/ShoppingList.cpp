@@ -1,5 +1,6 @@
 #include "screens/grocery/ShoppingList.h"
 
+#include <QFocusEvent>
 #include <QToolBar>
 #include <QToolButton>
 
