@@ -28,6 +28,15 @@ class Boxes {
         message(text, Buttons::ok, title);
     }
 
+    // A question with the critical icon.
+    virtual Answer critical(std::string_view text, Buttons buttons, std::string_view title,
+                            DefaultButton default_button) {
+        return message(text, buttons, title, default_button);
+    }
+
+    // A box, a dialog or a menu waits for the user.
+    virtual bool is_open() { return false; }
+
     // Nothing on Cancel, which differs from an empty answer.
     virtual std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                              std::string_view initial) = 0;

@@ -36,6 +36,14 @@ class File {
     virtual void flush() = 0;
 };
 
+// What tells one content of a file from another without reading it; all 0 when there is no file.
+struct FileStamp {
+    i64 node = 0;
+    i64 length = 0;
+    i64 changed = 0;  // nanoseconds since 1970
+    bool operator==(const FileStamp&) const = default;
+};
+
 class Files {
   public:
     virtual ~Files() = default;
@@ -53,6 +61,19 @@ class Files {
     // Replaces `to` in one step when it exists.
     virtual void rename(const std::string& from, const std::string& to) = 0;
     virtual void copy(const std::string& from, const std::string& to) = 0;
+
+    // The same without waiting for the disk: for what may be lost with the power.
+    virtual void copy_unflushed(const std::string& from, const std::string& to) { copy(from, to); }
+
+    // Mode, owner, group, access list and extended attributes, as far as the system lets it.
+    virtual void copy_attributes(const std::string&, const std::string&) noexcept {}
+
+    // The file is there and its mode lets nobody write it.
+    virtual bool is_write_protected(const std::string&) { return false; }
+    virtual FileStamp stamp(const std::string&) { return {}; }
+
+    // Removes what programs that were killed left half copied in the folder.
+    virtual void remove_left_over(const std::string&) noexcept {}
     virtual Date modified(const std::string& path) = 0;
 
     // Returns when renames and removals in the folder are on the disk.
