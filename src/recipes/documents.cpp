@@ -190,9 +190,9 @@ void carry(const ChangedDocument& change) {
 bool place(const CarriedDocument& carried) {
     const auto work = [&] {
         files().rename(carried.ready, carried.path);
-        files().flush_folder(folder_of(carried.path));
         const auto change = change_of(carried.from);
-        if (change != changed_documents.end() && !change->before.empty()) put_back(*change);
+        if (!change->before.empty()) files().rename(change->before, change->path);
+        files().flush_folder(folder_of(carried.path));
     };
     return trap(work, [](const Fault&) {});
 }
