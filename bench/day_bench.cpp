@@ -6,10 +6,12 @@
 #include <cstdlib>
 #include <optional>
 
+#include "core/program_folders.h"
 #include "core/project/audit.h"
 #include "database.h"
 #include "fakes/test_platform.h"
 #include "inventory/lots.h"
+#include "inventory/usage_files.h"
 #include "shopping/shopping_list.h"
 #include "support/generated_projects.h"
 #include "yardstick.h"
@@ -44,8 +46,7 @@ struct FullHousehold {
     FullHousehold() {
         fill_full_project();
         save_after_audit = 0;
-        project_path = "/home/me/bench.tvk";
-        project_name = "bench.tvk";
+        set_project_path("/home/me/bench.tvk");
         reports = platform.system.program + "/reports";
         platform.disk.make_folder(reports);
         set_platform({.clock = &platform.clock,
@@ -178,9 +179,7 @@ void audit_all_days(benchmark::State& state, bool saved) {
     household.platform.clock.time = 47000;  // behind the last day
     const std::string entry(21, '\1');
     const auto prepare = [&] {
-        for (const std::string& name : household.platform.disk.list(household.reports, ".tmp")) {
-            household.platform.disk.remove(household.reports + "/" + name);
-        }
+        if (!discard_usage_files()) std::abort();
         for (i16 item = 1; saved && item <= item_capacity; ++item) {
             const std::string number = std::to_string(1000000 + item).substr(1);
             const std::string path = household.reports + "/bench" + number + ".dat";

@@ -11,8 +11,8 @@ std::string in_program_folder(std::string_view name) noexcept {
 }
 
 std::string project_stem() noexcept {
-    const std::size_t kept = project_name.size() > 4 ? project_name.size() - 4 : 0;
-    return project_name.substr(0, kept);
+    const std::string name(file_name_part(project_path));
+    return name.size() > 4 ? name.substr(0, name.size() - 4) : std::string();
 }
 
 void set_project_path(const std::string& path) noexcept {

@@ -9,8 +9,8 @@ namespace tavernook {
 // The program's folder + separator + name; ends in a separator where the name does.
 std::string in_program_folder(std::string_view name) noexcept;
 
-// The project file's name less its last four characters: it prefixes the names of the project's
-// own files in the folders of the program.
+// The file name in project_path less its last four characters, whatever project_name shows: it
+// prefixes the names of the project's own files in the folders of the program.
 std::string project_stem() noexcept;
 
 // Sets project_path and, from its last part, project_name.

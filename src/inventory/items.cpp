@@ -9,6 +9,7 @@
 #include "core/where_used.h"
 #include "inventory/lots.h"
 #include "inventory/replacement.h"
+#include "inventory/usage_files.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -177,6 +178,12 @@ void blank_records(i16 item) {
     item_details[item] = ItemDetailRecord{};
 }
 
+i16 take_free_item_slot() {
+    const i16 slot = find_free_item_slot();
+    begin_usage_history(slot);
+    return slot;
+}
+
 // False when the user keeps the item.
 bool delete_or_hand_over(i16 item) {
     const std::string users = item_users(item);
@@ -212,7 +219,7 @@ i16 find_free_item_slot() noexcept {
 i16 create_item(const ItemValues& values) {
     const i16 storage_time = round_to_i16(values.storage_time);
     const f64 quantity = leading_number(values.quantity);
-    const i16 slot = find_free_item_slot();
+    const i16 slot = take_free_item_slot();
     init_lot_record(slot);
     stamp_first_lot(slot, quantity, storage_time);
     ItemRecord& item = items[slot];
@@ -234,7 +241,7 @@ i16 copy_item(i16 source, i16 category) noexcept {
     i16 slot = 0;
     trap_in_module([&] {
         const ItemRecord& original = items[source];
-        slot = find_free_item_slot();
+        slot = take_free_item_slot();
         init_lot_record(slot);
         items[slot] = original;
         item_details[slot] = item_details[source];

@@ -1,67 +1,166 @@
 #include "inventory/usage_files.h"
 
-#include <algorithm>
-#include <string>
+#include <set>
+#include <utility>
 
 #include "core/program_folders.h"
 #include "core/project_data.h"
+#include "core/trap.h"
+#include "inventory/usage_history.h"
+#include "inventory/usage_names.h"
 #include "platform/platform.h"
 
 namespace tavernook {
 
 namespace {
 
-constexpr std::size_t digits = 6;
-constexpr std::size_t extension_size = 4;
+constexpr auto entry_size = static_cast<i64>(usage_entry_size);
 
-std::string reports_folder() {
-    return in_program_folder("reports");
+struct WorkingCopy {
+    std::string stem;
+    i16 item = 0;
+    auto operator<=>(const WorkingCopy&) const = default;
+};
+
+std::set<WorkingCopy> working_copies;  // made by this program
+std::set<i16> begun_items;             // took their slots since the last save
+
+template <typename Work>
+bool tried(Work&& work) {
+    return trap(std::forward<Work>(work), [](const Fault&) {});
 }
 
-std::string in_reports(std::string_view name) {
-    return reports_folder() + "/" + std::string(name);
+i64 length_of(const std::string& path) {
+    return files().stamp(path).length;
 }
 
-std::string saved_name(std::string_view working_name) {
-    return std::string(working_name.substr(0, working_name.size() - 3)) + "dat";
+// What of the saved file is the item's own.
+i64 saved_length(std::string_view stem, i16 item) {
+    if (begun_items.contains(item)) return 0;
+    return length_of(usage_path(stem, item, saved_extension));
 }
 
-bool is_usage_file(std::string_view name) {
-    if (name.size() < digits + extension_size) return false;
-    const std::string_view number = name.substr(name.size() - extension_size - digits, digits);
-    return std::all_of(number.begin(), number.end(), [](char c) { return c >= '0' && c <= '9'; });
+// The saved history, alone or with one entry behind it.
+bool fits(const std::string& working, i64 saved) {
+    const i64 length = length_of(working);
+    return length == saved + entry_size || (length == saved && saved > 0);
 }
 
-bool is_orphan(std::string_view name) {
-    const int item = usage_file_item(name);
-    if (!is_usage_file(name) || item > item_capacity || items[item].in_use != 0) return false;
-    return name.substr(0, name.size() - digits - extension_size) == project_stem();
+void start_working_copy(const WorkingCopy& copy, i64 saved) {
+    const std::string working = usage_path(copy.stem, copy.item, working_extension);
+    if (saved > 0) {
+        files().copy_unflushed(usage_path(copy.stem, copy.item, saved_extension), working);
+    } else {
+        remove_if_there(working);
+    }
+    working_copies.insert(copy);
+}
+
+void commit(const WorkingCopy& copy) {
+    const i64 saved = saved_length(copy.stem, copy.item);
+    const std::string working = usage_path(copy.stem, copy.item, working_extension);
+    const i64 length = length_of(working);
+    if (length == saved && saved > 0) return;  // committed before, and not yet discarded
+    if (length != saved + entry_size) throw Fault(fault_number::bad_record_number);
+    files().copy_unflushed(working, usage_path(copy.stem, copy.item, saved_extension));
+    begun_items.erase(copy.item);
+}
+
+bool commit_working_copies(const std::string& stem) {
+    bool all = true;
+    for (const WorkingCopy& copy : working_copies) {
+        // An item that is gone loses its history below.
+        if (copy.stem != stem || items[copy.item].in_use == 0) continue;
+        all = tried([&] { commit(copy); }) && all;
+    }
+    return all;
+}
+
+// The item has its slot, but has not moved: the history there is still the former item's.
+bool remove_former_histories(const std::string& stem) {
+    std::erase_if(begun_items, [&](i16 item) {
+        if (working_copies.contains({stem, item}) && items[item].in_use != 0) return false;
+        return tried([&] { remove_if_there(usage_path(stem, item, saved_extension)); });
+    });
+    return begun_items.empty();
+}
+
+bool is_orphan(std::string_view name, std::string_view stem) {
+    const std::optional<i16> item = item_of_usage_file(name, stem);
+    return item && items[*item].in_use == 0;
+}
+
+bool remove_orphans() {
+    const std::string stem = project_stem();
+    bool all = true;
+    for (const std::string& name : files().list(reports_folder(), saved_extension)) {
+        if (is_orphan(name, stem)) all = tried([&] { files().remove(in_reports(name)); }) && all;
+    }
+    return all;
 }
 
 }  // namespace
 
-int usage_file_item(std::string_view name) noexcept {
-    if (!is_usage_file(name)) return 0;
-    return std::stoi(std::string(name.substr(name.size() - extension_size - digits, digits)));
+void begin_usage_history(i16 item) noexcept {
+    tried([item] {
+        if (item < 1 || item > item_capacity) return;
+        begun_items.insert(item);
+        const WorkingCopy former{project_stem(), item};
+        if (!working_copies.contains(former)) return;
+        remove_if_there(usage_path(former.stem, item, working_extension));
+        working_copies.erase(former);
+    });
 }
 
-void commit_usage_files() {
-    for (const std::string& name : files().list(reports_folder(), ".tmp")) {
-        if (is_usage_file(name)) files().copy(in_reports(name), in_reports(saved_name(name)));
-    }
-    remove_orphan_usage_files();
+bool has_no_saved_usage(i16 item) noexcept {
+    return begun_items.contains(item);
 }
 
-void discard_usage_files() {
-    for (const std::string& name : files().list(reports_folder(), ".tmp")) {
-        files().remove(in_reports(name));
-    }
+bool commit_usage_files() noexcept {
+    bool all = false;
+    tried([&] {
+        const std::string stem = project_stem();
+        all = commit_working_copies(stem);
+        all = remove_former_histories(stem) && all;
+    });
+    return remove_orphan_usage_files() && all;
 }
 
-void remove_orphan_usage_files() {
-    for (const std::string& name : files().list(reports_folder(), ".dat")) {
-        if (is_orphan(name)) files().remove(in_reports(name));
+bool discard_usage_files() noexcept {
+    bool all = true;
+    for (const auto& [stem, item] : std::exchange(working_copies, {})) {
+        all = tried([&] { remove_if_there(usage_path(stem, item, working_extension)); }) && all;
     }
+    forget_usage_files();
+    return all;
+}
+
+bool remove_orphan_usage_files() noexcept {
+    bool all = false;
+    tried([&] { all = remove_orphans(); });
+    return all;
+}
+
+void forget_usage_files() noexcept {
+    working_copies.clear();
+    begun_items.clear();
+}
+
+void write_usage(i16 item, std::string_view entry) {
+    const WorkingCopy copy{project_stem(), item};
+    const i64 saved = saved_length(copy.stem, item);
+    const std::string working = usage_path(copy.stem, item, working_extension);
+    if (!working_copies.contains(copy) || !fits(working, saved)) start_working_copy(copy, saved);
+    files().open(working, OpenMode::read_write)->write(saved, entry);
+}
+
+std::string present_usage(std::string_view stem, i16 item) {
+    const i64 saved = saved_length(stem, item);
+    const std::string working = usage_path(stem, item, working_extension);
+    if (working_copies.contains({std::string(stem), item}) && fits(working, saved)) {
+        return usage_bytes(working);
+    }
+    return saved > 0 ? usage_bytes(usage_path(stem, item, saved_extension)) : std::string();
 }
 
 }  // namespace tavernook

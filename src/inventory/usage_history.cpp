@@ -8,30 +8,17 @@
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "core/trap.h"
+#include "inventory/usage_files.h"
+#include "inventory/usage_names.h"
 #include "platform/platform.h"
 
 namespace tavernook {
 
 namespace {
 
-std::string usage_path(i16 item, const char* extension) {
-    return in_program_folder("reports/" + project_stem() + format_number(item, "000000") +
-                             extension);
-}
-
-void write_move(i16 item, const UsageEntry& entry) {
-    const std::string saved = usage_path(item, ".dat");
-    const std::string working = usage_path(item, ".tmp");
-    const bool has_saved = files().exists(saved);
-    if (has_saved && !files().exists(working)) files().copy(saved, working);
-    const i64 saved_length = has_saved ? files().open(saved, OpenMode::read)->length() : 0;
-    // One byte is left out in front of the record; together they are the entry.
-    files().open(working, OpenMode::read_write)->write(saved_length, encode_usage(entry));
-}
-
 void write_best_effort(i16 item, const UsageEntry& entry) {
     try {
-        write_move(item, entry);
+        write_usage(item, encode_usage(entry));
     } catch (...) {
         // The stock move counts, not its history.
     }
@@ -130,8 +117,10 @@ HeldUsage::~HeldUsage() {
 
 std::string Get_Item_Usage(i16 item) noexcept {
     std::string page;
+    if (has_no_saved_usage(item)) return "*";
     try {
-        const auto file = files().open(usage_path(item, ".dat"), OpenMode::read);
+        const std::string path = usage_path(project_stem(), item, saved_extension);
+        const auto file = files().open(path, OpenMode::read);
         if (file->length() < static_cast<i64>(usage_entry_size)) return {};
         page = table_head;
         append_entries(page, item, *file);

@@ -51,7 +51,8 @@ class HeldUsage {
     HeldUsage& operator=(const HeldUsage&) = delete;
 };
 
-// The saved history as a fragment of HTML; "*" when there is none.
+// The saved history as a fragment of HTML; "*" when there is none, or only that of an item that had
+// the slot before.
 std::string Get_Item_Usage(i16 item) noexcept;
 
 }  // namespace tavernook

@@ -167,6 +167,18 @@ void copy_bytes(const Descriptor& from, const std::string& from_path, const Temp
     }
 }
 
+void copy_file(const std::string& from, const std::string& to, bool flushed) {
+    system_path(to);
+    const Descriptor source = open_plain_file(from, O_RDONLY);
+    TemporaryFile copied(folder_of(to));
+    copy_bytes(source, from, copied);
+    // File systems without permissions refuse this, which harms nothing.
+    const mode_t permissions = (facts_of(source, from).st_mode & 0777) | S_IWUSR;
+    (void)::fchmod(copied.file().number(), permissions);
+    if (flushed) flush_bytes(copied.file(), copied.path());
+    copied.rename_to(to);
+}
+
 class OpenFolder {
   public:
     explicit OpenFolder(const char* path) : folder_(::opendir(path)) {}
@@ -240,15 +252,21 @@ void DiskFiles::rename(const std::string& from, const std::string& to) {
 }
 
 void DiskFiles::copy(const std::string& from, const std::string& to) {
-    system_path(to);
-    const Descriptor source = open_plain_file(from, O_RDONLY);
-    TemporaryFile copied(folder_of(to));
-    copy_bytes(source, from, copied);
-    // File systems without permissions refuse this, which harms nothing.
-    const mode_t permissions = (facts_of(source, from).st_mode & 0777) | S_IWUSR;
-    (void)::fchmod(copied.file().number(), permissions);
-    flush_bytes(copied.file(), copied.path());
-    copied.rename_to(to);
+    copy_file(from, to, true);
+}
+
+void DiskFiles::copy_unflushed(const std::string& from, const std::string& to) {
+    copy_file(from, to, false);
+}
+
+FileStamp DiskFiles::stamp(const std::string& path) {
+    struct stat facts {};
+    if (::stat(system_path(path), &facts) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR) return {};
+        throw_disk_fault(errno, path);
+    }
+    const i64 changed = facts.st_mtim.tv_sec * i64{1000000000} + facts.st_mtim.tv_nsec;
+    return {static_cast<i64>(facts.st_ino), facts.st_size, changed};
 }
 
 Date DiskFiles::modified(const std::string& path) {

@@ -28,6 +28,9 @@ class DiskFiles : public Files {
     // The copy is made beside the target, flushed and renamed over it: a failure leaves the old
     // target and nothing else. Permissions are those of `from`, with the owner's right to write.
     void copy(const std::string& from, const std::string& to) override;
+    void copy_unflushed(const std::string& from, const std::string& to) override;
+
+    FileStamp stamp(const std::string& path) override;
 
     // Local time, whole seconds.
     Date modified(const std::string& path) override;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -21,14 +22,28 @@ namespace {
 
 constexpr std::string_view marker = "*vk14";
 constexpr std::string_view rich_text_start = "{\\rtf";
+constexpr const char* before_extension = ".before";
+constexpr const char* ready_extension = ".ready";
 
 struct ChangedDocument {
+    i16 slot = 0;
     std::string path;
-    std::string backup;  // the content before; empty where there was no file
+    std::string before;  // the path of the content before; empty where there was no file
 };
 
 // Since the last save of the project, in the order of their first change.
 std::vector<ChangedDocument> changed_documents;
+
+struct CarriedDocument {
+    i16 slot = 0;
+    std::string entry;  // before it was carried
+    std::string from;   // the path of the text under the old name
+    std::string ready;  // the path of the copy that waits for the project file
+    std::string path;   // and its place
+};
+
+// From the beginning of a Save As to its end.
+std::vector<CarriedDocument> carried_documents;
 
 std::string& entry_at(i16 slot) {
     if (slot < 1) throw Fault(fault_number::subscript_out_of_range);
@@ -126,36 +141,84 @@ auto change_of(const std::string& path) {
 void show_in_state() {
     const bool restorable =
         std::any_of(changed_documents.begin(), changed_documents.end(),
-                    [](const ChangedDocument& change) { return !change.backup.empty(); });
+                    [](const ChangedDocument& change) { return !change.before.empty(); });
     recipe_text_changed = truth(restorable);
 }
 
-void keep_content_before(const std::string& path, const std::string& backup) {
+void keep_content_before(i16 slot, const std::string& path) {
     if (change_of(path) != changed_documents.end()) return;
     if (!files().exists(path)) {
-        changed_documents.push_back({path, {}});
+        changed_documents.push_back({slot, path, {}});
         return;
     }
-    files().copy(path, backup);
+    const std::string before = path_of(name_for(slot, before_extension));
+    files().copy(path, before);
     files().flush_folder(folder_of(path));
-    changed_documents.push_back({path, backup});
+    changed_documents.push_back({slot, path, before});
     show_in_state();
 }
 
 // One step that needs no room on the disk.
 void put_back(const ChangedDocument& change) {
-    files().rename(change.backup, change.path);
+    files().rename(change.before, change.path);
     files().flush_folder(folder_of(change.path));
 }
 
 // The document counts as unchanged before anything can fail behind the one step.
 void put_back_alone(const std::string& path) {
     const auto found = change_of(path);
-    if (found == changed_documents.end() || found->backup.empty()) return;
-    files().rename(found->backup, path);
+    if (found == changed_documents.end() || found->before.empty()) return;
+    files().rename(found->before, path);
     changed_documents.erase(found);
     show_in_state();
     files().flush_folder(folder_of(path));
+}
+
+void carry(const ChangedDocument& change) {
+    const bool is_still_its_text = document_path(change.slot) == change.path;
+    const std::string path = new_document_path(change.slot);
+    if (!is_still_its_text || path == change.path) return;
+    const std::string ready = path_of(name_for(change.slot, ready_extension));
+    std::string& entry = meal_documents[change.slot];
+    carried_documents.push_back({change.slot, entry, change.path, ready, path});
+    files().copy(change.path, ready);
+    entry = current_document_entry(change.slot);
+}
+
+// False when one stays where it is; the text under the old name stays with it then.
+// False when it stays where it is; the text under the old name stays with it then.
+bool place(const CarriedDocument& carried) {
+    const auto work = [&] {
+        files().rename(carried.ready, carried.path);
+        const auto change = change_of(carried.from);
+        if (!change->before.empty()) files().rename(change->before, change->path);
+        files().flush_folder(folder_of(carried.path));
+    };
+    return trap(work, [](const Fault&) {});
+}
+
+// The slot whose text waits under the name, in the open project; 0 for every other name.
+i16 slot_of_ready_name(const std::string& name) {
+    constexpr std::size_t digits = 6;
+    const std::size_t end = name.size() - std::string_view(ready_extension).size();
+    if (end < digits) return 0;
+    const int slot = std::atoi(name.substr(end - digits, digits).c_str());
+    if (slot < 1 || slot > meal_capacity) return 0;
+    const auto found = static_cast<i16>(slot);
+    return utf8_from_text(name_for(found, ready_extension)) == name ? found : i16{0};
+}
+
+// A text that was stored since is newer than the copy.
+bool belongs(i16 slot, const std::string& ready, i64 saved) {
+    const i64 copied = files().stamp(ready).changed;
+    return saved != 0 && copied <= saved && meal_documents[slot] == current_document_entry(slot) &&
+           files().stamp(new_document_path(slot)).changed <= copied;
+}
+
+void settle(i16 slot, const std::string& ready, i64 saved) {
+    if (!belongs(slot, ready, saved)) return files().remove(ready);
+    files().rename(ready, new_document_path(slot));
+    files().flush_folder(folder_of(ready));
 }
 
 }  // namespace
@@ -196,7 +259,7 @@ void store_document(i16 slot, std::string_view rich_text) {
     require_readable_length(rich_text);
     const std::string path = new_document_path(slot);
     make_folder();
-    keep_content_before(path, document_backup_path(slot));
+    keep_content_before(slot, path);
     if (!is_old_form(entry)) project_modified = i16_true;
     replace_document(path, rich_text);
     entry = current_document_entry(slot);
@@ -220,13 +283,50 @@ void restore_documents() noexcept {
     show_in_state();
     std::optional<Fault> failure;
     for (const ChangedDocument& change : changes) {
-        if (change.backup.empty()) continue;
+        if (change.before.empty()) continue;
         trap([&] { put_back(change); },
              [&](const Fault& fault) {
                  if (!failure) failure = fault;
              });
     }
     if (failure) show_fault(module_message(*failure));
+}
+
+void carry_changed_documents() {
+    for (const ChangedDocument& change : changed_documents) carry(change);
+    if (!carried_documents.empty()) files().flush_folder(folder_of(folder() + "."));
+}
+
+bool place_carried_documents() noexcept {
+    bool all = true;
+    for (const CarriedDocument& carried : std::exchange(carried_documents, {})) {
+        all = place(carried) && all;
+    }
+    keep_documents();
+    return all;
+}
+
+void leave_carried_documents() noexcept {
+    for (const CarriedDocument& carried : std::exchange(carried_documents, {})) {
+        meal_documents[carried.slot] = carried.entry;
+        trap(
+            [&] {
+                if (files().exists(carried.ready)) files().remove(carried.ready);
+            },
+            [](const Fault&) {});
+    }
+}
+
+bool settle_carried_documents(i64 saved) noexcept {
+    bool all = true;
+    const auto work = [&] {
+        for (const std::string& name : files().list(folder(), ready_extension)) {
+            const i16 slot = slot_of_ready_name(name);
+            if (slot == 0) continue;
+            all = trap([&] { settle(slot, folder() + name, saved); }, [](const Fault&) {}) && all;
+        }
+    };
+    return trap(work, [](const Fault&) {}) && all;
 }
 
 }  // namespace tavernook

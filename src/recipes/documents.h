@@ -1,6 +1,8 @@
 // The text of a recipe: a rich-text file of its own in the folder `recipes_folder`, to which the
 // entry of `meal_documents` points. A new text is on the disk at once, before the project is saved;
-// until the save the content before it lies beside it as the ".bak" file, for a "No" to saving.
+// until the save the content before it lies beside it as the ".before" file, for a "No" to saving.
+// The text of a deleted recipe is kept as the ".bak" file until the next recipe of its slot is
+// deleted; nothing reads that one.
 //
 // What reads or writes a text lets its Fault through: the recipe manager tells of it in words of
 // its own, and does not let go of what could not be written. Names and paths are empty for a slot
@@ -66,5 +68,25 @@ void keep_documents() noexcept;
 // be called when the screens are gone, and before anything else writes into the folder. Nothing is
 // left to restore then; one box tells the first failure.
 void restore_documents() noexcept;
+
+// "Save As", while project_path is the new one already. A text that was changed since the last save
+// belongs to the new project alone.
+//
+// Before the project is written: each is copied, as ".ready", beside the file that it will have
+// under the new name, and its entry points to that. Throws what the file layer throws.
+void carry_changed_documents();
+
+// The project is on the disk: the copies go to their places, and the texts of the old project take
+// their content before back. Nothing counts as changed then. False when one could not be placed:
+// its copy stays, for settle_carried_documents, and so does the text under the old name.
+[[nodiscard]] bool place_carried_documents() noexcept;
+
+// The project could not be written: the copies go and the entries are as they were.
+void leave_carried_documents() noexcept;
+
+// At the opening of a project: places the copies that belong to the project file, which was last
+// written at `saved` (FileStamp::changed), and deletes all others of the project. With 0 none
+// belongs to it. False when one could not be placed or deleted.
+[[nodiscard]] bool settle_carried_documents(i64 saved) noexcept;
 
 }  // namespace tavernook

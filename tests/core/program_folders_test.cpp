@@ -56,6 +56,14 @@ TEST_F(ProjectName, ItsStemLacksTheLastFourCharacters) {
     EXPECT_EQ(project_stem(), "a.b");
 }
 
+TEST_F(ProjectName, TheStemIsThatOfThePathWhateverTheNameShows) {
+    set_project_path("/a/sample17.tvk");
+    project_name = "Sample17.tvk";
+    EXPECT_EQ(project_stem(), "sample17");
+    project_name.clear();
+    EXPECT_EQ(project_stem(), "sample17");
+}
+
 TEST_F(ProjectName, MayBeSetFromThePathItself) {
     set_project_path("/a/home.tvk");
     set_project_path(project_path);

@@ -122,6 +122,16 @@ void FaultyFiles::copy(const std::string& from, const std::string& to) {
     real_.copy(from, to);
 }
 
+void FaultyFiles::copy_unflushed(const std::string& from, const std::string& to) {
+    count("copy " + name_of(from) + " -> " + name_of(to));
+    real_.copy_unflushed(from, to);
+}
+
+FileStamp FaultyFiles::stamp(const std::string& path) {
+    count("stamp " + name_of(path));
+    return real_.stamp(path);
+}
+
 Date FaultyFiles::modified(const std::string& path) {
     count("modified " + name_of(path));
     return real_.modified(path);

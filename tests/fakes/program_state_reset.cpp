@@ -6,6 +6,7 @@
 #include "core/project/daily_audit.h"
 #include "core/project/previous_version.h"
 #include "core/project_data.h"
+#include "inventory/usage_files.h"
 #include "planning/planner_state.h"
 #include "recipes/documents.h"
 #include "shopping/list_rows.h"
@@ -62,6 +63,7 @@ void reset_status() {
     project_open = i16_false;
     project_modified = i16_false;
     keep_documents();
+    forget_usage_files();
     recipe_text_changed = i16_false;
     project_load_failed = i16_false;
     older_file_format = i16_false;

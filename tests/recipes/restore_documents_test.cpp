@@ -27,7 +27,7 @@ TEST_F(RestoreDocuments, AFileThatIsNewStays) {
 
 TEST_F(RestoreDocuments, WithoutAChangeNoFileIsTouched) {
     save_soup(first_text);
-    put_on_disk("home000007.bak", second_text);
+    put_on_disk("home000007.before", second_text);
     platform.files.start_over();
     restore_documents();
     EXPECT_EQ(platform.files.operations(), 0);
@@ -39,7 +39,7 @@ TEST_F(RestoreDocuments, HappensOnce) {
     store_document(soup, second_text);
     restore_documents();
     put_on_disk("home000007.rtf", third_text);
-    put_on_disk("home000007.bak", second_text);
+    put_on_disk("home000007.before", second_text);
     restore_documents();
     EXPECT_EQ(on_disk("home000007.rtf"), third_text);
 }
@@ -49,8 +49,8 @@ TEST_F(RestoreDocuments, AFailureIsToldOnceAndTheOthersGoOn) {
         put_on_disk("home00000" + std::to_string(slot) + ".rtf", first_text);
         store_document(slot, second_text);
     }
-    platform.disk.remove(in_recipes("home000007.bak"));
-    platform.disk.remove(in_recipes("home000008.bak"));
+    platform.disk.remove(in_recipes("home000007.before"));
+    platform.disk.remove(in_recipes("home000008.before"));
     platform.boxes.expect_message("Tavernook error: rt6:53. Contact Brenwyk Software.");
     restore_documents();
     EXPECT_EQ(on_disk("home000007.rtf"), second_text);
@@ -112,7 +112,7 @@ TEST_F(DocumentsOfASession, NoOnLeavingPutsTheTextBackBehindTheScreens) {
     const Steps& told = platform.transcript;
     const auto unloaded = std::find(told.begin(), told.end(), "window unload all");
     const auto restored =
-        std::find(told.begin(), told.end(), "file rename home000007.bak -> home000007.rtf");
+        std::find(told.begin(), told.end(), "file rename home000007.before -> home000007.rtf");
     EXPECT_LT(unloaded, restored);
     EXPECT_NE(restored, told.end());
 }
@@ -196,17 +196,80 @@ TEST_F(DocumentsOfASession, AFailedSaveStillLetsNoPutTheTextBack) {
     EXPECT_EQ(text(), first_text);
 }
 
-TEST_F(DocumentsOfASession, SaveAsKeepsTheTextAndTheOldName) {
+TEST_F(DocumentsOfASession, SaveAsTakesAChangedTextToTheNewNameAndPutsTheOldOneBack) {
     user_saves_as(platform.path("copy.tvk"));
-    EXPECT_EQ(meal_documents[soup], soup_entry);
-    EXPECT_EQ(recipe_text_changed, i16_false);
-    store_document(soup, third_text);
     EXPECT_EQ(meal_documents[soup], "*vk14copy000007.rtf");
+    EXPECT_EQ(stored_document(soup).bytes, second_text);
+    EXPECT_EQ(text(), first_text);
+    EXPECT_EQ(recipe_text_changed, i16_false);
+    EXPECT_EQ(platform.disk.list(in_program("recipes"), ""),
+              (Steps{"copy000007.rtf", "home000007.rtf"}));
+    store_document(soup, third_text);
     user_is_asked_to_save(Answer::no);
     mnuFile_Close();
-    EXPECT_EQ(text(), second_text);
     user_opens(platform.path("copy.tvk"));
     EXPECT_EQ(stored_document(soup).bytes, second_text);
+    user_opens(home);
+    EXPECT_EQ(stored_document(soup).bytes, first_text);
+}
+
+TEST_F(DocumentsOfASession, SaveAsLeavesATextThatWasNotChangedUnderItsOldName) {
+    mnuFile_Save();
+    user_saves_as(platform.path("copy.tvk"));
+    EXPECT_EQ(meal_documents[soup], soup_entry);
+    EXPECT_EQ(text(), second_text);
+}
+
+TEST_F(DocumentsOfASession, SaveAsTakesATextThatIsNewAlongToo) {
+    store_document(8, third_text);
+    user_saves_as(platform.path("copy.tvk"));
+    EXPECT_EQ(meal_documents[8], "*vk14copy000008.rtf");
+    EXPECT_EQ(stored_document(8).bytes, third_text);
+}
+
+TEST_F(DocumentsOfASession, ADeletedRecipesTextIsNotTakenAlong) {
+    store_document(8, third_text);
+    store_document_backup(8, third_text);
+    meal_documents[8].clear();
+    store_document_backup(soup, second_text);
+    user_saves_as(platform.path("copy.tvk"));
+    EXPECT_EQ(meal_documents[8], "");
+    EXPECT_EQ(text(), first_text);
+    EXPECT_FALSE(exists(in_program("recipes/copy000008.rtf")));
+    EXPECT_FALSE(exists(in_program("recipes/copy000007.rtf")));
+}
+
+// Projects of one stem share their files, as ever.
+TEST_F(DocumentsOfASession, SaveAsUnderTheSameNameElsewhereKeepsTheText) {
+    platform.disk.make_folder(platform.path("other"));
+    user_saves_as(platform.path("other/home.tvk"));
+    EXPECT_EQ(meal_documents[soup], soup_entry);
+    EXPECT_EQ(text(), second_text);
+    EXPECT_EQ(recipe_text_changed, i16_false);
+}
+
+TEST_F(DocumentsOfASession, AFailedSaveAsLeavesTheTextsAndTheirEntries) {
+    write_whole_file(in_program("recipes/copy000007.rtf"), third_text);
+    platform.boxes.expect_message(save_error(76));
+    user_saves_as(platform.path("nowhere/copy.tvk"));
+    expect_unsaved_change();
+    EXPECT_EQ(meal_documents[soup], soup_entry);
+    EXPECT_EQ(read_whole_file(in_program("recipes/copy000007.rtf")), third_text);
+    EXPECT_EQ(platform.disk.list(in_program("recipes"), ""),
+              (Steps{"copy000007.rtf", "home000007.before", "home000007.rtf"}));
+    user_is_asked_to_save(Answer::no);
+    mnuFile_Close();
+    EXPECT_EQ(text(), first_text);
+}
+
+TEST_F(DocumentsOfASession, ATextThatCannotBeTakenAlongFailsTheSaveAs) {
+    platform.disk.remove(document());
+    platform.boxes.expect_message(save_error(53));
+    user_saves_as(platform.path("copy.tvk"));
+    expect_open(home, "home.tvk");
+    EXPECT_EQ(meal_documents[soup], soup_entry);
+    EXPECT_EQ(project_modified, i16_true);
+    EXPECT_FALSE(exists(platform.path("copy.tvk")));
 }
 
 TEST_F(DocumentsOfASession, AnOldFormThatWasOnlyViewedAsksNothing) {

@@ -128,14 +128,14 @@ TEST_F(StoreDocument, TheOldFormMigratesWithoutMarkingTheProject) {
 TEST_F(StoreDocument, TheFirstChangeAfterASaveKeepsTheContentBefore) {
     save_soup(first_text);
     store_document(soup, second_text);
-    EXPECT_EQ(on_disk("home000007.bak"), first_text);
+    EXPECT_EQ(on_disk("home000007.before"), first_text);
     EXPECT_EQ(recipe_text_changed, i16_true);
     store_document(soup, third_text);
-    EXPECT_EQ(on_disk("home000007.bak"), first_text);
+    EXPECT_EQ(on_disk("home000007.before"), first_text);
     keep_documents();
     EXPECT_EQ(recipe_text_changed, i16_false);
     store_document(soup, first_text);
-    EXPECT_EQ(on_disk("home000007.bak"), third_text);
+    EXPECT_EQ(on_disk("home000007.before"), third_text);
 }
 
 TEST_F(StoreDocument, ANewDocumentHasNoContentBefore) {
@@ -180,7 +180,9 @@ TEST_F(StoreDocument, AProcessThatEndsAtAnyOperationLeavesTheOldOrTheNewTextWhol
                 });
                 ASSERT_EQ(status, FaultyFiles::kill_status);
                 expect_whole("home000007.rtf");
-                if (is_there("home000007.bak")) expect_whole("home000007.bak");
+                for (const char* name : {"home000007.bak", "home000007.before"}) {
+                    if (is_there(name)) expect_whole(name);
+                }
                 // What lies about does not hinder the next run.
                 reset_changes();
                 store_document(soup, third_text);
@@ -188,6 +190,23 @@ TEST_F(StoreDocument, AProcessThatEndsAtAnyOperationLeavesTheOldOrTheNewTextWhol
             }
         }
     }
+}
+
+TEST_F(StoreDocument, TheTextOfADeletedRecipeStaysUntilTheNextOneOfItsSlotIsDeleted) {
+    save_soup(first_text);
+    delete_soup();
+    meal_documents[soup].clear();
+    keep_documents();
+    store_document(soup, third_text);
+    keep_documents();
+    store_document(soup, first_text);
+    EXPECT_EQ(on_disk("home000007.bak"), second_text);
+    EXPECT_EQ(on_disk("home000007.before"), third_text);
+    restore_documents();
+    EXPECT_EQ(on_disk("home000007.rtf"), third_text);
+    EXPECT_EQ(on_disk("home000007.bak"), second_text);
+    store_document_backup(soup, first_text);
+    EXPECT_EQ(on_disk("home000007.bak"), first_text);
 }
 
 TEST_F(StoreDocument, TheBackupOfADeletedRecipeIsWrittenOver) {

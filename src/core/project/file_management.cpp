@@ -6,6 +6,7 @@
 #include "core/program_folders.h"
 #include "core/program_state.h"
 #include "core/project/audit.h"
+#include "core/project/companions.h"
 #include "core/project/previous_version.h"
 #include "core/project/project_claim.h"
 #include "core/project/recent_files.h"
@@ -16,7 +17,6 @@
 #include "core/trap.h"
 #include "inventory/lots.h"
 #include "platform/platform.h"
-#include "recipes/documents.h"
 #include "shopping/shopping_list.h"
 
 namespace tavernook {
@@ -151,15 +151,18 @@ void give_up_opening() {
 
 void open_project() {
     screens().unload_all();
-    restore_documents();
+    drop_companions();
     save_progress().load("Opening Project", "Opening Project...Please Wait");
     main_window().set_status(activity_panel, "Opening Project...");
     const std::string path = project_of_previous_version(project_path);
     if (path != project_path) set_project_path(path);
     if (!claim_project(project_path)) return give_up_opening();
+    const FileStamp found = present_stamp(project_path);
     offer_previous_version(project_path);
     if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
-    bring_screens_up(read_project());
+    const bool is_whole = read_project();
+    settle_companions(is_whole ? found : FileStamp{});
+    bring_screens_up(is_whole);
     keep_only_claim(project_path);
 }
 

@@ -3,6 +3,7 @@
 #include "basics/code_page.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
+#include "core/project/companions.h"
 #include "core/project/daily_audit.h"
 #include "core/project/file_management.h"
 #include "core/project/previous_version.h"
@@ -12,9 +13,7 @@
 #include "core/project_data.h"
 #include "core/project_file/project_file_format.h"
 #include "core/trap.h"
-#include "inventory/usage_files.h"
 #include "platform/platform.h"
-#include "recipes/documents.h"
 
 namespace tavernook {
 
@@ -89,13 +88,11 @@ bool changes_were_dropped = false;
 
 bool modified_was_saved() {
     if (!Project_Save(shown)) return false;
-    discard_usage_files();
     project_modified = i16_false;
     return true;
 }
 
 bool modified_was_dropped() {
-    discard_usage_files();
     changes_were_dropped = true;
     project_modified = i16_false;
     return true;
@@ -128,10 +125,11 @@ bool replacing_project(std::string_view procedure, Command&& command) {
 void write_new_project(const std::string& path) {
     set_project_path(path);
     screens().unload_all();
-    restore_documents();
+    drop_companions();
     reset_project_tables();
     project_open = i16_false;
     if (!Project_Save(silent)) return give_up_project();
+    settle_companions({});
     // Only now: the first file carries the version that memory had, and its item spacing.
     file_version = project_file::current_file_version;
     older_file_format = i16_false;
@@ -156,6 +154,7 @@ bool create_project() {
 void save_under(const std::string& path) {
     const std::string old_path = project_path;
     const std::string old_name = project_name;
+    const CompanionsTakenAlong taken_along;
     set_project_path(path);
     if (Project_Save(shown)) {
         project_modified = i16_false;
@@ -255,7 +254,7 @@ bool main_unload() noexcept {
         add_recent_project(project_path);
         platform_clock().wait_seconds(0.1);
         screens().unload_all();
-        restore_documents();
+        drop_companions();
         release_claims();
     });
     return true;
@@ -275,7 +274,7 @@ void project_close() noexcept {
         main_window().set_title("Tavernook");
         main_window().enable_project_menus(false);
         screens().unload_all();
-        restore_documents();
+        drop_companions();
         main_window().set_toolbar_state(1);
         release_claims();
     });

@@ -2,13 +2,12 @@
 
 #include "basics/text.h"
 #include "core/program_state.h"
+#include "core/project/companions.h"
 #include "core/project/previous_version.h"
 #include "core/project_data.h"
 #include "core/project_file/project_file_writer.h"
 #include "core/trap.h"
-#include "inventory/usage_files.h"
 #include "platform/platform.h"
-#include "recipes/documents.h"
 
 namespace tavernook {
 
@@ -75,14 +74,13 @@ void flush_project_file() {
 
 void write_project() {
     main_window().set_status(activity_panel, "Saving Project...");
+    prepare_companions();
     delete_project_file();
     write_sections_and_setup(*files().open(project_path, OpenMode::read_write));
     save_progress().hide();
     write_blocks();
     flush_project_file();
-    keep_documents();
-    commit_usage_files();
-    discard_usage_files();
+    commit_companions();
 }
 
 }  // namespace

@@ -133,8 +133,9 @@ TEST_F(SaveProject, ASaveAsThatFailsDoesNotHarmTheFileOfThatName) {
     user_opens(home);
     const int write = first_write_of_a_save();
     user_renames_store("Bakery");
-    // Two looks for the file come before the save: whether it is there, and what lies beside it.
-    platform.dialogs.expect_save("Save As", cabin).during([&] { disk_is_full_at(write + 2); });
+    // Before the save comes a look whether the file is there, what lies beside it, and whether
+    // there are histories to take along.
+    platform.dialogs.expect_save("Save As", cabin).during([&] { disk_is_full_at(write + 3); });
     platform.boxes.expect_message(save_error(61));
     mnuFile_SaveAs();
     expect_open(home, "home.tvk");
@@ -182,16 +183,6 @@ TEST_F(SaveProject, BehindALinkTheFileIsSavedAndTheLinkStays) {
     EXPECT_FALSE(std::filesystem::is_symlink(home));
     EXPECT_EQ(store_on_disk(home), "Harbour shop");
     EXPECT_EQ(project_path, home);
-}
-
-TEST_F(SaveProject, ASaveTakesTheUsageHistoryAlong) {
-    const std::string reports = in_program("reports");
-    platform.disk.make_folder(reports);
-    write_whole_file(reports + "/home000003.tmp", "moves");
-    items[3].in_use = 1;
-    mnuFile_Save();
-    EXPECT_EQ(read_whole_file(reports + "/home000003.dat"), "moves");
-    EXPECT_FALSE(exists(reports + "/home000003.tmp"));
 }
 
 }  // namespace

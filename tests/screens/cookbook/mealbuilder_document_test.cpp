@@ -1,5 +1,6 @@
 // The texts of the recipe manager and their files: nothing that was written is lost, and what
 // could not be read is never saved over.
+#include "core/program_folders.h"
 #include "rich_text/rtf_reader.h"
 #include "screens/cookbook/mealbuilder_fixture.h"
 
@@ -223,7 +224,7 @@ TEST_F(RecipeDocuments, ARenamedProjectKeepsItsOldFilesUntilTheNextSave) {
     put_document(1, plain_rtf);
     open();
     mark("1c");
-    project_name = "villa.tvk";
+    set_project_path(platform.path("villa.tvk"));
     screen().populate_tree();
     EXPECT_EQ(label("Label2"), "\\recipes\\home000001.rtf\nBarcode Name: TVK1");
     write(" Fry.");

@@ -1,0 +1,105 @@
+#include "core/project/companions.h"
+
+#include <optional>
+
+#include "core/program_folders.h"
+#include "core/project_data.h"
+#include "core/trap.h"
+#include "inventory/usage_bundle.h"
+#include "inventory/usage_files.h"
+#include "inventory/usage_leftovers.h"
+#include "platform/platform.h"
+#include "recipes/documents.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr const char* not_committed =
+    "The usage history of some items could not be saved.  The next save tries it again.";
+constexpr const char* not_taken_along =
+    "The usage history of some items could not be taken along to the new name.";
+constexpr const char* not_removed =
+    "Temporary files of the usage history could not be removed.  The next opening tries it again.";
+constexpr const char* not_settled =
+    "What the last run left of the usage history could not be cleared up.";
+constexpr const char* text_not_settled =
+    "A recipe text that was saved under this project's name could not be put in its place.";
+
+// The stem of the project that a Save As leaves.
+std::optional<std::string> stem_left;
+bool are_prepared = false;
+bool are_packed = false;
+
+void tell_unless(bool done, const char* sentence) {
+    if (done) return;
+    trap([&] { main_window().set_status(message_panel, sentence); }, [](const Fault&) {});
+}
+
+bool take_new_names() {
+    return stem_left && *stem_left != project_stem();
+}
+
+void commit_under_new_name() {
+    const bool texts_placed = place_carried_documents();
+    const bool histories_placed = unpack_usage_bundle() && are_packed;
+    are_prepared = false;
+    tell_unless(histories_placed, not_taken_along);
+    // What an earlier run may have left under the name goes; what could not be placed stays.
+    tell_unless(texts_placed && settle_carried_documents(0), text_not_settled);
+}
+
+void commit_under_the_same_name() {
+    keep_documents();
+    if (commit_usage_files()) {
+        tell_unless(discard_usage_files(), not_removed);
+    } else {
+        tell_unless(false, not_committed);  // the working copies stay for it
+    }
+}
+
+}  // namespace
+
+CompanionsTakenAlong::CompanionsTakenAlong() {
+    stem_left = project_stem();
+}
+
+CompanionsTakenAlong::~CompanionsTakenAlong() {
+    if (are_prepared) {
+        leave_carried_documents();
+        drop_usage_bundle();
+    }
+    are_prepared = false;
+    stem_left.reset();
+}
+
+void prepare_companions() {
+    if (!take_new_names()) return;
+    are_prepared = true;
+    carry_changed_documents();
+    are_packed = pack_usage_bundle(*stem_left);
+}
+
+void commit_companions() noexcept {
+    take_new_names() ? commit_under_new_name() : commit_under_the_same_name();
+}
+
+void drop_companions() noexcept {
+    restore_documents();
+    tell_unless(discard_usage_files(), not_removed);
+}
+
+FileStamp present_stamp(const std::string& path) noexcept {
+    FileStamp stamp;
+    trap([&] { stamp = files().stamp(path); }, [](const Fault&) {});
+    return stamp;
+}
+
+void settle_companions(const FileStamp& found) noexcept {
+    const bool is_the_same = found != FileStamp{} && present_stamp(project_path) == found;
+    const i64 saved = is_the_same ? found.changed : 0;
+    tell_unless(settle_usage_files(saved), not_settled);
+    tell_unless(settle_carried_documents(saved), text_not_settled);
+}
+
+}  // namespace tavernook

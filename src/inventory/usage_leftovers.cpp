@@ -1,0 +1,74 @@
+#include "inventory/usage_leftovers.h"
+
+#include <cmath>
+
+#include "core/program_folders.h"
+#include "core/project_data.h"
+#include "core/trap.h"
+#include "inventory/usage_bundle.h"
+#include "inventory/usage_files.h"
+#include "inventory/usage_history.h"
+#include "inventory/usage_names.h"
+#include "platform/platform.h"
+
+namespace tavernook {
+
+namespace {
+
+bool is_sound(std::string_view bytes) {
+    const UsageEntry entry = decode_usage(bytes).front();
+    const bool kind_is_known = entry.kind == usage_removed || entry.kind == usage_added;
+    const bool place_is_known = entry.lot_place >= 0 && entry.lot_place < lot_places;
+    return kind_is_known && place_is_known && entry.moved > 0 && std::isfinite(entry.moved) &&
+           std::isfinite(entry.amount);
+}
+
+// `saved` with one entry behind it, or one entry that is not merely the first of `saved`: that
+// would be what is left of a copy which was cut.
+bool continues(std::string_view working, std::string_view saved) {
+    if (working.size() == saved.size() + usage_entry_size) {
+        return working.starts_with(saved) && is_sound(working.substr(saved.size()));
+    }
+    return working.size() == usage_entry_size && !saved.starts_with(working) && is_sound(working);
+}
+
+bool belongs(const std::string& path, i64 saved) {
+    return files().stamp(path).changed <= saved;
+}
+
+void settle(const std::string& working, i16 item, i64 saved) {
+    if (saved != 0 && items[item].in_use != 0 && belongs(working, saved)) {
+        const std::string kept = usage_path(project_stem(), item, saved_extension);
+        if (continues(usage_bytes(working), usage_bytes(kept))) {
+            files().copy_unflushed(working, kept);
+        }
+    }
+    files().remove(working);
+}
+
+bool settle_working_copies(i64 saved) {
+    const std::string stem = project_stem();
+    bool all = true;
+    for (const std::string& name : files().list(reports_folder(), working_extension)) {
+        const auto item = item_of_usage_file(name, stem);
+        if (!item) continue;
+        all = trap([&] { settle(in_reports(name), *item, saved); }, [](const Fault&) {}) && all;
+    }
+    return all;
+}
+
+}  // namespace
+
+bool settle_usage_files(i64 saved) noexcept {
+    bool all = true;
+    forget_usage_files();
+    const bool looked = trap(
+        [&] {
+            all = settle_usage_bundle(saved);
+            all = settle_working_copies(saved) && all;
+        },
+        [](const Fault&) {});
+    return looked && all;
+}
+
+}  // namespace tavernook
