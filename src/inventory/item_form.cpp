@@ -14,16 +14,12 @@ namespace tavernook {
 
 namespace {
 
-bool lot_is_expired(const LotRecord& record, std::size_t place, Date today) {
-    return record.lot_quantity[place] > 0 && record.expiration_date[place] != 0 &&
-           std::floor(record.expiration_date[place]) < today;
-}
-
 bool holds_expired_lot(i16 item) {
-    if (row_or_none(items, item).storage_time == 0 || item > lot_table_top) return false;
-    const Date today = std::floor(platform_clock().now());
+    const ItemRecord& record = row_or_none(items, item);
+    if (record.storage_time == 0 || item > lot_table_top) return false;
+    const Date now = platform_clock().now();
     for (std::size_t place = 0; place < lot_places; ++place) {
-        if (lot_is_expired(lots[item], place, today)) return true;
+        if (lot_has_expired(record, lots[item], place, now)) return true;
     }
     return false;
 }

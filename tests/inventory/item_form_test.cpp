@@ -5,6 +5,7 @@
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
 #include "inventory/lots.h"
+#include "inventory/shelf_life.h"
 
 namespace tavernook {
 namespace {
@@ -57,6 +58,23 @@ TEST_F(ItemForm, AnItemExpiresOnTheDayAfterItsLast) {
     EXPECT_EQ(attention(), "");
     put_item(1, 0, 45400);  // does not expire
     EXPECT_EQ(attention(), "");
+}
+
+TEST_F(ItemForm, ALotHasExpiredByOneRuleForListsAndScreens) {
+    const Date now = platform.clock.time;
+    const auto expired = [now](Date when) { return lot_has_expired(items[1], lots[1], 2, when); };
+    put_item(1, 10, 45416.5);  // until 14 May
+    EXPECT_TRUE(expired(now));
+    EXPECT_TRUE(expired(45427));
+    EXPECT_FALSE(expired(45426.9));  // good on its day
+    items[1].storage_time = 0;
+    EXPECT_FALSE(expired(now));
+    items[1].storage_time = 10;
+    lots[1].lot_quantity[2] = 0;
+    EXPECT_FALSE(expired(now));
+    lots[1].lot_quantity[2] = 1;
+    lots[1].expiration_date[2] = 0;
+    EXPECT_FALSE(expired(now));
 }
 
 TEST_F(ItemForm, AnItemThatIsKeptInStockIsLowAtItsLevel) {

@@ -191,6 +191,13 @@ TEST_F(ItemUpdate, AnItemWhoseCurrentLotCannotBeReadIsEdited) {
     EXPECT_EQ(items[item].name, "Third");
     EXPECT_EQ(items[item].quantity, 40000);
     EXPECT_EQ(lots[item].lot_quantity[0], 40000);
+    values.name = "Fourth";
+    values.quantity = "40010";
+    EXPECT_TRUE(update_item(item, values));
+    EXPECT_EQ(items[item].name, "Fourth");
+    EXPECT_EQ(items[item].quantity, 40010);
+    EXPECT_EQ(lots[item].lot_quantity[1], 10);
+    EXPECT_EQ(items[item].last_restock_date, 45430.25);
 }
 
 TEST_F(ItemUpdate, FiguresBeyondSixteenBitsStopItBeforeAnythingChanges) {

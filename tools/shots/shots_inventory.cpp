@@ -253,6 +253,7 @@ void take_inventory_screens(Main& window, const TakePicture& take) {
     food_inventory()->populate_Alpha();
     food_inventory()->set_return(2);
     food_inventory()->view_item(12, i16_true);
+    part<QLineEdit>(screen, "quantity_to_add").setText(QStringLiteral("8"));
     take(QStringLiteral("FoodInventory_list_return"), window);
     food_inventory()->set_return(0);
     food_inventory()->populate_tree();

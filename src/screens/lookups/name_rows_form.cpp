@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/program_state.h"
+#include "platform/platform.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/rows_model.h"
@@ -78,7 +79,7 @@ void NameRowsForm::connect_commands() {
     connect(ui_->name_box, &QLineEdit::returnPressed, this, runs(&NameRowsForm::accept_name));
     connect(ui_->close_button, &QPushButton::clicked, this, [this] { close_screen(*this); });
     connect(ui_->name_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        if (!filling_) guarded([this] { pick(); });
+        if (!filling_) turn_to_pick();
     });
     connect(ui_->name_list, &QTreeView::activated, this, &NameRowsForm::edit_name);
     on_keys(*ui_->name_list, Qt::Key_F2, [this] { edit_name(); });
@@ -89,6 +90,7 @@ void NameRowsForm::connect_commands() {
 // --- commands ------------------------------------------------------------------------------------
 
 void NameRowsForm::new_name() {
+    if (!settle()) return;
     ui_->name_list->clearSelection();
     stop_editing();
     is_new_ = true;
@@ -138,25 +140,51 @@ void NameRowsForm::delete_names() {
     if (names_now() != before) project_modified = i16_true;
     refresh();
     if (model_->place_of(current) < 0) stand_on(std::max(0, above));
-    pick();
+    if (!has_edits()) pick();
     ui_->name_list->setFocus();
 }
 
 // What was typed and not yet accepted goes first, the screen after it.
 void NameRowsForm::escape() {
-    if (!ui_->name_box->isModified()) return close_screen(*this);
-    pick();
+    if (!has_edits()) return close_screen(*this);
+    drop_edits();
     ui_->name_list->setFocus();
 }
 
-// The list's current row among those selected goes into the box.
-void NameRowsForm::pick() {
+// A question waits until the key or the mouse button has done its work. Another selection around
+// the same row leaves the box alone.
+void NameRowsForm::turn_to_pick() {
+    if (!has_edits()) {
+        guarded([this] { pick(); });
+        return;
+    }
+    const bool is_same = !is_new_ && picked() == edited_.now();
+    if (is_same || std::exchange(is_turning_, true)) return;
+    const auto turn = [this] {
+        is_turning_ = false;
+        run([this] {
+            const RowRef wanted(kind_.table, picked());
+            if (!settle()) return mark_edited();
+            edited_ = wanted;
+            mark_edited();
+            pick();
+        });
+    };
+    QMetaObject::invokeMethod(this, turn, Qt::QueuedConnection);
+}
+
+// The list's current row among those selected.
+i16 NameRowsForm::picked() const {
     const std::vector<RowId> rows = selected_rows(*ui_->name_list, *model_);
-    if (rows.empty()) return stop_editing();
+    if (rows.empty()) return 0;
     const RowId current = current_row(*ui_->name_list, *model_);
     const bool among = std::find(rows.begin(), rows.end(), current) != rows.end();
-    const RowId picked = among ? current : *std::min_element(rows.begin(), rows.end());
-    edited_ = RowRef(kind_.table, part_of(picked, 0));
+    return part_of(among ? current : *std::min_element(rows.begin(), rows.end()), 0);
+}
+
+void NameRowsForm::pick() {
+    edited_ = RowRef(kind_.table, picked());
+    if (edited_.now() == 0) return stop_editing();
     show_edited();
 }
 
@@ -166,13 +194,50 @@ void NameRowsForm::edit_name() {
     ui_->name_box->selectAll();
 }
 
+// --- what was typed and not accepted -------------------------------------------------------------
+
+bool NameRowsForm::is_typed() const {
+    return ui_->name_box->isEnabled() && ui_->name_box->text().trimmed() != shown_.trimmed();
+}
+
+bool NameRowsForm::has_edits() const {
+    return is_typed() && (is_new_ || edited_.now() != 0);
+}
+
+bool NameRowsForm::settle() {
+    if (!has_edits()) return true;
+    const QString name = is_new_ ? ui_->name_box->text().trimmed() : shown_;
+    const QString question = is_new_ ? tr("Save the new %1 \"%2\"?").arg(kind_.one, name)
+                                     : tr("Save the changes to \"%1\"?").arg(name);
+    const Answer answer =
+        boxes().message(typed_text(question), Buttons::yes_no_cancel, typed_text(windowTitle()));
+    if (answer == Answer::cancel) return false;
+    if (answer == Answer::yes) {
+        accept_name();
+    } else {
+        drop_edits();
+    }
+    return true;
+}
+
+bool NameRowsForm::settle_edits() {
+    bool is_settled = false;
+    guarded([&] { is_settled = settle(); });
+    return is_settled;
+}
+
+void NameRowsForm::drop_edits() {
+    if (edited_.now() == 0) return stop_editing();
+    show_edited();
+}
+
 // --- what is shown -------------------------------------------------------------------------------
 
 void NameRowsForm::follow_changes() {
     if (!seen_.is_stale()) return;
     const bool was_editing = !is_new_ && edited_ != RowRef();
     refresh();
-    if (!was_editing || ui_->name_box->isModified()) return;
+    if (!was_editing || is_typed()) return;
     if (edited_.now() == 0) return stop_editing();
     show_edited();
 }
@@ -202,7 +267,7 @@ void NameRowsForm::point_at_edited() {
 void NameRowsForm::show_edited() {
     is_new_ = false;
     point_at_edited();
-    ui_->name_box->setText(shown_text(kind_.name_of(edited_.now())));
+    show_in_box(shown_text(kind_.name_of(edited_.now())));
     allow_typing(true);
     ui_->delete_button->setEnabled(true);
 }
@@ -211,9 +276,21 @@ void NameRowsForm::stop_editing() {
     edited_ = {};
     is_new_ = false;
     kind_.edit_mode = 0;
-    ui_->name_box->clear();
+    show_in_box({});
     allow_typing(false);
     ui_->delete_button->setEnabled(false);
+}
+
+void NameRowsForm::show_in_box(const QString& name) {
+    shown_ = name;
+    ui_->name_box->setText(name);
+}
+
+// What is being edited and nothing else is marked, without a pick.
+void NameRowsForm::mark_edited() {
+    filling_ = true;
+    if (!select_row(*ui_->name_list, *model_, edited_.now())) ui_->name_list->clearSelection();
+    filling_ = false;
 }
 
 void NameRowsForm::allow_typing(bool allowed) {
@@ -247,8 +324,10 @@ std::vector<std::string> NameRowsForm::names_now() const {
 }
 
 void NameRowsForm::closeEvent(QCloseEvent* event) {
-    guarded([this] { kind_.refresh_boxes(); });
-    event->accept();
+    bool may_close = false;
+    run([&] { may_close = settle(); });
+    if (may_close) guarded([this] { kind_.refresh_boxes(); });
+    event->setAccepted(may_close);
 }
 
 }  // namespace tavernook

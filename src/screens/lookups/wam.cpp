@@ -1,11 +1,14 @@
 #include "screens/lookups/wam.h"
 
+#include <QCloseEvent>
 #include <QStringListModel>
+#include <utility>
 
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "core/weights_and_measures.h"
+#include "platform/platform.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/rows_model.h"
@@ -60,7 +63,7 @@ void wam::set_up_lists() {
 
 void wam::connect_commands() {
     const auto picks = [this](const QModelIndex& row) {
-        if (!filling_ && row.isValid()) guarded([&] { pick(row.row()); });
+        if (!filling_ && row.isValid()) turn_to(part_of(lines_->row_at(row.row()), 0));
     };
     const auto edits = [this] { guarded([this] { edit_line(); }); };
     on_command(ui_->new_button, [this] { new_line(); });
@@ -82,6 +85,7 @@ void wam::connect_commands() {
 // --- commands ------------------------------------------------------------------------------------
 
 void wam::new_line() {
+    if (!settle()) return;
     is_new_ = true;
     set_fields({}, {});
     ui_->accept_button->setEnabled(true);
@@ -116,7 +120,9 @@ i16 wam::slot_to_write() {
     return slot;
 }
 
+// A new line that was typed is not the one to be deleted.
 void wam::delete_line() {
+    if (is_new_ && !settle()) return;
     const i16 slot = current_.now();
     if (slot != 0) {
         wams[slot] = {};
@@ -128,32 +134,91 @@ void wam::delete_line() {
     ui_->own_list->setFocus();
 }
 
-void wam::pick(int row) {
-    const i16 slot = part_of(lines_->row_at(row), 0);
+// A question waits until the key or the mouse button has done its work. The line that is being
+// edited stays as it was typed.
+void wam::turn_to(i16 slot) {
+    if (!has_edits()) {
+        guarded([&] { pick(slot); });
+        return;
+    }
+    const bool is_same = !is_new_ && slot == current_.now();
+    if (is_same || std::exchange(is_turning_, true)) return;
+    const auto turn = [this, wanted = RowRef(Subject::measures, slot)] {
+        is_turning_ = false;
+        run([&] {
+            if (settle()) pick(wanted.now());
+            select_line();
+        });
+    };
+    QMetaObject::invokeMethod(this, turn, Qt::QueuedConnection);
+}
+
+void wam::pick(i16 slot) {
     current_ = RowRef(Subject::measures, slot);
-    show_line(slot);
+    if (slot != 0) show_line(slot);
 }
 
 void wam::edit_line() {
     const QModelIndex row = ui_->own_list->currentIndex();
     if (!row.isValid()) return;
-    if (!is_editing()) pick(row.row());
+    if (!is_editing()) pick(part_of(lines_->row_at(row.row()), 0));
     ui_->left_field->setFocus();
     ui_->left_field->selectAll();
 }
 
 // What was typed and not yet accepted goes first, the screen after it.
 void wam::escape() {
-    if (!ui_->left_field->isModified() && !ui_->right_field->isModified()) {
-        return close_screen(*this);
-    }
-    const i16 slot = is_new_ ? i16{0} : current_.now();
-    if (slot != 0) {
-        show_line(slot);
-    } else {
-        set_fields({}, {});
-    }
+    if (!has_edits()) return close_screen(*this);
+    drop_edits();
     ui_->own_list->setFocus();
+}
+
+// --- what was typed and not accepted -------------------------------------------------------------
+
+bool wam::is_typed() const {
+    return is_editing() &&
+           (ui_->left_field->text() != left_shown_ || ui_->right_field->text() != right_shown_);
+}
+
+bool wam::has_edits() const {
+    return is_typed() && (is_new_ || current_.now() != 0);
+}
+
+bool wam::settle() {
+    if (!has_edits()) return true;
+    const QString typed = ui_->left_field->text() + QLatin1String(" = ") + ui_->right_field->text();
+    const QString question = is_new_
+                                 ? tr("Save the new measure \"%1\"?").arg(typed)
+                                 : tr("Save the changes to \"%1\"?").arg(line_text(current_.now()));
+    const Answer answer =
+        boxes().message(typed_text(question), Buttons::yes_no_cancel, typed_text(windowTitle()));
+    if (answer == Answer::cancel) return false;
+    if (answer == Answer::yes) {
+        accept_line();
+    } else {
+        drop_edits();
+    }
+    return !has_edits();
+}
+
+bool wam::settle_edits() {
+    bool is_settled = false;
+    guarded([&] { is_settled = settle(); });
+    return is_settled;
+}
+
+void wam::drop_edits() {
+    const i16 slot = is_new_ ? i16{0} : current_.now();
+    if (slot != 0) return show_line(slot);
+    is_new_ = false;
+    stop_editing();
+    show_mode();
+}
+
+void wam::closeEvent(QCloseEvent* event) {
+    bool may_close = false;
+    run([&] { may_close = settle(); });
+    event->setAccepted(may_close);
 }
 
 // --- what is shown -------------------------------------------------------------------------------
@@ -175,8 +240,7 @@ void wam::fill() {
 void wam::follow_changes() {
     if (!seen_.is_stale()) return;
     fill();
-    const bool typed = ui_->left_field->isModified() || ui_->right_field->isModified();
-    if (!is_editing() || is_new_ || typed) return;
+    if (!is_editing() || is_new_ || is_typed()) return;
     if (const i16 slot = current_.now(); slot != 0) return show_line(slot);
     stop_editing();
     show_mode();
@@ -207,6 +271,8 @@ void wam::stop_editing() {
 }
 
 void wam::set_fields(const QString& left, const QString& right) {
+    left_shown_ = left;
+    right_shown_ = right;
     ui_->left_field->setText(left);
     ui_->right_field->setText(right);
 }

@@ -9,6 +9,7 @@
 #include "core/catagories.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/string_storage.h"
 #include "inventory/item_form.h"
 #include "inventory/items.h"
 #include "platform/platform.h"
@@ -89,6 +90,7 @@ void FoodInventory::connect_commands() {
     on_command(ui_->item_toolbar_1_5, [this] { copy_item_shown(); });
     on_command(ui_->item_toolbar_1_6, [] { show_screen(QStringLiteral("StoresForm")); });
     on_command(ui_->item_toolbar_1_7, [] { show_screen(QStringLiteral("UnitsForm")); });
+    on_command(ui_->count_texts, [] { show_string_count(); });
     on_command(ui_->item_toolbar_2_1, [this] { accept(); });
     on_command(ui_->close_screen, [this] {
         if (settle_edits()) hide_screen();
@@ -106,7 +108,7 @@ void FoodInventory::connect_panes() {
     connect(&list_, &ItemListPane::insert_wanted, ui_->item_toolbar_1_1, &QAction::trigger);
     connect(&list_, &ItemListPane::delete_wanted, ui_->item_toolbar_1_4, &QAction::trigger);
     list_.set_menu({ui_->item_toolbar_1_1, ui_->item_toolbar_1_2, ui_->item_toolbar_1_5,
-                    ui_->item_toolbar_1_4});
+                    ui_->item_toolbar_1_4, ui_->count_texts});
     connect(&form_, &ItemFormPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::lots_wanted, this,
             [this] { run([this] { show_lot_view(item_.number()); }); });
@@ -146,12 +148,12 @@ void FoodInventory::follow_changes() {
 }
 
 void FoodInventory::update_commands() {
-    const bool item = item_.number() != 0;
+    const i16 item = item_.number();
     const bool catagory = list_.marked_catagory() != 0;
-    list_.set_item_on_show(item_.number());
+    list_.set_item_on_show(item);
     ui_->item_toolbar_2_1->setEnabled(item_.is_any());
-    ui_->item_toolbar_1_4->setEnabled(!is_copying_ && !item_.is_new() && (item || catagory));
-    ui_->item_toolbar_1_5->setEnabled(item);
+    ui_->item_toolbar_1_4->setEnabled(!is_copying_ && !item_.is_new() && (item != 0 || catagory));
+    ui_->item_toolbar_1_5->setEnabled(item != 0);
     hand_over_bar_.set_item(item);
     ui_->form_hint->setVisible(!item_.is_any() && list_.leaf_count() > 0);
 }
@@ -233,10 +235,10 @@ void FoodInventory::remove() {
     const i16 catagory = list_.marked_catagory();
     if (item == 0 && catagory == 0) return;
     const i16 gone = item != 0 ? delete_item(item) : delete_catagory(catagory);
-    if (gone == 0) return;
-    project_modified = i16_true;
     // The user may have closed the replacement screen.
-    if (item_.number() == 0) show_no_item();
+    if (gone == 0 || item_.number() != 0) return;
+    project_modified = i16_true;
+    show_no_item();
 }
 
 void FoodInventory::copy_item_shown() {

@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 
+#include "screens/pantry/hand_over.h"
+#include "screens/parts/guard.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/quantity_box.h"
 #include "ui_hand_over_bar.h"
@@ -41,20 +43,37 @@ HandOverBar::HandOverBar(QWidget* parent)
     ui_->setupUi(this);
     ui_->quantity_to_add->installEventFilter(this);
     connect(ui_->add_item, &QPushButton::clicked, this, &HandOverBar::handed_over);
+    connect(ui_->quantity_to_add, &QLineEdit::textChanged, this, &HandOverBar::tell_amount);
 }
 
 HandOverBar::~HandOverBar() = default;
 
 void HandOverBar::set_mode(i16 mode) {
+    mode_ = mode;
     if (mode != Mode::returns_nowhere) ui_->quantity_to_add->clear();
     ui_->add_item->setText(QLatin1String(label_of(mode)));
     ui_->add_item->setToolTip(tr(tip_of(mode)));
     ui_->add_item->setAccessibleDescription(ui_->add_item->toolTip());
     setVisible(mode != Mode::returns_nowhere);
+    tell_amount();
 }
 
-void HandOverBar::set_item(bool is_there) {
-    ui_->add_item->setEnabled(is_there);
+void HandOverBar::set_item(i16 item) {
+    item_ = item;
+    ui_->add_item->setEnabled(item != 0);
+    tell_amount();
+}
+
+// To the eye and to the ear; the list to buy works out amounts by itself.
+void HandOverBar::tell_amount() noexcept {
+    quietly([this] {
+        const bool counts = mode_ != Mode::adds_to_shopping_list;
+        const QString line = counts ? servings_text(item_, ui_->quantity_to_add->value())
+                                    : tr("The shopping list works out how much to buy.");
+        ui_->amount_line->setText(line);
+        ui_->amount_line->setToolTip(line);
+        if (ui_->quantity_to_add->readable()) ui_->quantity_to_add->setAccessibleDescription(line);
+    });
 }
 
 f64 HandOverBar::amount() {

@@ -1,5 +1,5 @@
-// What another screen wants of the item on show: how much of it, and the button that hands it over.
-// Out of sight while no screen waits.
+// What another screen wants of the item on show: how much of it, what that comes to in the unit of
+// its servings, and the button that hands it over. Out of sight while no screen waits.
 #pragma once
 
 #include <QWidget>
@@ -26,7 +26,7 @@ class HandOverBar : public QWidget {
 
     // For a screen that waits the amount is typed anew.
     void set_mode(i16 mode);
-    void set_item(bool is_there);
+    void set_item(i16 item);  // 0: none
 
     // An empty box becomes 0.
     f64 amount();
@@ -42,7 +42,11 @@ class HandOverBar : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void tell_amount() noexcept;
+
     std::unique_ptr<Ui::HandOverBar> ui_;
+    i16 item_ = 0;
+    i16 mode_ = 0;
 };
 
 }  // namespace tavernook

@@ -18,6 +18,7 @@
 #include "screens/parts/qt_dates.h"
 #include "screens/parts/quantity_box.h"
 #include "screens/parts/scan_entry.h"
+#include "screens/parts/select_on_entry.h"
 #include "screens/parts/shown_text.h"
 #include "ui_item_form_pane.h"
 
@@ -59,8 +60,8 @@ void ItemFormPane::set_up_boxes() {
     ui_->store->setModel(store_names_);
     lists.push_back(ui_->store);
     for (QComboBox* box : lists) {
-        // Completion would turn a new name into a longer one that is there already.
-        box->setCompleter(nullptr);
+        offer_names(*box);
+        select_on_entry(*box);
         box->lineEdit()->setMaxLength(name_letters);
     }
     lists.push_back(ui_->item_category);
@@ -68,6 +69,7 @@ void ItemFormPane::set_up_boxes() {
         box->setFocusPolicy(Qt::StrongFocus);
         box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
+    select_on_entry(*ui_->item_name);
     for (QWidget* box : boxes_in_order()) box->installEventFilter(this);
 }
 

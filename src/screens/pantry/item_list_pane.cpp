@@ -98,6 +98,7 @@ void ItemListPane::set_menu(const MenuCommands& commands) {
 void ItemListPane::show_menu(const QPoint& on_screen, const MenuCommands& commands) {
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("tree_menu"));
+    menu.setToolTipsVisible(true);
     menu.addActions({commands.new_item, commands.new_category});
     menu.addSeparator();
     menu.addActions({rename_action(), commands.copy, commands.remove});
@@ -107,6 +108,8 @@ void ItemListPane::show_menu(const QPoint& on_screen, const MenuCommands& comman
         entry->setEnabled(button->isEnabled());
         connect(entry, &QAction::triggered, button, &QAbstractButton::click);
     }
+    menu.addSeparator();
+    menu.addAction(commands.count_texts);
     menu.exec(on_screen);
 }
 

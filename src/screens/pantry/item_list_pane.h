@@ -40,6 +40,7 @@ class ItemListPane : public CatagoryTreePane {
         QAction* new_category;
         QAction* copy;
         QAction* remove;
+        QAction* count_texts;
     };
     void set_menu(const MenuCommands& commands);
 

@@ -2,12 +2,12 @@
 
 #include <QObject>
 #include <QStringList>
-#include <cmath>
 #include <utility>
 
 #include "basics/number_text.h"
 #include "core/project_data.h"
 #include "core/rows.h"
+#include "inventory/shelf_life.h"
 #include "platform/platform.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/qt_dates.h"
@@ -21,13 +21,6 @@ QString day_of_lot(Date date) {
     return date == 0 ? QStringLiteral("-") : shown_date(date, "MM/DD/YY");
 }
 
-// On the day itself a lot is still good.
-bool is_past_its_date(const LotRecord& record, std::size_t place) {
-    const Date date = record.expiration_date[place];
-    return date != 0 && record.lot_quantity[place] != 0 &&
-           std::floor(date) < std::floor(platform_clock().now());
-}
-
 }  // namespace
 
 LotRows::LotRows()
@@ -35,11 +28,12 @@ LotRows::LotRows()
       current_mark_(icon(QStringLiteral("lot_current"))),
       expired_mark_(icon(QStringLiteral("warning"))) {}
 
-LotRows::Line LotRows::read_line(const LotRecord& record, i16 place, const QString& unit) {
+LotRows::Line LotRows::read_line(i16 item, i16 place, const QString& unit) {
+    const LotRecord& record = lots[item];
     const auto at = static_cast<std::size_t>(place);
     Line line{};
     line.is_current = record.current_lot == place;
-    line.is_expired = is_past_its_date(record, at);
+    line.is_expired = lot_has_expired(items[item], record, at, platform_clock().now());
     QStringList notes;
     if (line.is_current) notes.append(QObject::tr("Current lot"));
     if (line.is_expired) notes.append(QObject::tr("Expired"));
@@ -58,11 +52,10 @@ LotRows::Line LotRows::read_line(const LotRecord& record, i16 place, const QStri
 void LotRows::read(i16 item) {
     std::vector<Line> lines;
     if (item != 0) {
-        const LotRecord& record = lots[item];
         const UnitRecord& unit = row_or_none(units, items[item].qty_units);
         const QString unit_name = shown_text(unit.name.right_trimmed());
         for (i16 place = 0; place < lot_places; ++place) {
-            lines.push_back(read_line(record, place, unit_name));
+            lines.push_back(read_line(item, place, unit_name));
         }
     }
     lines_ = std::move(lines);

@@ -35,7 +35,7 @@ class LotRows {
         f64 held;
         bool is_current, is_expired;
     };
-    static Line read_line(const LotRecord& record, i16 place, const QString& unit);
+    static Line read_line(i16 item, i16 place, const QString& unit);
     const Line& line(RowId row) const { return lines_.at(static_cast<std::size_t>(row - 1)); }
     QIcon mark(RowId row) const { return line(row).is_current ? current_mark_ : ordinary_mark_; }
     QIcon warning(RowId row) const { return line(row).is_expired ? expired_mark_ : QIcon(); }

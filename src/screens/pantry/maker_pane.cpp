@@ -7,6 +7,7 @@
 #include "core/string_storage.h"
 #include "inventory/items.h"
 #include "screens/pantry/form_fields.h"
+#include "screens/parts/select_on_entry.h"
 #include "screens/parts/shown_text.h"
 #include "ui_maker_pane.h"
 
@@ -33,12 +34,14 @@ std::string typed_lines(const QPlainTextEdit& edit, i16 row) {
 
 MakerPane::MakerPane(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::MakerPane>()) {
     ui_->setupUi(this);
+    for (QLineEdit* line : {ui_->manufacturer, ui_->brand}) select_on_entry(*line);
     for (QPlainTextEdit* text : {ui_->description, ui_->notes}) {
         const int frame =
             2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()));
         const int lines = text->fontMetrics().lineSpacing() * lines_of_long_texts;
         text->setMinimumHeight(lines + frame);
         text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+        select_on_entry(*text);
     }
 }
 

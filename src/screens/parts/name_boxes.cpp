@@ -1,13 +1,58 @@
 #include "screens/parts/name_boxes.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <memory>
 
+#include "screens/parts/list_parts.h"
+
 namespace tavernook {
+
+namespace {
+
+class NameCompleter : public QCompleter {
+  public:
+    explicit NameCompleter(QComboBox& box) : QCompleter(box.model(), &box), box_(box) {
+        setCompletionMode(QCompleter::PopupCompletion);
+        setCaseSensitivity(Qt::CaseInsensitive);
+        setFilterMode(Qt::MatchContains);
+    }
+
+  protected:
+    // Its list gets the keys as long as it is open.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool is_key = event->type() == QEvent::KeyPress && watched != &box_;
+        if (is_key && take_key(*static_cast<QKeyEvent*>(event))) return true;
+        return QCompleter::eventFilter(watched, event);
+    }
+
+  private:
+    bool take_key(QKeyEvent& key) {
+        if (is_enter(key) && !popup()->currentIndex().isValid()) {
+            popup()->hide();
+            QCoreApplication::sendEvent(&box_, &key);
+            return true;
+        }
+        // A name that was gone to stands in the box already.
+        if (key.matches(QKeySequence::Cancel)) box_.setEditText(completionPrefix());
+        return false;
+    }
+
+    QComboBox& box_;
+};
+
+}  // namespace
 
 void show_name(QComboBox& box, const QString& name) {
     box.setCurrentIndex(box.findText(name, Qt::MatchFixedString));
     box.setEditText(name);
+}
+
+void offer_names(QComboBox& box) {
+    box.setCompleter(new NameCompleter(box));
 }
 
 void change_list(QStringListModel& list, const QStringList& names,

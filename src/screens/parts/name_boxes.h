@@ -32,6 +32,11 @@ QString name_in(const Rows& table, i16 row) {
 
 void show_name(QComboBox& box, const QString& name);
 
+// While one types, the names of the box's list in which that stands are offered below it, capitals
+// or not. What was typed is never altered: only a name that is chosen there takes its place. Enter
+// without a choice is Enter in the box, and Esc brings back what was typed.
+void offer_names(QComboBox& box);
+
 // A new list empties the boxes over it, which therefore get their texts back.
 void change_list(QStringListModel& list, const QStringList& names,
                  const std::vector<QComboBox*>& over);

@@ -1,11 +1,11 @@
 #include "screens/parts/quantity_box.h"
 
 #include <QAction>
-#include <QFocusEvent>
 
 #include "basics/number_text.h"
 #include "inventory/item_form.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/select_on_entry.h"
 #include "screens/parts/shown_text.h"
 
 namespace tavernook {
@@ -14,6 +14,7 @@ QuantityBox::QuantityBox(QWidget* parent)
     : QLineEdit(parent),
       warning_(new QAction(icon(QStringLiteral("warning")), tr("This is not a number."), this)) {
     setAlignment(Qt::AlignRight);
+    select_on_entry(*this);
     connect(this, &QLineEdit::textChanged, this, &QuantityBox::mark);
 }
 
@@ -82,23 +83,6 @@ QSize QuantityBox::sizeHint() const {
 }
 QSize QuantityBox::minimumSizeHint() const {
     return size_for(6);
-}
-
-void QuantityBox::focusInEvent(QFocusEvent* event) {
-    QLineEdit::focusInEvent(event);
-    if (event->reason() == Qt::MouseFocusReason) {
-        select_on_release_ = true;
-    } else if (event->reason() != Qt::PopupFocusReason &&
-               event->reason() != Qt::ActiveWindowFocusReason) {
-        selectAll();
-    }
-}
-
-// A click into the box selects all, too, unless it drew a selection of its own.
-void QuantityBox::mouseReleaseEvent(QMouseEvent* event) {
-    QLineEdit::mouseReleaseEvent(event);
-    if (select_on_release_ && !hasSelectedText()) selectAll();
-    select_on_release_ = false;
 }
 
 }  // namespace tavernook

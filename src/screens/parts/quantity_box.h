@@ -1,6 +1,6 @@
 // A box for one number. It takes "1.5" and "1,5", with or without a unit behind it, and marks what
-// it cannot read. A number that the user did not touch stays what it was, however it is rounded on
-// show.
+// it cannot read. Its text is selected on entry. A number that the user did not touch stays what it
+// was, however it is rounded on show.
 #pragma once
 
 #include <QLineEdit>
@@ -40,10 +40,6 @@ class QuantityBox : public QLineEdit {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-  protected:
-    void focusInEvent(QFocusEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-
   private:
     void show_untouched(f64 value, const std::string& text);
     void mark();
@@ -53,7 +49,6 @@ class QuantityBox : public QLineEdit {
     QString shown_;
     QString purpose_;  // the tooltip while all is well
     QAction* warning_;
-    bool select_on_release_ = false;
 };
 
 }  // namespace tavernook

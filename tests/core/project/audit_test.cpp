@@ -291,6 +291,18 @@ TEST_F(AuditFailure, ALotBeyond16BitsIsToldAndTheAuditGoesOn) {
     expect_all_but_slot_2s_honey();
 }
 
+TEST_F(AuditFailure, BehindALotBeyond16BitsTheNextItemOfTheDayIsTaken) {
+    items[9].serving_size = 1;
+    fill_lots(9, 40000);
+    add_food(20, "Sugar", 1, 1, 3);
+    plan_item(2, 4, 20, 1);
+    platform.boxes.expect_message(module_error(6));
+    audit_inventory();
+    EXPECT_EQ(items[9].quantity, 40000);
+    EXPECT_EQ(items[20].quantity, 2);
+    expect_all_but_slot_2s_honey();
+}
+
 TEST_F(AuditFailure, EntriesThatNameNothingLiveTakeNothing) {
     items[9].serving_size = 1;
     add_food(20, "Gone", 1, 1, 3);

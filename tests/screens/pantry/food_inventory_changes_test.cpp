@@ -6,9 +6,11 @@
 
 #include "core/changes.h"
 #include "core/project_data.h"
+#include "gui_support/modal_driver.h"
 #include "inventory/replacement.h"
 #include "screens/pantry/food_inventory_fixture.h"
 #include "screens/parts/guard.h"
+#include "support/table_snapshot.h"
 
 namespace tavernook {
 namespace {
@@ -350,6 +352,34 @@ TEST_F(ItemThatChanges, ADeletedItemIsNotCopied) {
     EXPECT_EQ(project_modified, i16_false);
 }
 
+// --- that was to be replaced -----------------------------------------------------------------
+
+TEST_F(ItemThatChanges, AReplacementThatIsCancelledChangesNothing) {
+    meals[1].in_use = 1;
+    meals[1].name = "Soup";
+    meals[1].ingredient_item[1] = 1;
+    end_of_step();
+    enter("cost", "4");
+    project_modified = i16_false;
+    const TableSnapshot before;
+    platform.replace_item.chosen = [this](i16 row, i16 type) {
+        when_modal<QDialog>([](QDialog& dialog) { dialog.reject(); });
+        replacement.ask_replacement(row, type);
+    };
+    for (const bool by_port : {false, true}) {
+        platform.boxes.expect_message(
+            "Press YES to select a replacement ITEM or press NO to cancel the delete. This item is "
+            "used by MEAL:Soup,",
+            Answer::yes);
+        by_port ? screen().delete_food_item() : command("item_toolbar_1_4");
+        EXPECT_EQ(TableSnapshot().difference(before), "");
+        EXPECT_EQ(project_modified, i16_false);
+        EXPECT_EQ(screen().getindex(), 1);
+        EXPECT_EQ(text("cost"), "4");
+        EXPECT_EQ(marked(), "c1");
+    }
+}
+
 // --- that a damaged file has made ------------------------------------------------------------
 
 TEST_F(ItemThatChanges, ADateThatNoCalendarHasIsShownAsNone) {
@@ -365,6 +395,31 @@ TEST_F(ItemThatChanges, ADateThatNoCalendarHasIsShownAsNone) {
     accept();
     EXPECT_EQ(items[2].cost, 4);
     EXPECT_EQ(items[1].cost, 0);
+}
+
+// Whatever stops the form half way: neither item is on show then, and neither gets the other's
+// fields.
+TEST_F(ItemThatChanges, AnItemThatCannotBeShownWholeLeavesNothingOnShow) {
+    items[2].cost = 7;
+    end_of_step();
+    const ItemRecord rice = items[1];
+    const ItemRecord salt = items[2];
+    QObject::connect(&part<QLineEdit>("cost"), &QLineEdit::textChanged, &screen(),
+                     [](const QString& shown) {
+                         if (shown == "7.00") throw Fault(fault_number::overflow);
+                     });
+    enter("notes", "mine");
+    platform.boxes.expect_message("Save the changes to \"Rice\"?", Answer::no);
+    platform.boxes.expect_message("Error in item inventory mousedown: Overflow");
+    choose_row("c2");
+    expect_nothing_on_show();
+    screen().accept_item(false);
+    accept();
+    EXPECT_EQ(items[1], rice);
+    EXPECT_EQ(items[2], salt);
+    choose_row("c1");
+    EXPECT_EQ(text("item_name"), "Rice");
+    EXPECT_EQ(screen().getindex(), 1);
 }
 
 TEST_F(ItemThatChanges, AFigureThatNoWholeNumberFitsKeepsNobodyFromAccepting) {

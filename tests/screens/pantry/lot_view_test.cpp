@@ -1,6 +1,7 @@
 // The lots of an item on their screen.
 #include <QCalendarWidget>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QTableView>
 #include <limits>
 
@@ -411,6 +412,40 @@ TEST_F(LotViewScreen, ADateThatNoCalendarHasIsShownAsNone) {
     EXPECT_EQ(column(list(), 3)[8], "");
 }
 
+TEST_F(LotViewScreen, ADateThatNoCalendarHasMixesNoTwoItems) {
+    items[4].in_use = 1;
+    items[4].name = "Bread";
+    init_lot_record(4);
+    lots[4].lot_quantity[1] = 7;
+    lots[4].creation_date[1] = std::numeric_limits<f64>::quiet_NaN();
+    lots[4].expiration_date[3] = -1e300;
+    lots[4].lot_name[2] = "Freezer";
+    open_lots();
+    open_lots(4);
+    EXPECT_EQ(screen->windowTitle(), "Lot View - Bread");
+    ASSERT_EQ(list().model()->rowCount(), 16);
+    for (int row = 0; row < 16; ++row) {
+        EXPECT_EQ(column(list(), 2)[row], row == 1 ? "7" : "0") << row;
+        EXPECT_TRUE(column(list(), 1)[row] == "-" || row == 1) << row;
+        EXPECT_TRUE(column(list(), 3)[row] == "-" || row == 3) << row;
+        EXPECT_EQ(column(list(), 4)[row], row == 0 ? "Current lot" : "") << row;
+    }
+    EXPECT_EQ(column(list())[2], "Freezer");
+}
+
+TEST_F(LotViewScreen, WhatDoesNotExpireIsNowhereExpired) {
+    items[3].storage_time = 0;
+    open_lots();
+    EXPECT_EQ(column(list(), 4)[0], "");
+    EXPECT_TRUE(list().model()->index(0, 4).data(Qt::DecorationRole).value<QIcon>().isNull());
+    items[3].storage_time = 1;
+    end_of_step();
+    EXPECT_EQ(column(list(), 4)[0], "Expired");
+    lots[3].lot_quantity[0] = -1;  // no stock
+    end_of_step();
+    EXPECT_EQ(column(list(), 4)[0], "");
+}
+
 TEST_F(LotViewScreen, AnItemThatHasGoneIsLeftAlone) {
     open_lots();
     items[3].in_use = 0;
@@ -470,6 +505,26 @@ TEST_F(LotViewOfAChangingItem, ItIsRenamedWithIt) {
     end_of_step();
     EXPECT_EQ(screen->parentWidget()->windowTitle(), "Lot View - Whole milk");
     EXPECT_EQ(column(list(), 2)[2], "4 Quart");
+}
+
+TEST_F(LotViewOfAChangingItem, ItIsRenamedOnTheItemScreen) {
+    open_lots();
+    show_screen("FoodInventory");
+    food_inventory()->view_item(3, 0);
+    QWidget& items_screen = *window.registry().loaded("FoodInventory");
+    items_screen.findChild<QLineEdit*>("item_name")->setText("Skimmed milk");
+    items_screen.findChild<QAction*>("item_toolbar_2_1")->trigger();
+    EXPECT_EQ(screen->windowTitle(), "Lot View - Skimmed milk");
+    EXPECT_EQ(screen->parentWidget()->windowTitle(), "Lot View - Skimmed milk");
+}
+
+TEST_F(LotViewOfAChangingItem, ItGoesWhenItsItemIsDeletedOnTheItemScreen) {
+    open_lots();
+    show_screen("FoodInventory");
+    food_inventory()->view_item(3, 0);
+    food_inventory()->delete_food_item();
+    end_of_step();
+    expect_gone();
 }
 
 TEST_F(LotViewOfAChangingItem, ItGoesWithIt) {
