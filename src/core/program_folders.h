@@ -10,7 +10,7 @@ namespace tavernook {
 std::string in_program_folder(std::string_view name) noexcept;
 
 // The project file's name less its last four characters: it prefixes the names of the project's
-// own files in the folders of the program.
+// own files in the folders of the program, and is shortened where those would be too long to make.
 std::string project_stem() noexcept;
 
 // Sets project_path and, from its last part, project_name.

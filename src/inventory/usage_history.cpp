@@ -4,6 +4,7 @@
 
 #include "basics/byte_codec.h"
 #include "basics/number_text.h"
+#include "core/file_rights.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
 #include "core/rows.h"
@@ -23,6 +24,7 @@ void write_move(i16 item, const UsageEntry& entry) {
     const std::string saved = usage_path(item, ".dat");
     const std::string working = usage_path(item, ".tmp");
     const bool has_saved = files().exists(saved);
+    if (!has_saved && !files().exists(working)) make_with_rights_of(project_path, working);
     if (has_saved && !files().exists(working)) files().copy(saved, working);
     const i64 saved_length = has_saved ? files().open(saved, OpenMode::read)->length() : 0;
     // One byte is left out in front of the record; together they are the entry.
