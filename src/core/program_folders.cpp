@@ -1,5 +1,6 @@
 #include "core/program_folders.h"
 
+#include "basics/file_names.h"
 #include "basics/text.h"
 #include "core/project_data.h"
 #include "platform/platform.h"
@@ -11,8 +12,10 @@ std::string in_program_folder(std::string_view name) noexcept {
 }
 
 std::string project_stem() noexcept {
+    constexpr std::size_t behind_it = 10;  // six digits and an extension
     const std::string name(file_name_part(project_path));
-    return name.size() > 4 ? name.substr(0, name.size() - 4) : std::string();
+    const std::size_t kept = name.size() > 4 ? name.size() - 4 : 0;
+    return shortened_stem(name.substr(0, kept), longest_file_name - behind_it);
 }
 
 void set_project_path(const std::string& path) noexcept {

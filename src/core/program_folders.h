@@ -10,7 +10,8 @@ namespace tavernook {
 std::string in_program_folder(std::string_view name) noexcept;
 
 // The file name in project_path less its last four characters, whatever project_name shows: it
-// prefixes the names of the project's own files in the folders of the program.
+// prefixes the names of the project's own files in the folders of the program, and is shortened
+// where those would be too long to make.
 std::string project_stem() noexcept;
 
 // Sets project_path and, from its last part, project_name.

@@ -1,6 +1,8 @@
 #include "core/replace_file.h"
 
+#include "basics/file_names.h"
 #include "basics/text.h"
+#include "core/file_rights.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -22,11 +24,16 @@ void remove_left_over(const std::string& path) {
 
 }  // namespace
 
-void replace_file(const std::string& path, std::string_view bytes) {
+void replace_file(const std::string& path, std::string_view bytes, const std::string& bound) {
     files().make_folder(folder_of(path));
-    const std::string fresh = path + ".new";
+    const std::string fresh = path_with_ending(path, ".new");
     if (files().exists(fresh)) files().remove(fresh);
     try {
+        if (files().exists(path)) {
+            make_successor_of(path, fresh);
+        } else {
+            make_with_rights_of(bound, fresh);
+        }
         write_flushed(fresh, bytes);
         files().rename(fresh, path);
     } catch (...) {

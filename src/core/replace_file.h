@@ -6,8 +6,9 @@
 
 namespace tavernook {
 
-// Replaces the file in one step, and makes it and its folder where they are missing. Throws what
-// the file layer throws; an older file is as it was then.
-void replace_file(const std::string& path, std::string_view bytes);
+// Replaces the file in one step, and makes it and its folder where they are missing. An older file
+// keeps its rights and extended attributes; a new one is open to those only to whom `bound` is, if
+// there is such a file. Throws what the file layer throws; an older file is as it was then.
+void replace_file(const std::string& path, std::string_view bytes, const std::string& bound = {});
 
 }  // namespace tavernook

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "basics/byte_codec.h"
+#include "core/file_rights.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
 #include "core/replace_file.h"
@@ -72,6 +73,7 @@ std::optional<Histories> histories_in(std::string_view bundle) {
 void put_history(i16 item, const std::string& bytes) {
     const std::string working = usage_path(project_stem(), item, working_extension);
     remove_if_there(working);
+    make_with_rights_of(project_path, working);
     files().open(working, OpenMode::read_write)->write(0, bytes);
     files().rename(working, usage_path(project_stem(), item, saved_extension));
 }

@@ -3,6 +3,7 @@
 #include <set>
 #include <utility>
 
+#include "core/file_rights.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
 #include "core/trap.h"
@@ -52,6 +53,7 @@ void start_working_copy(const WorkingCopy& copy, i64 saved) {
         files().copy_unflushed(usage_path(copy.stem, copy.item, saved_extension), working);
     } else {
         remove_if_there(working);
+        make_with_rights_of(project_path, working);
     }
     working_copies.insert(copy);
 }

@@ -2,18 +2,23 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 #include <utility>
 
 #include "basics/fault.h"
 #include "basics/text.h"
+#include "platform_disk/attributes.h"
+#include "platform_disk/descriptor.h"
 #include "platform_disk/disk_fault.h"
+#include "platform_disk/temporary_file.h"
 
 namespace tavernook {
 
@@ -23,38 +28,10 @@ static_assert(sizeof(off_t) == sizeof(i64), "offsets are 64-bit numbers");
 
 constexpr std::size_t copy_buffer_size = 256 * 1024;
 
-// Repeats a system call for as long as a signal interrupts it.
-template <typename Call>
-auto uninterrupted(Call call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR) result = call();
-    return result;
-}
-
 // A byte 0 would end the path early and so name another file.
 const char* system_path(const std::string& path) {
     if (path.find('\0') != std::string::npos) throw Fault(fault_number::path_file_access_error);
     return path.c_str();
-}
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    Descriptor& operator=(Descriptor&&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    int number() const { return number_; }
-
-  private:
-    int number_;
-};
-
-struct stat facts_of(const Descriptor& file, const std::string& path) {
-    struct stat facts {};
-    if (::fstat(file.number(), &facts) != 0) throw_disk_fault(errno, path);
-    return facts;
 }
 
 Descriptor open_descriptor(const std::string& path, int flags) {
@@ -130,32 +107,6 @@ class DiskFile final : public File {
     std::string path_;
 };
 
-// A new file of a name of its own, gone again with this object unless it is renamed.
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const std::string& folder)
-        : path_(folder + "/.tavernook-XXXXXX"), file_(::mkostemp(path_.data(), O_CLOEXEC)) {
-        if (file_.number() < 0) throw_disk_fault(errno, path_);
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        if (!renamed_) ::unlink(path_.c_str());
-    }
-
-    void rename_to(const std::string& path) {
-        if (::rename(path_.c_str(), path.c_str()) != 0) throw_disk_fault(errno, path);
-        renamed_ = true;
-    }
-    const Descriptor& file() const { return file_; }
-    const std::string& path() const { return path_; }
-
-  private:
-    std::string path_;
-    Descriptor file_;
-    bool renamed_ = false;
-};
-
 void copy_bytes(const Descriptor& from, const std::string& from_path, const TemporaryFile& to) {
     std::string buffer(copy_buffer_size, '\0');
     i64 offset = 0;
@@ -167,16 +118,37 @@ void copy_bytes(const Descriptor& from, const std::string& from_path, const Temp
     }
 }
 
-void copy_file(const std::string& from, const std::string& to, bool flushed) {
+// What a copy over another file keeps, and what a new one takes.
+void give_attributes(const std::string& from, const std::string& to, const TemporaryFile& copied) {
+    struct stat facts {};
+    const bool replaces = ::stat(to.c_str(), &facts) == 0;
+    const std::string& model = replaces ? to : from;
+    take_rights(model, copied.path());
+    take_extended_attributes(model, copied.path());
+    if (!replaces) let_owner_write(copied.path());
+}
+
+enum class Flush { no, yes };
+
+void copy_file(const std::string& from, const std::string& to, Flush flush) {
     system_path(to);
     const Descriptor source = open_plain_file(from, O_RDONLY);
     TemporaryFile copied(folder_of(to));
     copy_bytes(source, from, copied);
-    // File systems without permissions refuse this, which harms nothing.
-    const mode_t permissions = (facts_of(source, from).st_mode & 0777) | S_IWUSR;
-    (void)::fchmod(copied.file().number(), permissions);
-    if (flushed) flush_bytes(copied.file(), copied.path());
+    give_attributes(from, to, copied);
+    if (flush == Flush::yes) flush_bytes(copied.file(), copied.path());
     copied.rename_to(to);
+}
+
+// Some file systems number their files anew whenever they look at one.
+bool keeps_numbers(const std::string& path) {
+    struct statfs facts {};
+    if (::statfs(path.c_str(), &facts) != 0) return false;
+    const auto kind = static_cast<std::uint64_t>(facts.f_type);
+    constexpr std::uint64_t fat = 0x4d44;
+    constexpr std::uint64_t exfat = 0x2011bab0;
+    constexpr std::uint64_t fuse = 0x65735546;
+    return kind != fat && kind != exfat && kind != fuse;
 }
 
 class OpenFolder {
@@ -252,11 +224,26 @@ void DiskFiles::rename(const std::string& from, const std::string& to) {
 }
 
 void DiskFiles::copy(const std::string& from, const std::string& to) {
-    copy_file(from, to, true);
+    copy_file(from, to, Flush::yes);
 }
 
 void DiskFiles::copy_unflushed(const std::string& from, const std::string& to) {
-    copy_file(from, to, false);
+    copy_file(from, to, Flush::no);
+}
+
+void DiskFiles::copy_attributes(const std::string& from, const std::string& to) noexcept {
+    struct stat facts {};
+    if (::stat(from.c_str(), &facts) != 0) return;
+    constexpr mode_t for_the_owner = 0600;
+    const Descriptor made(
+        ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, for_the_owner));
+    take_rights(from, to);
+    if (made.number() < 0) take_extended_attributes(from, to);
+}
+
+bool DiskFiles::is_write_protected(const std::string& path) {
+    struct stat facts {};
+    return ::stat(system_path(path), &facts) == 0 && (facts.st_mode & 0222) == 0;
 }
 
 FileStamp DiskFiles::stamp(const std::string& path) {
@@ -265,8 +252,13 @@ FileStamp DiskFiles::stamp(const std::string& path) {
         if (errno == ENOENT || errno == ENOTDIR) return {};
         throw_disk_fault(errno, path);
     }
-    const i64 changed = facts.st_mtim.tv_sec * i64{1000000000} + facts.st_mtim.tv_nsec;
-    return {static_cast<i64>(facts.st_ino), facts.st_size, changed};
+    constexpr i64 second = 1'000'000'000;
+    return {keeps_numbers(path) ? static_cast<i64>(facts.st_ino) : 0, facts.st_size,
+            facts.st_mtim.tv_sec * second + facts.st_mtim.tv_nsec};
+}
+
+void DiskFiles::remove_left_over(const std::string& folder) noexcept {
+    remove_left_over_files(folder);
 }
 
 Date DiskFiles::modified(const std::string& path) {

@@ -26,11 +26,23 @@ class DiskFiles : public Files {
     void rename(const std::string& from, const std::string& to) override;
 
     // The copy is made beside the target, flushed and renamed over it: a failure leaves the old
-    // target and nothing else. Permissions are those of `from`, with the owner's right to write.
+    // target and nothing else. It keeps the attributes of the target; a new file takes those of
+    // `from`, with the owner's right to write.
     void copy(const std::string& from, const std::string& to) override;
     void copy_unflushed(const std::string& from, const std::string& to) override;
 
+    // A missing `to` is made empty, and open to nobody else before it has its rights; extended
+    // attributes go to a file only that was there. A missing `from` changes nothing.
+    void copy_attributes(const std::string& from, const std::string& to) noexcept override;
+
+    // True for the files of which root may write all the same.
+    bool is_write_protected(const std::string& path) override;
+
+    // The node is left 0 on file systems that do not keep it (FAT, those in user space).
     FileStamp stamp(const std::string& path) override;
+
+    // Files that a running program is copying stay.
+    void remove_left_over(const std::string& folder) noexcept override;
 
     // Local time, whole seconds.
     Date modified(const std::string& path) override;

@@ -1,9 +1,14 @@
 #include "platform_qt/qt_project_lock.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QSysInfo>
 #include <algorithm>
 
+#include "basics/code_page.h"
+#include "basics/file_names.h"
 #include "platform_qt/qt_text.h"
 
 namespace tavernook {
@@ -20,9 +25,12 @@ QString project_of(const std::string& path) {
     return QDir::cleanPath(given.absoluteFilePath());
 }
 
+// While a stale lock goes, there is for a moment another file of this name with ".rmlock" behind it.
 QString lock_path(const QString& project) {
+    constexpr std::size_t behind_it = 7;
     const QFileInfo info(project);
-    return QStringLiteral("%1/.%2.lock").arg(info.path(), info.fileName());
+    const QString hidden = QStringLiteral("%1/.%2").arg(info.path(), info.fileName());
+    return path_to_qstring(path_with_ending(qstring_to_path(hidden), ".lock", behind_it));
 }
 
 enum class Outcome { locked, elsewhere, impossible };
@@ -40,6 +48,30 @@ bool removes_unreadable_lock(QLockFile& lock) {
     return !lock.getLockInfo(&process, &host, &program) && lock.removeStaleLockFile();
 }
 
+// The lock file's fourth line; empty where it cannot be told.
+QByteArray machine_number_in(const QString& lock_file) {
+    QFile file(lock_file);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    constexpr int most_bytes = 4096;
+    const QList<QByteArray> lines = file.read(most_bytes).split('\n');
+    return lines.value(3).trimmed();
+}
+
+// Machines have a number of their own; their names may be alike, or change.
+bool is_of_this_machine(const QString& lock_file, const QString& host) {
+    const QByteArray number = machine_number_in(lock_file);
+    const QByteArray own = QSysInfo::machineUniqueId();
+    if (!number.isEmpty() && !own.isEmpty()) return number == own;
+    return host.isEmpty() || host == QSysInfo::machineHostName();
+}
+
+Date date_of(const QDateTime& moment) {
+    const QDate date = moment.date();
+    const QTime time = moment.time();
+    return date_from_moment({date.year(), date.month(), date.day()},
+                            {time.hour(), time.minute(), time.second()});
+}
+
 Outcome take(QLockFile& lock) {
     lock.setStaleLockTime(0);
     if (lock.tryLock(0)) return Outcome::locked;
@@ -51,9 +83,21 @@ Outcome take(QLockFile& lock) {
 }  // namespace
 
 bool QtProjectLock::acquire(const std::string& project_path) {
+    return hold(project_path, Others::respected);
+}
+
+bool QtProjectLock::take_over(const std::string& project_path) {
+    return hold(project_path, Others::swept_away);
+}
+
+bool QtProjectLock::hold(const std::string& project_path, Others others) {
     const QString project = project_of(project_path);
     if (held_.count(project) == 0) {
         auto lock = std::make_unique<QLockFile>(lock_path(project));
+        // Of no avail while a program holds it that this machine can see.
+        if (others == Others::swept_away && holder_elsewhere(project_path)) {
+            lock->removeStaleLockFile();
+        }
         const Outcome outcome = take(*lock);
         if (outcome == Outcome::elsewhere) return false;
         if (outcome == Outcome::impossible) lock.reset();
@@ -61,6 +105,17 @@ bool QtProjectLock::acquire(const std::string& project_path) {
     }
     known_.insert_or_assign(project_path, project);
     return true;
+}
+
+std::optional<LockHolder> QtProjectLock::holder_elsewhere(const std::string& project_path) {
+    const QString file = lock_path(project_of(project_path));
+    qint64 process = 0;
+    QString host;
+    QString program;
+    if (!QLockFile(file).getLockInfo(&process, &host, &program)) return {};
+    if (is_of_this_machine(file, host)) return {};
+    return LockHolder{text_from_utf8(qstring_to_path(host)),
+                      date_of(QFileInfo(file).lastModified())};
 }
 
 void QtProjectLock::release(const std::string& project_path) {

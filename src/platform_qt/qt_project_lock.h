@@ -4,6 +4,7 @@
 #include <QLockFile>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/project_lock.h"
@@ -14,9 +15,14 @@ namespace tavernook {
 class QtProjectLock : public ProjectLock {
   public:
     bool acquire(const std::string& project_path) override;
+    std::optional<LockHolder> holder_elsewhere(const std::string& project_path) override;
+    bool take_over(const std::string& project_path) override;
     void release(const std::string& project_path) override;
 
   private:
+    enum class Others { respected, swept_away };
+    bool hold(const std::string& project_path, Others others);
+
     // Nothing behind a path where no lock could be made.
     std::map<QString, std::unique_ptr<QLockFile>> held_;
 

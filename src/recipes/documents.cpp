@@ -1,13 +1,13 @@
 #include "recipes/documents.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "basics/code_page.h"
+#include "basics/file_names.h"
 #include "basics/text.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
@@ -58,15 +58,6 @@ bool is_old_form(std::string_view entry) {
     return trim_left(entry).starts_with(rich_text_start);
 }
 
-// FNV-1a: the same for a name at all times and on all systems.
-std::string name_number(std::string_view name) {
-    std::uint32_t hash = 2166136261u;
-    for (const char letter : name) {
-        hash = (hash ^ static_cast<unsigned char>(letter)) * 16777619u;
-    }
-    return std::to_string(hash);
-}
-
 // Text. "?" would stand for any character outside the code page, so that projects of different
 // names would share their documents.
 std::string document_stem() {
@@ -74,7 +65,9 @@ std::string document_stem() {
     std::string text = text_from_utf8(stem);
     if (utf8_from_text(text) == stem) return text;
     std::replace(text.begin(), text.end(), '?', '_');
-    return text + "~" + name_number(stem);
+    const std::string mark = "~" + name_number(stem);
+    while (utf8_from_text(text).size() + mark.size() + 10 > longest_file_name) text.pop_back();
+    return text + mark;
 }
 
 bool is_slot(i16 slot) {
@@ -129,7 +122,7 @@ void require_readable_length(std::string_view rich_text) {
 }
 
 void replace_document(const std::string& path, std::string_view bytes) {
-    replace_file(path, bytes);
+    replace_file(path, bytes, project_path);
     files().flush_folder(folder_of(path));
 }
 
@@ -152,6 +145,9 @@ void keep_content_before(i16 slot, const std::string& path) {
         return;
     }
     const std::string before = path_of(name_for(slot, before_extension));
+    // An older file of that name would keep its own rights, and hand them to the text when that
+    // goes back.
+    if (files().exists(before)) files().copy_attributes(path, before);
     files().copy(path, before);
     files().flush_folder(folder_of(path));
     changed_documents.push_back({slot, path, before});
@@ -258,6 +254,7 @@ void store_document(i16 slot, std::string_view rich_text) {
     std::string& entry = entry_at(slot);
     require_readable_length(rich_text);
     const std::string path = new_document_path(slot);
+    if (files().is_write_protected(path)) throw Fault(fault_number::permission_denied);
     make_folder();
     keep_content_before(slot, path);
     if (!is_old_form(entry)) project_modified = i16_true;

@@ -129,9 +129,16 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
     if (expected->exclaims && !exclaims) {
         report(*expected, shown, "\n  without the exclamation icon");
     }
-    if (expected->while_open) expected->while_open();
+    run_what_comes_meanwhile(*expected);
     const bool answers = expected->kind == ExpectedBox::Kind::message;
     return answers && possible(expected->answer, buttons) ? expected->answer : closed(buttons);
+}
+
+void FakeBoxes::run_what_comes_meanwhile(const ExpectedBox& box) {
+    if (!box.while_open) return;
+    ++open_;
+    box.while_open();
+    --open_;
 }
 
 void FakeBoxes::warning(std::string_view text, std::string_view title) {
@@ -148,7 +155,7 @@ std::optional<std::string> FakeBoxes::input(std::string_view prompt, std::string
     report(*expected, shown,
            input_differences(*expected, std::string(prompt), std::string(title),
                              std::string(initial)));
-    if (expected->while_open) expected->while_open();
+    run_what_comes_meanwhile(*expected);
     return expected->typed;
 }
 

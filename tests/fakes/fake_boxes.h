@@ -85,10 +85,16 @@ class FakeBoxes : public Boxes {
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 
+    // While `during` of a box runs.
+    bool is_open() override { return open_ > 0; }
+
     CallLog log;
 
   private:
     Script<ExpectedBox> script_;
+    void run_what_comes_meanwhile(const ExpectedBox& box);
+
+    int open_ = 0;
     bool warns_ = false;  // the box being asked came through warning()
 };
 

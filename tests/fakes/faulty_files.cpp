@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "basics/fault.h"
 #include "basics/text.h"
 
 namespace tavernook {
@@ -123,13 +124,35 @@ void FaultyFiles::copy(const std::string& from, const std::string& to) {
 }
 
 void FaultyFiles::copy_unflushed(const std::string& from, const std::string& to) {
-    count("copy " + name_of(from) + " -> " + name_of(to));
+    count("copy_unflushed " + name_of(from) + " -> " + name_of(to));
     real_.copy_unflushed(from, to);
+}
+
+// What can tell of no failure is then left undone.
+void FaultyFiles::copy_attributes(const std::string& from, const std::string& to) noexcept {
+    try {
+        count("copy_attributes " + name_of(from) + " -> " + name_of(to));
+        real_.copy_attributes(from, to);
+    } catch (const Fault&) {
+    }
+}
+
+bool FaultyFiles::is_write_protected(const std::string& path) {
+    count("is_write_protected " + name_of(path));
+    return real_.is_write_protected(path);
 }
 
 FileStamp FaultyFiles::stamp(const std::string& path) {
     count("stamp " + name_of(path));
     return real_.stamp(path);
+}
+
+void FaultyFiles::remove_left_over(const std::string& folder) noexcept {
+    try {
+        count("remove_left_over " + name_of(folder));
+        real_.remove_left_over(folder);
+    } catch (const Fault&) {
+    }
 }
 
 Date FaultyFiles::modified(const std::string& path) {

@@ -4,7 +4,7 @@
 #include "core/name_rows.h"
 #include "core/program_state.h"
 #include "core/project/daily_audit.h"
-#include "core/project/previous_version.h"
+#include "core/project/known_files.h"
 #include "core/project_data.h"
 #include "inventory/usage_files.h"
 #include "planning/planner_state.h"
@@ -86,7 +86,8 @@ void reset_status() {
     selected_list_item = 0;
     total_text.clear();
     tax_text.clear();
-    project_file_is_whole({});
+    forget_project_files();
+    drop_waiting_audit();
 }
 
 }  // namespace

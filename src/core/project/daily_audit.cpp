@@ -15,6 +15,8 @@ i16 audit_done_flag = i16_false;
 
 namespace {
 
+bool audit_waits = false;  // its minute has come, and a box stood open
+
 bool is_audit_minute(const TimeOfDay& now) {
     const bool hour_fits = now.hour == audit_hour || now.hour == audit_hour - 12;
     return hour_fits && now.minute == audit_minute;
@@ -24,6 +26,10 @@ void check_clock() {
     const TimeOfDay now = time_from_date(platform_clock().now());
     if (audit_done_flag == 0 && project_open != 0 && is_audit_minute(now)) {
         audit_done_flag = i16_true;
+        audit_waits = true;
+    }
+    if (audit_waits && project_open != 0 && !boxes().is_open()) {
+        audit_waits = false;
         audit_and_list();
     }
     if (now.minute != audit_minute) audit_done_flag = i16_false;
@@ -47,6 +53,10 @@ void audit_and_list() noexcept {
 
 void daily_audit_check() noexcept {
     trap(check_clock, end_after);
+}
+
+void drop_waiting_audit() noexcept {
+    audit_waits = false;
 }
 
 void audit_now() noexcept {

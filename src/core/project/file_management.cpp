@@ -1,12 +1,17 @@
 #include "core/project/file_management.h"
 
 #include <memory>
+#include <vector>
 
 #include "basics/code_page.h"
+#include "basics/text.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
 #include "core/project/audit.h"
 #include "core/project/companions.h"
+#include "core/project/daily_audit.h"
+#include "core/project/early_end.h"
+#include "core/project/known_files.h"
 #include "core/project/previous_version.h"
 #include "core/project/project_claim.h"
 #include "core/project/recent_files.h"
@@ -79,26 +84,66 @@ void refuse_unfinished_file(File& file, const BlockPositions& positions) {
     throw Fault(fault_number::bad_record_number);
 }
 
-// True for a file that was written to its end.
-bool read_project() {
+// How the file that was read ends.
+struct Ending {
+    bool whole = false;  // as after a complete save
+    bool marked = false;
+    std::vector<project_file::Missing> missing;
+};
+
+// All of the file into the tables.
+Ending read_tables() {
     BlockPositions positions;
-    bool whole = false;
+    Ending ending;
     {
         const std::unique_ptr<File> file = open_to_read();
-        save_progress().show();
-        save_progress().workbar(0);
         read_sections_and_setup(*file, positions);
         refuse_unfinished_file(*file, positions);
-        whole = project_file::ends_with_meal_servings(*file, positions.meal_servings);
+        ending.whole = project_file::ends_with_meal_servings(*file, positions.meal_servings);
+        ending.marked = project_file::is_marked_in_writing(*file);
+        ending.missing = project_file::missing_parts(*file, positions);
     }
     read_front_blocks();
     project_file::read_item_detail_block(*open_to_read(), positions.item_details);
     project_file::read_string_block(*open_to_read(), positions.strings);
     project_file::read_day_quantity_block(*open_to_read(), positions.day_quantities);
     project_file::read_meal_serving_block(*open_to_read(), positions.meal_servings);
+    return ending;
+}
+
+// True for a file that was written to its end. What another one lacks has been told.
+bool read_project() {
+    const FileStamp stamp = files().stamp(project_path);
+    save_progress().show();
+    save_progress().workbar(0);
+    const Ending ending = read_tables();
     save_progress().workbar(100);
-    project_file_is_whole(project_path);
+    const bool ends_early = !ending.missing.empty();
+    project_file_is_known(project_path, stamp, ends_early ? FileEnd::early : FileEnd::proper);
+    if (ends_early) boxes().message(early_end_message(project_path, ending.missing));
+    return ending.whole && !ends_early;
+}
+
+// Whether a save came to its end here; a trial reading, after which the tables are reset. That
+// cannot be told without it: bytes that never reached the disk leave no gap.
+bool was_saved_whole() {
+    bool whole = false;
+    trap(
+        [&] {
+            const Ending ending = read_tables();
+            whole = ending.whole && !ending.marked && ending.missing.empty();
+        },
+        [](const Fault&) {});
+    reset_project_tables();
     return whole;
+}
+
+// True when the previous version has only been forgotten: the project itself is whole.
+bool settle_previous_version() {
+    if (!previous_version_exists(project_path)) return false;
+    if (was_saved_whole()) return true;
+    offer_previous_version(project_path);
+    return false;
 }
 
 // What a damaged or shortened file lacks is not saved over it unasked.
@@ -112,6 +157,7 @@ void audit_at_start(bool file_is_whole) {
 
 // From here on the project is open; what the window shows follows.
 void bring_screens_up(bool file_is_whole) {
+    first_lots_of_all_items();  // before the audit, which takes from them
     if (audit_on_startup != 0) audit_at_start(file_is_whole);
     main_window().set_toolbar_state(2);
     project_open = i16_true;
@@ -125,7 +171,6 @@ void bring_screens_up(bool file_is_whole) {
     main_window().enable_project_menus(true);
     screens().show_meal_plan();
     main_window().enable_timer(true);
-    first_lots_of_all_items();
     save_recent_project(project_path);
     main_window().set_toolbar_state(2);
 }
@@ -157,12 +202,15 @@ void open_project() {
     const std::string path = project_of_previous_version(project_path);
     if (path != project_path) set_project_path(path);
     if (!claim_project(project_path)) return give_up_opening();
+    files().remove_left_over(folder_of(project_path));
+    forget_project_file(project_path);  // what it was when it was last seen says nothing now
     const FileStamp found = present_stamp(project_path);
-    offer_previous_version(project_path);
+    const bool previous_is_forgotten = settle_previous_version();
     if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
-    const bool is_whole = read_project();
-    settle_companions(is_whole ? found : FileStamp{});
-    bring_screens_up(is_whole);
+    const bool file_is_whole = read_project();
+    if (previous_is_forgotten) drop_previous_version(project_path);
+    settle_companions(file_is_whole ? found : FileStamp{});
+    bring_screens_up(file_is_whole);
     keep_only_claim(project_path);
 }
 
@@ -171,6 +219,7 @@ void open_project() {
 void Project_Open() noexcept {
     project_load_failed = i16_false;
     project_open = i16_false;  // the tables no longer hold the project that was
+    drop_waiting_audit();
     trap(open_project, [](const Fault& fault) {
         give_up_opening();
         tell_why_not_opened(fault);

@@ -122,12 +122,22 @@ bool replacing_project(std::string_view procedure, Command&& command) {
     return replaced;
 }
 
+// The account of the project before is nobody else's; the other settings stay.
+void blank_ftp_account() {
+    ftp_server = "";
+    ftp_account = "";
+    ftp_password = "";
+    ftp_directory = "";
+}
+
 void write_new_project(const std::string& path) {
     set_project_path(path);
     screens().unload_all();
     drop_companions();
     reset_project_tables();
+    blank_ftp_account();
     project_open = i16_false;
+    drop_waiting_audit();
     if (!Project_Save(silent)) return give_up_project();
     settle_companions({});
     // Only now: the first file carries the version that memory had, and its item spacing.
@@ -166,6 +176,14 @@ void save_under(const std::string& path) {
     keep_only_claim(project_path);
 }
 
+void remove_what_killed_programs_left() {
+    for (const std::string& folder :
+         {recipes_folder, in_program_folder("reports"), in_program_folder("dat"),
+          in_program_folder("barcode"), system_info().settings_folder()}) {
+        files().remove_left_over(folder);
+    }
+}
+
 void load_main_window(const std::string& command_line) {
     read_date_order();
     recipes_folder = in_program_folder("recipes/");
@@ -176,6 +194,7 @@ void load_main_window(const std::string& command_line) {
     set_program_defaults();
     main_window().set_toolbar_state(1);
     main_window().enable_project_menus(false);
+    remove_what_killed_programs_left();
     load_recent_menu();
     if (hide_welcome_dialog == 0 && command_line.empty()) main_window().show_welcome_dialog();
     if (!command_line.empty()) open_project_at(files().behind_link(command_line));
@@ -270,6 +289,7 @@ void project_close() noexcept {
     trap_in_main("project_close", [] {
         reset_project_tables();
         project_open = i16_false;
+        drop_waiting_audit();
         project_modified = i16_false;
         main_window().set_title("Tavernook");
         main_window().enable_project_menus(false);

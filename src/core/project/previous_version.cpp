@@ -1,47 +1,22 @@
 #include "core/project/previous_version.h"
 
-#include <set>
 #include <string_view>
 
 #include "basics/code_page.h"
 #include "basics/fault.h"
+#include "basics/file_names.h"
 #include "basics/text.h"
-#include "core/program_folders.h"
+#include "core/project/known_files.h"
+#include "core/project/names_beside.h"
 #include "platform/platform.h"
 
 namespace tavernook {
 
 namespace {
 
-constexpr std::string_view extension = ".tvk";
+constexpr std::string_view previous_kind = ".previous";
 constexpr std::string_view previous_extension = ".previous.tvk";
-
-// Project files that this program has read or written to their end.
-std::set<std::string> whole_files;
-
-bool ends_with_extension(std::string_view path, std::string_view ending) {
-    return path.size() > ending.size() &&
-           lower_case(path.substr(path.size() - ending.size())) == ending;
-}
-
-std::string without_ending(std::string_view path, std::string_view ending) {
-    return std::string(path.substr(0, path.size() - ending.size()));
-}
-
-std::string stem_of(std::string_view path) {
-    return ends_with_extension(path, extension) ? without_ending(path, extension)
-                                                : std::string(path);
-}
-
-// A name that no file bears yet: what an earlier question put aside stays as well.
-std::string free_interrupted_path(std::string_view path) {
-    const std::string start = stem_of(path) + ".interrupted";
-    std::string free = start + ".tvk";
-    for (int number = 2; files().exists(free); ++number) {
-        free = start + " " + std::to_string(number) + ".tvk";
-    }
-    return free;
-}
+constexpr std::string_view interrupted_kind = ".interrupted";
 
 std::string question(const std::string& path, const std::string& previous) {
     const std::string name = text_from_utf8(file_name_part(path));
@@ -51,27 +26,42 @@ std::string question(const std::string& path, const std::string& previous) {
            "beside it) or press NO to open the file as it is.";
 }
 
+// The project whose name was too long for that of its previous version; empty where none is there.
+std::string project_of_shortened(const std::string& path) {
+    const std::string folder = folder_of(path) + "/";
+    for (const std::string& name : files().list(folder, project_extension)) {
+        if (previous_version_path(folder + name) == path) return folder + name;
+    }
+    return {};
+}
+
+// A shortened name fills the room it has, or all but the rest of a character.
+bool may_be_shortened(std::string_view path) {
+    constexpr std::size_t rest_of_a_character = 3;
+    return path.size() - (path.rfind('/') + 1) >= longest_file_name - rest_of_a_character;
+}
+
 }  // namespace
 
 std::string previous_version_path(const std::string& project_path) noexcept {
-    return stem_of(project_path) + std::string(previous_extension);
+    return path_beside(project_path, previous_kind);
 }
 
-void set_previous_version_aside(const std::string& project_path) {
+std::string set_previous_version_aside(const std::string& project_path) {
+    std::string aside = previous_version_path(project_path);
     if (files().exists(project_path)) {
-        const std::string previous = previous_version_path(project_path);
-        if (!whole_files.contains(project_path) && files().exists(previous)) {
+        if (ends_early(project_path)) {
+            aside = free_path_beside(project_path, interrupted_kind);
+            files().rename(project_path, aside);
+        } else if (files().exists(aside) && !is_known_project_file(project_path)) {
             files().remove(project_path);
         } else {
-            files().rename(project_path, previous);
+            files().rename(project_path, aside);
         }
     }
     // Not earlier: a file that could not be moved is as whole as before.
-    whole_files.erase(project_path);
-}
-
-void project_file_is_whole(const std::string& project_path) noexcept {
-    whole_files.insert(project_path);
+    forget_project_file(project_path);
+    return aside;
 }
 
 bool previous_version_exists(const std::string& project_path) {
@@ -80,17 +70,21 @@ bool previous_version_exists(const std::string& project_path) {
 
 bool may_start_project_at(const std::string& path) {
     const std::string name = text_from_utf8(file_name_part(path));
-    if (ends_with_extension(path, previous_extension)) {
+    if (has_ending(path, previous_extension)) {
         boxes().message("The name " + name +
                         " is kept for what an interrupted save leaves behind.  Please choose "
                         "another name.");
         return false;
     }
-    if (files().exists(path) || !previous_version_exists(path)) return true;
-    const std::string previous = text_from_utf8(file_name_part(previous_version_path(path)));
-    boxes().message("The last save of " + name + " was interrupted and only " + previous +
-                    " is there.  Open that file to get the project back, or choose another name.");
-    return false;
+    if (!files().exists(path) && previous_version_exists(path)) {
+        const std::string previous = text_from_utf8(file_name_part(previous_version_path(path)));
+        boxes().message("The last save of " + name + " was interrupted and only " + previous +
+                        " is there.  Open that file to get the project back, or choose another "
+                        "name.");
+        return false;
+    }
+    forget_project_file(path);
+    return true;
 }
 
 void drop_previous_version(const std::string& project_path) noexcept {
@@ -102,19 +96,25 @@ void drop_previous_version(const std::string& project_path) noexcept {
 }
 
 std::string project_of_previous_version(const std::string& path) noexcept {
-    if (!ends_with_extension(path, previous_extension)) return path;
-    return without_ending(path, previous_extension) + std::string(extension);
+    if (!has_ending(path, previous_extension)) return path;
+    try {
+        if (may_be_shortened(path)) {
+            const std::string project = project_of_shortened(path);
+            if (!project.empty()) return project;
+        }
+    } catch (...) {
+        // A folder that cannot be looked through: the name alone must tell.
+    }
+    return without_ending(path, previous_extension).append(project_extension);
 }
 
 void offer_previous_version(const std::string& project_path) {
-    whole_files.erase(project_path);  // what it was when it was last seen says nothing now
     const std::string previous = previous_version_path(project_path);
-    if (!files().exists(previous)) return;
     const Answer answer =
         boxes().message(question(project_path, previous), Buttons::yes_no, "Previous Version");
     if (answer != Answer::yes) return;
     if (files().exists(project_path)) {
-        files().rename(project_path, free_interrupted_path(project_path));
+        files().rename(project_path, free_path_beside(project_path, interrupted_kind));
     }
     files().rename(previous, project_path);
 }

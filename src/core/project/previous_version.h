@@ -9,29 +9,30 @@ namespace tavernook {
 
 std::string previous_version_path(const std::string& project_path) noexcept;
 
-// Moves the project file aside. A previous version from an unfinished save is kept instead, and
-// the half-written file deleted, unless the present file is known to be whole. Throws what the file
+// Moves the project file aside and tells where it, or what is kept in its stead, lies now; nothing
+// lies there when there was no file. A previous version from an unfinished save is kept instead,
+// and the half-written file deleted, unless the present file is known to be whole. A file that
+// ended early when it was read goes to NAME.interrupted.tvk and stays there. Throws what the file
 // layer throws: the save tells of it.
-void set_previous_version_aside(const std::string& project_path);
-
-// The file at the path has been read whole, or written whole and flushed.
-void project_file_is_whole(const std::string& project_path) noexcept;
+std::string set_previous_version_aside(const std::string& project_path);
 
 // Throws what the file layer throws.
 bool previous_version_exists(const std::string& project_path);
 
 // Before a new project or a copy is written at the path. False, and the user has been told, when
 // the name is one of a previous version, or when nothing but the previous version of that project
-// is left, which a save would delete. Throws what the file layer throws.
+// is left, which a save would delete. True: what this program knew of a file there is forgotten,
+// since the user has agreed to replace it. Throws what the file layer throws.
 [[nodiscard]] bool may_start_project_at(const std::string& path);
 
 // Deletes the previous version after a complete save. That it cannot be deleted is no error: the
-// user is then asked at the next opening.
+// next opening deletes it, if it finds the project whole.
 void drop_previous_version(const std::string& project_path) noexcept;
 
-// Asks when a previous version lies beside the project. Yes puts it in the project file's place and
-// the file that lay there beside it as NAME.interrupted.tvk (or "NAME.interrupted 2.tvk" ...); No
-// leaves both as they are. Throws what the file layer throws: the opening tells of it.
+// For a previous version that lies beside a project which is not whole: asks. Yes puts it in the
+// project file's place and the file that lay there beside it as NAME.interrupted.tvk (or
+// "NAME.interrupted 2.tvk" ...); No leaves both as they are. Throws what the file layer throws: the
+// opening tells of it.
 void offer_previous_version(const std::string& project_path);
 
 // The project that a previous version belongs to; any other path as it is.

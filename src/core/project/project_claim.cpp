@@ -12,17 +12,45 @@ namespace {
 
 std::set<std::string> claimed;
 
+std::string shown_name(const std::string& path) {
+    return text_from_utf8(file_name_part(path));
+}
+
+// On another machine nobody can tell whether the program that left the lock still runs: the user
+// can.
+bool user_takes_over(const std::string& path, const LockHolder& holder) {
+    const std::string question =
+        "The project " + shown_name(path) + " is marked as open on the computer " + holder.machine +
+        ", since " + date_text(holder.since) +
+        ".  If it is not open there any more, press YES to use it here.  If it is, press NO and "
+        "close it there first: what both save would not come together.";
+    return boxes().message(question, Buttons::yes_no, "Project Open Elsewhere",
+                           DefaultButton::no) == Answer::yes;
+}
+
+void tell_that_it_is_taken(const std::string& path) {
+    boxes().message("The project " + shown_name(path) +
+                    " is already open in another Tavernook window.  Close it there first, then "
+                    "open it here.");
+}
+
+// The user has been told or asked when it is false.
+bool take(const std::string& path) {
+    if (project_lock().acquire(path)) return true;
+    if (const auto holder = project_lock().holder_elsewhere(path)) {
+        if (!user_takes_over(path, *holder)) return false;
+        if (project_lock().take_over(path)) return true;
+    }
+    tell_that_it_is_taken(path);
+    return false;
+}
+
 }  // namespace
 
 bool claim_project(const std::string& path) {
-    if (project_lock().acquire(path)) {
-        claimed.insert(path);
-        return true;
-    }
-    boxes().message("The project " + text_from_utf8(file_name_part(path)) +
-                    " is already open in another Tavernook window.  Close it there first, then "
-                    "open it here.");
-    return false;
+    if (!take(path)) return false;
+    claimed.insert(path);
+    return true;
 }
 
 void keep_only_claim(const std::string& path) {

@@ -1,8 +1,14 @@
 #include "core/project/project_save.h"
 
+#include <memory>
+#include <optional>
+
 #include "basics/text.h"
+#include "core/file_rights.h"
 #include "core/program_state.h"
 #include "core/project/companions.h"
+#include "core/project/known_files.h"
+#include "core/project/other_content.h"
 #include "core/project/previous_version.h"
 #include "core/project_data.h"
 #include "core/project_file/project_file_writer.h"
@@ -13,17 +19,25 @@ namespace tavernook {
 
 namespace {
 
-// A save starts from no file at all; that there was none to delete is no error.
-void delete_project_file() {
-    set_previous_version_aside(project_path);
+// Replacing a file needs no right to write it: without the question it would be replaced.
+void refuse_write_protected_file() {
+    if (files().is_write_protected(project_path)) throw Fault(fault_number::permission_denied);
+}
+
+// A save starts from no file at all; that there was none to delete is no error. The result is where
+// the file lies whose place the new one takes.
+std::string delete_project_file(const std::string& other_content) {
+    const std::string aside = set_previous_version_aside(project_path);
     try {
         files().remove(project_path);
     } catch (const Fault& fault) {
         if (fault.number != fault_number::file_not_found) throw;
     }
+    return other_content.empty() ? aside : other_content;
 }
 
 void write_sections_and_setup(File& file) {
+    project_file::mark_in_writing(file);
     project_file::write_front_words(file);
     save_progress().set_label("Saving Items to File");
     i32 position = project_file::write_item_section(file, project_file::items_position);
@@ -65,38 +79,52 @@ void write_blocks() {
     }
 }
 
-void flush_project_file() {
-    files().open(project_path, OpenMode::read_write)->flush();
+// The mark goes when all else is on the disk, so that a file without it is whole.
+void finish_project_file() {
+    {
+        const std::unique_ptr<File> file = files().open(project_path, OpenMode::read_write);
+        file->flush();
+        project_file::mark_as_written(*file);
+        file->flush();
+    }
     files().flush_folder(folder_of(project_path));
-    project_file_is_whole(project_path);
+    project_file_is_known(project_path, files().stamp(project_path));
     drop_previous_version(project_path);
 }
 
-void write_project() {
+void write_project(const std::string& other_content) {
     main_window().set_status(activity_panel, "Saving Project...");
     prepare_companions();
-    delete_project_file();
+    make_successor_of(delete_project_file(other_content), project_path);
     write_sections_and_setup(*files().open(project_path, OpenMode::read_write));
     save_progress().hide();
     write_blocks();
-    flush_project_file();
+    finish_project_file();
     commit_companions();
+}
+
+// False when the user does not want it.
+bool save_project(i16 silent) {
+    refuse_write_protected_file();
+    const std::optional<std::string> other_content = put_other_content_aside(project_path);
+    if (!other_content) return false;
+    save_progress().load("Saving Project", "Saving Project....");
+    if (silent == 0) save_progress().show();
+    save_progress().workbar(0);
+    write_project(*other_content);
+    return true;
 }
 
 }  // namespace
 
 bool Project_Save(const i16& silent) noexcept {
-    const auto work = [&] {
-        save_progress().load("Saving Project", "Saving Project....");
-        if (silent == 0) save_progress().show();
-        save_progress().workbar(0);
-        write_project();
-    };
-    const bool saved = trap(work, [](const Fault& fault) {
-        save_progress().hide();
-        show_fault("There has been a file access error.  The error number is ERROR #: " +
-                   std::to_string(fault.number));
-    });
+    bool saved = false;
+    trap([&] { saved = save_project(silent); },
+         [](const Fault& fault) {
+             save_progress().hide();
+             show_fault("There has been a file access error.  The error number is ERROR #: " +
+                        std::to_string(fault.number));
+         });
     save_progress().unload();
     return saved;
 }

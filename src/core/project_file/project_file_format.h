@@ -9,6 +9,7 @@ namespace tavernook::project_file {
 
 inline constexpr i32 header_position = 1;
 inline constexpr int header_size = 48;
+inline constexpr i32 in_writing_position = 49;  // one byte
 inline constexpr i32 wams_slot = 50;
 inline constexpr i32 older_wams_slot = 52;  // where files without project_created keep it
 inline constexpr i32 lots_slot = 54;

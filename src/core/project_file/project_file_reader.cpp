@@ -7,6 +7,8 @@ namespace tavernook::project_file {
 
 namespace {
 
+constexpr i64 size_of_meal_servings = i64{meal_capacity + 1} * meal_serving_record_size;
+
 [[noreturn]] void fail_as_damaged() {
     throw Fault(fault_number::bad_record_number);
 }
@@ -184,9 +186,32 @@ void read_meal_serving_block(File& file, i32 position) {
     }
 }
 
+bool is_marked_in_writing(File& file) {
+    return read_exactly(file, in_writing_position, 1) != std::string(1, '\0');
+}
+
+std::vector<Missing> missing_parts(File& file, const BlockPositions& positions) {
+    const bool is_dated = project_created != 0;
+    const bool lacks_nothing_rightly = is_dated && file_version == current_file_version;
+    std::vector<Missing> missing;
+    if (lacks_nothing_rightly || is_marked_in_writing(file)) {
+        const auto look = [&](Missing part, i32 position) {
+            if (position <= 0) missing.push_back(part);
+        };
+        look(Missing::wams, read_position(file, is_dated ? wams_slot : older_wams_slot));
+        if (is_dated) look(Missing::lots, read_position(file, lots_slot));
+        look(Missing::item_details, positions.item_details);
+        look(Missing::strings, positions.strings);
+        look(Missing::day_quantities, positions.day_quantities);
+        look(Missing::meal_servings, positions.meal_servings);
+    }
+    const bool is_cut = positions.meal_servings - 1 + size_of_meal_servings > file.length();
+    if (positions.meal_servings > 0 && is_cut) missing.push_back(Missing::last_meal_servings);
+    return missing;
+}
+
 bool ends_with_meal_servings(File& file, i32 position) {
-    constexpr i64 size = i64{meal_capacity + 1} * meal_serving_record_size;
-    return position > 0 && position - 1 + size == file.length();
+    return position > 0 && position - 1 + size_of_meal_servings == file.length();
 }
 
 }  // namespace tavernook::project_file

@@ -4,6 +4,8 @@
 // table; the tables are then filled as far as the reading came.
 #pragma once
 
+#include <vector>
+
 #include "core/project_file/project_file_records.h"
 #include "platform/files.h"
 
@@ -32,6 +34,25 @@ void read_item_detail_block(File& file, i32 position);
 void read_string_block(File& file, i32 position);
 void read_day_quantity_block(File& file, i32 position);
 void read_meal_serving_block(File& file, i32 position);  // a short file reads as zeros here
+
+// The writer's mark of a file that is not finished.
+[[nodiscard]] bool is_marked_in_writing(File& file);
+
+// What a file lacks of the project that was to stand in it. Older files have fewer blocks, so that
+// only one of the current version, or one that is marked, can lack any; those without a creation
+// date never had lots. The recipe servings may be cut in any file.
+enum class Missing {
+    wams,
+    lots,
+    item_details,
+    strings,
+    day_quantities,
+    meal_servings,
+    last_meal_servings,
+};
+
+// Behind read_front and read_setup_block, which tell of what kind the file is.
+[[nodiscard]] std::vector<Missing> missing_parts(File& file, const BlockPositions& positions);
 
 // Whether the file ends right behind the recipe servings, as it does after a complete save: their
 // position is the last thing that a save writes.

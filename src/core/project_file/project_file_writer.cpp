@@ -75,7 +75,19 @@ i64 setup_slot(int offset) {
     return i64{project_header.setup_position} + offset;
 }
 
+void write_mark(File& file, char mark) {
+    file.write(in_writing_position - 1, std::string_view(&mark, 1));
+}
+
 }  // namespace
+
+void mark_in_writing(File& file) {
+    write_mark(file, 1);
+}
+
+void mark_as_written(File& file) {
+    write_mark(file, 0);
+}
 
 void write_front_words(File& file) {
     write_word(file, toolbar_text_position, show_toolbar_text);

@@ -7,6 +7,11 @@
 
 namespace tavernook::project_file {
 
+// A file that is being written bears a mark from the first byte on; taking it away is the last thing
+// that a save does. A file that still bears it is what a crash has left.
+void mark_in_writing(File& file);
+void mark_as_written(File& file);
+
 // The words in front: show_toolbar_text, project_tag and the reserved ones.
 void write_front_words(File& file);
 
