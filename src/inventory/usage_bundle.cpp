@@ -118,7 +118,7 @@ bool pack_usage_bundle(std::string_view from) noexcept {
         if (!files().exists(reports_folder())) return void(all = true);
         ByteWriter bundle;
         all = write_histories(bundle, from);
-        replace_file(made_bundle, bundle.bytes());
+        replace_file(made_bundle, bundle.bytes(), project_path);
         files().flush_folder(reports_folder());
     });
     return packed && all;
