@@ -157,7 +157,7 @@ void open_project() {
     const std::string path = project_of_previous_version(project_path);
     if (path != project_path) set_project_path(path);
     if (!claim_project(project_path)) return give_up_opening();
-    const FileStamp found = present_stamp(project_path);
+    const std::optional<FileStamp> found = stamp_if_readable(project_path);
     offer_previous_version(project_path);
     if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
     const bool is_whole = read_project();
