@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "core/program_folders.h"
 #include "core/project_data.h"
 #include "core/string_storage.h"
 #include "core/where_used.h"
@@ -48,8 +49,7 @@ struct FullPantry {
     FullPantry() {
         fill_full_project();
         scatter_texts();
-        project_path = "/home/me/bench.tvk";
-        project_name = "bench.tvk";
+        set_project_path("/home/me/bench.tvk");
         platform.disk.make_folder(platform.system.program + "/reports");
         set_platform({.clock = &platform.clock,
                       .boxes = &boxes,

@@ -56,6 +56,10 @@ class KeptFiles : public Files {
     }
     void copy(const std::string& from, const std::string& to) override { kept[to] = kept.at(from); }
     Date modified(const std::string&) override { return 0; }
+    FileStamp stamp(const std::string& path) override {
+        if (!exists(path)) return {};
+        return {1, static_cast<i64>(kept.at(path).size()), 1};
+    }
     void flush_folder(const std::string&) override {}
     std::vector<std::string> list(const std::string& folder, std::string_view suffix) override {
         std::vector<std::string> names;
@@ -146,8 +150,8 @@ void check_moves(const std::string& bytes) {
     const std::string expected = bytes + encode_usage({1, 45427.5, 1, 0});
     require(kept_files.kept.at(working_path) == expected);
     require(kept_files.kept.at(saved_path) == bytes);
-    commit_usage_files();
-    discard_usage_files();
+    require(commit_usage_files());
+    require(discard_usage_files());
     require(kept_files.kept.size() == 1 && kept_files.kept.at(saved_path) == expected);
     require(counted_boxes.shown == 0);
 }

@@ -12,6 +12,7 @@
 #include "core/trap.h"
 #include "inventory/usage_files.h"
 #include "inventory/usage_names.h"
+#include "inventory/working_copies.h"
 #include "platform/platform.h"
 
 namespace tavernook {

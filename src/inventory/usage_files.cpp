@@ -9,6 +9,7 @@
 #include "core/trap.h"
 #include "inventory/usage_history.h"
 #include "inventory/usage_names.h"
+#include "inventory/working_copies.h"
 #include "platform/platform.h"
 
 namespace tavernook {

@@ -8,9 +8,6 @@
 // looked at is no empty one: nothing is written over it then.
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "basics/values.h"
 
 namespace tavernook {
@@ -37,13 +34,5 @@ bool has_no_saved_usage(i16 item) noexcept;
 
 // The program knows of no working copies, as at its start; the files stay.
 void forget_usage_files() noexcept;
-
-// Writes the entry into the item's working copy, right behind the saved history. Throws what the
-// file layer throws.
-void write_usage(i16 item, std::string_view entry);
-
-// The history of an item as the next save would leave it under that stem; empty for none. Throws
-// what the file layer throws.
-std::string present_usage(std::string_view stem, i16 item);
 
 }  // namespace tavernook

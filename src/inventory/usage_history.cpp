@@ -11,6 +11,7 @@
 #include "core/trap.h"
 #include "inventory/usage_files.h"
 #include "inventory/usage_names.h"
+#include "inventory/working_copies.h"
 #include "platform/platform.h"
 
 namespace tavernook {

@@ -165,9 +165,12 @@ class OpenFolder {
     DIR* folder_;
 };
 
-bool is_plain_file(const OpenFolder& folder, const char* name) {
+// The folder itself says what most names are, without a look at each file.
+bool is_plain_file(const OpenFolder& folder, const dirent& entry) {
+    if (entry.d_type == DT_REG) return true;
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
     struct stat facts {};
-    return ::fstatat(::dirfd(folder.get()), name, &facts, 0) == 0 && S_ISREG(facts.st_mode);
+    return ::fstatat(::dirfd(folder.get()), entry.d_name, &facts, 0) == 0 && S_ISREG(facts.st_mode);
 }
 
 // Makes one folder whose parent exists; 0 when it is there, else the error.
@@ -297,8 +300,7 @@ std::vector<std::string> DiskFiles::list(const std::string& folder, std::string_
         const dirent* entry = ::readdir(opened.get());
         if (entry == nullptr) break;
         const std::string_view name = entry->d_name;
-        if (name.ends_with(suffix) && is_plain_file(opened, entry->d_name))
-            names.emplace_back(name);
+        if (name.ends_with(suffix) && is_plain_file(opened, *entry)) names.emplace_back(name);
     }
     if (errno != 0) throw_disk_fault(errno, folder);
     std::sort(names.begin(), names.end());

@@ -89,15 +89,17 @@ void drop_companions() noexcept {
     tell_unless(discard_usage_files(), not_removed);
 }
 
-FileStamp present_stamp(const std::string& path) noexcept {
-    FileStamp stamp;
+std::optional<FileStamp> stamp_if_readable(const std::string& path) noexcept {
+    std::optional<FileStamp> stamp;
     trap([&] { stamp = files().stamp(path); }, [](const Fault&) {});
     return stamp;
 }
 
-void settle_companions(const FileStamp& found) noexcept {
-    const bool is_the_same = found != FileStamp{} && present_stamp(project_path) == found;
-    const i64 saved = is_the_same ? found.changed : 0;
+void settle_companions(const std::optional<FileStamp>& found) noexcept {
+    const std::optional<FileStamp> present = stamp_if_readable(project_path);
+    if (!found || !present) return tell_unless(false, not_settled);
+    const bool is_the_same = found != FileStamp{} && present == found;
+    const i64 saved = is_the_same ? found->changed : 0;
     tell_unless(settle_usage_files(saved), not_settled);
     tell_unless(settle_carried_documents(saved), text_not_settled);
 }

@@ -10,6 +10,7 @@
 // Histories are best effort: what fails is one sentence in the status bar, and no more.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/files.h"
@@ -37,12 +38,12 @@ void commit_companions() noexcept;
 // it is called again.
 void drop_companions() noexcept;
 
-// The file as it lies there; of no file when it cannot be looked at.
-FileStamp present_stamp(const std::string& path) noexcept;
+// The file as it lies there; nothing when it cannot be looked at.
+std::optional<FileStamp> stamp_if_readable(const std::string& path) noexcept;
 
 // The project at `project_path` has been read, or made, and no stock has moved yet. `found` is its
 // file as it was found, before the user was asked about a previous version; of no file when it was
-// not whole or is new.
-void settle_companions(const FileStamp& found) noexcept;
+// not whole or is new. With nothing everything is left as it lies there.
+void settle_companions(const std::optional<FileStamp>& found) noexcept;
 
 }  // namespace tavernook

@@ -204,7 +204,7 @@ void open_project() {
     if (!claim_project(project_path)) return give_up_opening();
     files().remove_left_over(folder_of(project_path));
     forget_project_file(project_path);  // what it was when it was last seen says nothing now
-    const FileStamp found = present_stamp(project_path);
+    const std::optional<FileStamp> found = stamp_if_readable(project_path);
     const bool previous_is_forgotten = settle_previous_version();
     if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
     const bool file_is_whole = read_project();

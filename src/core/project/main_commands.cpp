@@ -139,7 +139,7 @@ void write_new_project(const std::string& path) {
     project_open = i16_false;
     drop_waiting_audit();
     if (!Project_Save(silent)) return give_up_project();
-    settle_companions({});
+    settle_companions(FileStamp{});
     // Only now: the first file carries the version that memory had, and its item spacing.
     file_version = project_file::current_file_version;
     older_file_format = i16_false;

@@ -191,6 +191,30 @@ TEST_F(Companions, LeftoversThatCannotBeSettledAreToldAndFailNoOpening) {
     EXPECT_EQ(message(), "What the last run left of the usage history could not be cleared up.");
 }
 
+TEST_F(Companions, WithoutALookAtTheProjectFileLeftoversStay) {
+    mnuFile_Save();
+    put(report("home", flour), saved_moves);
+    put(in_program("reports/home000003.tmp"), saved_moves + flour_move);
+    was_saved_long_ago(in_program("reports/home000003.tmp"));
+    forget_steps();
+    end_and_start_again();
+    user_opens(home);
+    const auto& log = platform.files.log();
+    const auto looked = std::find(log.begin(), log.end(), "stamp home.tvk") - log.begin();
+    EXPECT_EQ(bytes_of(report("home", flour)), saved_moves + flour_move);
+    mnuFile_Close();
+    put(report("home", flour), saved_moves);
+    put(in_program("reports/home000003.tmp"), saved_moves + flour_move);
+    was_saved_long_ago(in_program("reports/home000003.tmp"));
+    end_and_start_again();
+    platform.files.start_over();
+    platform.files.fail_at(static_cast<int>(looked) + 1, fault_number::device_io_error);
+    user_opens(home);
+    EXPECT_EQ(message(), "What the last run left of the usage history could not be cleared up.");
+    EXPECT_EQ(bytes_of(report("home", flour)), saved_moves);
+    EXPECT_EQ(bytes_of(in_program("reports/home000003.tmp")), saved_moves + flour_move);
+}
+
 // It reads like an old project that lacks the block.
 void forget_last_block(const std::string& path) {
     std::string bytes = read_whole_file(path);

@@ -335,14 +335,22 @@ TEST_F(ProjectFileReader, AnEmptyFileIsABadRecord) {
     expect_refused("", bad_record_box);
 }
 
+// Histories and texts that wait for their place fail no opening.
+bool is_beside_the_project(const std::string& operation) {
+    return operation.starts_with("stamp ") || operation.starts_with("list ") ||
+           operation.ends_with(".histories");
+}
+
 TEST_F(ProjectFileReader, OtherFaultsTellTheirNumber) {
     platform.files.start_over();
     open();
+    const std::vector<std::string> log = platform.files.log();
     const int operations = platform.files.operations();
     ASSERT_GT(operations, 20);
     for (const int fault : {57, 70}) {
         for (int n = 1; n <= operations; n += case_stride) {
             SCOPED_TRACE(n);
+            if (is_beside_the_project(log[static_cast<std::size_t>(n - 1)])) continue;
             platform.files.start_over();
             platform.files.fail_at(n, fault);
             expect_refused(bytes, ("Tavernook error: rt6:" + std::to_string(fault) +
