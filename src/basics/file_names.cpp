@@ -41,8 +41,8 @@ std::string shortened_stem(std::string_view stem, std::size_t room) {
 std::string path_with_ending(std::string_view path, std::string_view ending, std::size_t reserve) {
     const std::size_t name_start = path.rfind('/') + 1;  // 0 where there is no "/"
     const std::size_t room = longest_file_name - ending.size() - reserve;
-    return std::string(path.substr(0, name_start)) +
-           shortened_stem(path.substr(name_start), room) + std::string(ending);
+    return std::string(path.substr(0, name_start)) + shortened_stem(path.substr(name_start), room) +
+           std::string(ending);
 }
 
 }  // namespace tavernook

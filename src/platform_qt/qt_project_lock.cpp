@@ -25,7 +25,8 @@ QString project_of(const std::string& path) {
     return QDir::cleanPath(given.absoluteFilePath());
 }
 
-// While a stale lock goes, there is for a moment another file of this name with ".rmlock" behind it.
+// While a stale lock goes, there is for a moment another file of this name with ".rmlock" behind
+// it.
 QString lock_path(const QString& project) {
     constexpr std::size_t behind_it = 7;
     const QFileInfo info(project);

@@ -31,7 +31,7 @@ class FakeProjectLock : public ProjectLock {
 
     // Those of them whose lock was left on another machine; taking over succeeds.
     std::map<std::string, LockHolder> on_other_machines;
-    std::set<std::string> held;             // paths that this program holds
+    std::set<std::string> held;  // paths that this program holds
 };
 
 }  // namespace tavernook

@@ -9,8 +9,9 @@
 // "flush home.tvk", "exists home.tvk", "is_taken home.tvk", "remove home.tvk", "rename home.tvk ->
 // home.previous.tvk", "copy a.tvk -> b.tvk", "modified home.tvk", "flush_folder saves", "list saves
 // .tvk", "make_folder saves", "copy_unflushed a.tvk -> b.tvk", "copy_attributes a.tvk -> b.tvk",
-// "is_write_protected home.tvk", "stamp home.tvk", "remove_left_over saves". An operation that was made to fail ends in " fault 61";
-// copy_attributes and remove_left_over, which tell of no failure, are then left undone.
+// "is_write_protected home.tvk", "stamp home.tvk", "remove_left_over saves". An operation that was
+// made to fail ends in " fault 61"; copy_attributes and remove_left_over, which tell of no failure,
+// are then left undone.
 #pragma once
 
 #include <memory>

@@ -84,6 +84,21 @@ TEST_F(FaultyFilesTest, TheNthOperationFailsOnce) {
     EXPECT_EQ(read_whole_file(path("a")), "firstsecond");
 }
 
+TEST_F(FaultyFilesTest, WhatTellsOfNoFailureIsLeftUndone) {
+    write_whole_file(path("a"), "bytes");
+    write_whole_file(path(".tavernook-a1B2c3"), "left over");
+    files.fail_at(1, 70, Repeat::persistently);
+    files.copy_attributes(path("a"), path("b"));
+    files.remove_left_over(folder.path());
+    EXPECT_EQ(disk.list(folder.path(), ""), (Log{".tavernook-a1B2c3", "a"}));
+    EXPECT_EQ(files.operations(), 2);
+    EXPECT_EQ(files.log()[0], "copy_attributes a -> b fault 70");
+    files.work_normally();
+    files.copy_attributes(path("a"), path("b"));
+    files.remove_left_over(folder.path());
+    EXPECT_EQ(disk.list(folder.path(), ""), (Log{"a", "b"}));
+}
+
 TEST_F(FaultyFilesTest, EveryOperationCanFail) {
     write_whole_file(path("a"), "bytes");
     const auto opened = files.open(path("a"), OpenMode::read_write);
@@ -94,6 +109,9 @@ TEST_F(FaultyFilesTest, EveryOperationCanFail) {
         [&] { files.remove(path("a")); },
         [&] { files.rename(path("a"), path("b")); },
         [&] { files.copy(path("a"), path("b")); },
+        [&] { files.copy_unflushed(path("a"), path("b")); },
+        [&] { files.is_write_protected(path("a")); },
+        [&] { files.stamp(path("a")); },
         [&] { files.modified(path("a")); },
         [&] { files.flush_folder(folder.path()); },
         [&] { files.list(folder.path(), ""); },

@@ -84,6 +84,16 @@ TEST(FakeBoxesTest, ADifferentDefaultButtonFailsTheTestWhereItWasStated) {
                             "default button: \"first\", expected \"no\"");
 }
 
+TEST(FakeBoxesTest, ABoxStandsOpenWhileOtherThingsHappen) {
+    FakeBoxes fake;
+    bool seen = false;
+    fake.expect_message("Save?").during([&] { seen = fake.is_open(); });
+    EXPECT_FALSE(fake.is_open());
+    fake.message("Save?", Buttons::ok, "T");
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(fake.is_open());
+}
+
 TEST(FakeBoxesTest, AnAnswerWithoutAButtonFailsTheTest) {
     FakeBoxes fake;
     Answer answer = Answer::yes;

@@ -12,8 +12,8 @@ void audit_and_list() noexcept;
 
 // At each tick of the main window's timer: runs the audit at the chosen minute, once in that
 // minute. A time set in the afternoon fires twelve hours earlier as well; kept, households rely on
-// it. Nothing is taken out of the stock, saved or sent below a box that waits for the user: the audit
-// then runs at the first tick behind it, also when its minute has passed.
+// it. Nothing is taken out of the stock, saved or sent below a box that waits for the user: the
+// audit then runs at the first tick behind it, also when its minute has passed.
 void daily_audit_check() noexcept;
 
 // The project goes: an audit that waits is none of the next one's.

@@ -7,8 +7,9 @@
 namespace tavernook {
 
 // False when another running program has the project; the user has been told then. A lock that was
-// left by another machine is for the user to judge: one question, and true when he takes the project
-// over. The claim that this program held before stays until `keep_only_claim` or `release_claims`.
+// left by another machine is for the user to judge: one question, and true when he takes the
+// project over. The claim that this program held before stays until `keep_only_claim` or
+// `release_claims`.
 [[nodiscard]] bool claim_project(const std::string& path);
 
 // Gives back every claim but this one.

@@ -47,8 +47,8 @@ Paths paths_of_settings_file() {
 }
 
 // Both lists are in order, and what stands in both tells how the rest lie to each other: in front
-// of such a path comes all that stands in front of it in either list. The store knows a project from
-// its opening, the file from its end, so that the store's come first.
+// of such a path comes all that stands in front of it in either list. The store knows a project
+// from its opening, the file from its end, so that the store's come first.
 Paths merged(const Paths& store, const Paths& file) {
     Paths paths;
     auto next = file.begin();

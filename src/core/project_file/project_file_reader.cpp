@@ -192,9 +192,10 @@ bool is_marked_in_writing(File& file) {
 
 std::vector<Missing> missing_parts(File& file, const BlockPositions& positions) {
     const bool is_dated = project_created != 0;
-    const bool lacks_nothing_rightly = is_dated && file_version == current_file_version;
+    const bool is_marked = is_marked_in_writing(file);
+    const bool is_at_its_end = ends_with_meal_servings(file, positions.meal_servings);
     std::vector<Missing> missing;
-    if (lacks_nothing_rightly || is_marked_in_writing(file)) {
+    if (is_marked || (is_dated && file_version == current_file_version)) {
         const auto look = [&](Missing part, i32 position) {
             if (position <= 0) missing.push_back(part);
         };
@@ -203,10 +204,13 @@ std::vector<Missing> missing_parts(File& file, const BlockPositions& positions) 
         look(Missing::item_details, positions.item_details);
         look(Missing::strings, positions.strings);
         look(Missing::day_quantities, positions.day_quantities);
-        look(Missing::meal_servings, positions.meal_servings);
+        // Of the last position only a part may have come to the disk.
+        look(Missing::meal_servings, is_marked && !is_at_its_end ? 0 : positions.meal_servings);
     }
     const bool is_cut = positions.meal_servings - 1 + size_of_meal_servings > file.length();
-    if (positions.meal_servings > 0 && is_cut) missing.push_back(Missing::last_meal_servings);
+    if (positions.meal_servings > 0 && is_cut && !is_marked) {
+        missing.push_back(Missing::last_meal_servings);
+    }
     return missing;
 }
 

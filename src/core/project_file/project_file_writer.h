@@ -7,8 +7,8 @@
 
 namespace tavernook::project_file {
 
-// A file that is being written bears a mark from the first byte on; taking it away is the last thing
-// that a save does. A file that still bears it is what a crash has left.
+// A file that is being written bears a mark from the first byte on; taking it away is the last
+// thing that a save does. A file that still bears it is what a crash has left.
 void mark_in_writing(File& file);
 void mark_as_written(File& file);
 

@@ -6,10 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "core/program_folders.h"
 #include "core/program_state.h"
+#include "core/project/file_management.h"
+#include "core/project/main_commands.h"
 #include "core/project_data.h"
 #include "core/project_settings.h"
 #include "fakes/test_platform.h"
+#include "platform/platform.h"
 
 namespace tavernook {
 
@@ -161,6 +165,57 @@ TEST_F(DailyAudit, TheFlagIsUpBeforeTheAuditRuns) {
     // Ticks that come while the audit shows its boxes must not start another one.
     plan_more_than_there_is().during([] { daily_audit_check(); });
     EXPECT_EQ(tick(15, 14, 30), 1);
+}
+
+TEST_F(DailyAudit, WaitsForABoxThatStandsOpenAlsoBeyondItsMinute) {
+    platform.boxes.expect_message("How much flour?").during([&] {
+        EXPECT_EQ(tick(15, 14, 30), 0);
+        EXPECT_EQ(tick(15, 14, 30, 30), 0);
+        EXPECT_EQ(tick(15, 14, 31), 0);
+        EXPECT_EQ(tick(15, 15, 10), 0);
+    });
+    boxes().message("How much flour?");
+    EXPECT_EQ(tick(15, 15, 10, 1), 1);
+    EXPECT_EQ(tick(15, 15, 10, 2), 0);
+    EXPECT_EQ(tick(16, 14, 30), 1);
+}
+
+TEST_F(DailyAudit, NothingIsSavedBelowABox) {
+    project_path = platform.path("home.tvk");
+    save_after_audit = 1;
+    platform.boxes.expect_message("How much flour?").during([&] { tick(15, 14, 30); });
+    boxes().message("How much flour?");
+    EXPECT_FALSE(platform.disk.exists(project_path));
+    tick(15, 14, 30, 10);
+    EXPECT_TRUE(platform.disk.exists(project_path));
+}
+
+TEST_F(DailyAudit, AnAuditThatWaitsIsNoneOfTheNextProjects) {
+    project_created = 45000;
+    set_project_path(platform.path("cabin.tvk"));
+    ASSERT_TRUE(Project_Save(1));
+    for (const bool opens : {true, false}) {
+        choose(14, 30);
+        platform.boxes.expect_message("How much flour?").during([&] {
+            EXPECT_EQ(tick(15, 14, 30), 0);
+        });
+        boxes().message("How much flour?");
+        if (opens) {
+            Project_Open();
+        } else {
+            project_close();
+            project_open = i16_true;
+        }
+        choose(14, 30);
+        EXPECT_EQ(tick(15, 14, 31), 0) << opens;
+    }
+}
+
+TEST_F(DailyAudit, AnAuditThatWaitsIsStillThatOfAProjectWithANewName) {
+    platform.boxes.expect_message("How much flour?").during([&] { tick(15, 14, 30); });
+    boxes().message("How much flour?");
+    set_project_path(platform.path("cabin.tvk"));
+    EXPECT_EQ(tick(15, 14, 31), 1);
 }
 
 TEST_F(DailyAudit, EachTickSaysReady) {

@@ -24,7 +24,7 @@ class MainStart : public SessionTest {
   protected:
     std::string settings_path() { return platform.system.settings + "/TVK.dat"; }
 
-    // Window steps and the first look at the settings file.
+    // Window steps and the looks for the settings file.
     Steps steps_with_settings_file() {
         Steps told = platform.transcript;
         std::erase_if(told, [](const std::string& step) {
@@ -38,17 +38,18 @@ TEST_F(MainStart, AFirstStartGoesInThisOrder) {
     main_load("");
     EXPECT_EQ(steps_with_settings_file(),
               (Steps{"window status 3 Start-up", "file exists TVK.dat", "window toolbar 1",
-                     "window menus off", "window recent ", "window welcome", "window timer pair"}));
+                     "window menus off", "file exists TVK.dat", "window recent ", "window welcome",
+                     "window timer pair"}));
     EXPECT_FALSE(exists(settings_path()));
 }
 
 TEST_F(MainStart, ALaterStartRestoresTheWindowAndGreetsNobody) {
     write_whole_file(settings_path(), settings_bytes(-1, 700, 1100, 40, 30));
     main_load("");
-    EXPECT_EQ(
-        steps_with_settings_file(),
-        (Steps{"window status 3 Start-up", "file exists TVK.dat", "window geometry 700 1100 40 30",
-               "window toolbar 1", "window menus off", "window recent ", "window timer pair"}));
+    EXPECT_EQ(steps_with_settings_file(),
+              (Steps{"window status 3 Start-up", "file exists TVK.dat",
+                     "window geometry 700 1100 40 30", "window toolbar 1", "window menus off",
+                     "file exists TVK.dat", "window recent ", "window timer pair"}));
     EXPECT_EQ(hide_welcome_dialog, -1);
 }
 
@@ -109,6 +110,21 @@ TEST_F(MainStart, TheRecentMenuShowsWhatTheStoreHolds) {
     platform.settings.set("Recent Files", "RecentFile3", "/a/three.tvk");
     main_load("");
     EXPECT_EQ(platform.main.recent_files, (Steps{"/a/one.tvk", "/a/three.tvk"}));
+}
+
+TEST_F(MainStart, WhatKilledProgramsLeftGoesFromTheProgramsFolders) {
+    for (const char* folder : {"recipes", "reports", "dat", "barcode"}) {
+        platform.disk.make_folder(in_program(folder));
+        write_whole_file(in_program(folder) + "/.tavernook-a1B2c3", "half a copy");
+        write_whole_file(in_program(folder) + "/kept", "x");
+    }
+    write_whole_file(platform.system.settings + "/.tavernook-a1B2c3", "half a copy");
+    hide_welcome();
+    main_load("");
+    for (const char* folder : {"recipes", "reports", "dat", "barcode"}) {
+        EXPECT_EQ(platform.disk.list(in_program(folder), ""), Steps{"kept"}) << folder;
+    }
+    EXPECT_EQ(platform.disk.list(platform.system.settings, ""), Steps{"TVK.dat"});
 }
 
 TEST_F(MainStart, ASettingsFileThatCannotBeReadIsToldAndTheStartGoesOn) {

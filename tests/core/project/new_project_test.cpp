@@ -77,6 +77,28 @@ TEST_F(NewProject, StartsWithTheDefaultsOfTheProgram) {
     EXPECT_EQ(sales_tax, 0);
 }
 
+TEST_F(NewProject, KeepsTheSettingsOfTheProjectBeforeButNotItsAccount) {
+    user_creates(cabin);
+    ftp_server = "ftp.example.org";
+    ftp_account = "cook";
+    ftp_password = "secret";
+    ftp_directory = "/pages";
+    expiration_warning_days = 4;
+    audit_hour = 7;
+    audit_minute = 15;
+    sales_tax = 7.5;
+    user_creates(home);
+    EXPECT_TRUE(ftp_server.blank());
+    EXPECT_TRUE(ftp_account.blank());
+    EXPECT_TRUE(ftp_password.blank());
+    EXPECT_TRUE(ftp_directory.blank());
+    EXPECT_EQ(read_whole_file(home).find("secret"), std::string::npos);
+    EXPECT_EQ(expiration_warning_days, 4);
+    EXPECT_EQ(audit_hour, 7);
+    EXPECT_EQ(audit_minute, 15);
+    EXPECT_EQ(sales_tax, 7.5);
+}
+
 TEST_F(NewProject, CancelInTheDialogChangesNothing) {
     project_created = 40000;
     platform.dialogs.expect_save("New Project", cancelled);

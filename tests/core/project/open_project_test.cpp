@@ -306,6 +306,9 @@ TEST_F(OpenProject, TheAuditAtTheStartDoesNotSaveOverAShortenedFile) {
     bytes.resize(bytes.size() - 8);
     write_whole_file(home, bytes);
     start();
+    platform.boxes.expect_message(
+        "The project file home.tvk ends too early: the servings of the last recipes are missing; "
+        "the first save keeps the file as it is now beside the project.");
     user_opens(home);
     expect_open(home, "home.tvk");
     EXPECT_EQ(days[1].audited, -1);
@@ -341,6 +344,36 @@ TEST_F(OpenProject, ItemsFromBeforeLotsGetTheirFirstLot) {
     user_opens(home);
     EXPECT_EQ(lot_table_top, 3);
     EXPECT_EQ(lots[3].lot_quantity[0], 2.5);
+}
+
+// Without lots in the file, what is on the shelf stands in the items alone.
+TEST_F(OpenProject, AnAuditAtTheStartLeavesTheStockOfItemsFromBeforeLots) {
+    make_project(home, "Corner shop", [] {
+        file_version = 0;
+        audit_on_startup = 1;
+        for (const int item : {3, 7}) {
+            items[item].in_use = 1;
+            items[item].quantity = 10;
+            items[item].serving_size = 1;
+            items[item].servings_per_qty_unit = 1;
+        }
+        days[1].in_use = 1;
+        days[1].month = 1;
+        days[1].day = 2;
+        days[1].year = 2024;
+        days[1].planned_item[1] = 7;
+        day_quantities[1].item_quantity[1] = 4;
+    });
+    std::string bytes = read_whole_file(home);
+    bytes.replace(53, 4, std::string(4, '\0'));  // as from before there were lots
+    write_whole_file(home, bytes);
+    start();
+    user_opens(home);
+    EXPECT_EQ(days[1].audited, -1);
+    EXPECT_EQ(items[3].quantity, 10);
+    EXPECT_EQ(lots[3].lot_quantity[0], 10);
+    EXPECT_EQ(items[7].quantity, 6);
+    EXPECT_EQ(lots[7].lot_quantity[0], 6);
 }
 
 TEST_F(OpenProject, AnOlderFileKeepsItsFormWhenItIsSaved) {
@@ -416,6 +449,12 @@ TEST_F(OpenProject, ARecentEntryThatAnotherProgramHasKeepsTheOpenProject) {
     open_recent_project(cabin);
     expect_open(home, "home.tvk");
     EXPECT_EQ(store(), "Corner shop");
+}
+
+TEST_F(OpenProject, WhatAKilledProgramLeftBesideItGoes) {
+    write_whole_file(platform.path(".tavernook-a1B2c3"), "half a copy");
+    user_opens(home);
+    EXPECT_FALSE(exists(platform.path(".tavernook-a1B2c3")));
 }
 
 TEST_F(OpenProject, AProjectThatIsClosedOrReplacedIsFreeForOthers) {

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "core/project/known_files.h"
 #include "core/project/session_testing.h"
 
 namespace tavernook {
@@ -89,21 +90,64 @@ TEST_F(PreviousVersion, NoLeavesBothFilesAndTheUnfinishedOneIsRefused) {
     EXPECT_FALSE(exists(interrupted));
 }
 
-TEST_F(PreviousVersion, NoOpensANewFileThatIsWhole) {
+TEST_F(PreviousVersion, BesideANewFileThatIsWholeItGoesUnasked) {
     make_project(home, "New shop");
     make_project(previous, "Old shop");
-    date(previous);
     start();
-    user_is_offered_the_previous(Answer::no);
     user_opens(home);
     expect_open(home, "home.tvk");
     EXPECT_EQ(store(), "New shop");
-    EXPECT_TRUE(exists(previous));
-    // The next save is complete, so nothing is offered any more.
-    mnuFile_Save();
     EXPECT_FALSE(exists(previous));
+}
+
+TEST_F(PreviousVersion, ThatStillCannotBeDeletedIsNoHindrance) {
+    make_project(home, "New shop");
+    make_project(previous, "Old shop");
+    start();
+    user_opens(home);
+    const auto& log = platform.files.log();
+    const auto removal = std::find(log.begin(), log.end(), "remove home.previous.tvk");
+    ASSERT_NE(removal, log.end());
+    const int n = static_cast<int>(removal - log.begin()) + 1;
+    mnuFile_Close();
+    make_project(previous, "Old shop");
+    start();
+    platform.files.fail_at(n, fault_number::permission_denied);
+    user_opens(home);
+    expect_open(home, "home.tvk");
+    EXPECT_EQ(store_on_disk(previous), "Old shop");
+}
+
+// It was never said to be finished: after a loss of power its bytes may be missing all the same.
+TEST_F(PreviousVersion, IsOfferedBesideAFileThatStillBearsItsMark) {
+    make_project(home, "New shop");
+    make_project(previous, "Old shop");
+    date(previous);
+    std::string bytes = read_whole_file(home);
+    bytes[48] = '\x01';
+    write_whole_file(home, bytes);
+    start();
+    user_is_offered_the_previous(Answer::no);
     user_opens(home);
     EXPECT_EQ(store(), "New shop");
+    EXPECT_TRUE(exists(previous));
+    mnuFile_Save();
+    EXPECT_FALSE(exists(previous));
+}
+
+// Of the right length, and not to be read: what had been written never came to the disk.
+TEST_F(PreviousVersion, IsOfferedBesideAFileThatCannotBeReadToItsEnd) {
+    make_project(home, "New shop");
+    make_project(previous, "Old shop");
+    date(previous);
+    std::string bytes = read_whole_file(home);
+    bytes.replace(1100000, 560000, std::string(560000, '\xFF'));  // with the lengths of texts
+    write_whole_file(home, bytes);
+    start();
+    user_is_offered_the_previous(Answer::yes);
+    user_opens(home);
+    EXPECT_EQ(store(), "Old shop");
+    EXPECT_TRUE(read_whole_file(interrupted) == bytes);
 }
 
 TEST_F(PreviousVersion, OpeningItByItsOwnNameOpensTheProject) {
@@ -200,7 +244,7 @@ TEST_F(PreviousVersion, TheOpenProjectMayBeSavedUnderItsOwnNameAfterAFailedSave)
     user_opens(home);
     const int write = first_write_of_a_save();
     user_renames_store("Bakery");
-    disk_is_full_at(write - 1);  // not even an empty file could be made
+    disk_is_full_at(write - 4);  // right behind the moving aside: not even an empty file is made
     platform.boxes.expect_message(save_error(61));
     mnuFile_Save();
     ASSERT_FALSE(exists(home));
@@ -261,6 +305,11 @@ TEST_F(PreviousVersion, ThatCannotBeDeletedDoesNotFailTheSave) {
     EXPECT_EQ(project_modified, 0);
     EXPECT_EQ(store_on_disk(home), "Bakery");
     EXPECT_EQ(store_on_disk(previous), "Corner shop");
+    platform.files.work_normally();
+    mnuFile_Close();
+    user_opens(home);
+    EXPECT_EQ(store(), "Bakery");
+    EXPECT_FALSE(exists(previous));
 }
 
 TEST_F(PreviousVersion, OnlyAFileKnownToBeWholeTakesItsPlace) {
@@ -272,7 +321,7 @@ TEST_F(PreviousVersion, OnlyAFileKnownToBeWholeTakesItsPlace) {
     EXPECT_FALSE(exists(home));
     EXPECT_EQ(read_whole_file(previous), "old");
     write_whole_file(home, "whole");
-    project_file_is_whole(home);
+    project_file_is_known(home, platform.disk.stamp(home));
     set_previous_version_aside(home);
     EXPECT_FALSE(exists(home));
     EXPECT_EQ(read_whole_file(previous), "whole");

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "basics/date.h"
 #include "fakes/test_platform.h"
 
 namespace tavernook {
@@ -30,6 +31,51 @@ TEST_F(ProjectClaim, OfAProjectOpenElsewhereIsRefusedAndTold) {
         "then open it here.");
     EXPECT_FALSE(claim_project("/a/home.tvk"));
     EXPECT_EQ(platform.lock.held, Held{});
+}
+
+// --- A lock that another machine has left
+
+class ClaimOfAnotherMachine : public ProjectClaim {
+  protected:
+    ClaimOfAnotherMachine() {
+        platform.lock.taken_elsewhere.insert(home);
+        platform.lock.on_other_machines[home] = {"kitchen",
+                                                 date_from_moment({2024, 5, 14}, {18, 30, 0})};
+    }
+    ExpectedBox& user_is_asked(Answer answer) {
+        return platform.boxes
+            .expect_message(
+                "The project home.tvk is marked as open on the computer kitchen, since 5/14/2024 "
+                "6:30:00 PM.  If it is not open there any more, press YES to use it here.  If it "
+                "is, press NO and close it there first: what both save would not come together.",
+                answer)
+            .title("Project Open Elsewhere")
+            .buttons(Buttons::yes_no)
+            .default_button(DefaultButton::no);
+    }
+    const std::string home = "/a/home.tvk";
+};
+
+TEST_F(ClaimOfAnotherMachine, IsTakenOverByYes) {
+    user_is_asked(Answer::yes);
+    EXPECT_TRUE(claim_project(home));
+    EXPECT_EQ(platform.lock.held, Held{home});
+    release_claims();
+    EXPECT_EQ(platform.lock.held, Held{});
+}
+
+TEST_F(ClaimOfAnotherMachine, StaysWithNoAndNothingElseIsSaid) {
+    user_is_asked(Answer::no);
+    EXPECT_FALSE(claim_project(home));
+    EXPECT_EQ(platform.lock.held, Held{});
+}
+
+TEST_F(ClaimOfAnotherMachine, ThatSomebodyElseTakesMeanwhileIsTold) {
+    user_is_asked(Answer::yes).during([&] { platform.lock.on_other_machines.clear(); });
+    platform.boxes.expect_message(
+        "The project home.tvk is already open in another Tavernook window.  Close it there first, "
+        "then open it here.");
+    EXPECT_FALSE(claim_project(home));
 }
 
 TEST_F(ProjectClaim, ANameIsShownInTheCodePage) {

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "basics/fault.h"
+#include "core/program_state.h"
+#include "core/project/settings_file.h"
 #include "fakes/test_platform.h"
 #include "platform/platform.h"
 
@@ -89,6 +92,53 @@ TEST_F(RecentFiles, TheMenuShowsTheFilledKeysNewestFirst) {
     store("", "", "");
     load_recent_menu();
     EXPECT_EQ(platform.main.recent_files, Paths{});
+}
+
+// --- With the four of the settings file
+
+class RecentFilesOfBoth : public RecentFiles {
+  protected:
+    RecentFilesOfBoth() { settings_file = platform.path("TVK.dat"); }
+    // Oldest first, as they come.
+    void leave(std::initializer_list<const char*> paths) {
+        for (const char* path : paths) add_recent_project(path);
+    }
+    Paths menu() {
+        load_recent_menu();
+        return platform.main.recent_files;
+    }
+};
+
+TEST_F(RecentFilesOfBoth, WhatOnlyTheSettingsFileKnowsIsShown) {
+    leave({"/a/two.tvk", "/a/one.tvk"});
+    EXPECT_EQ(menu(), (Paths{"/a/one.tvk", "/a/two.tvk"}));
+}
+
+TEST_F(RecentFilesOfBoth, TheStoresComeFirstAndNoneTwice) {
+    leave({"/a/four.tvk", "/a/three.tvk", "/a/two.tvk"});
+    store("/a/one.tvk", "/a/two.tvk", "/a/three.tvk");
+    EXPECT_EQ(menu(), (Paths{"/a/one.tvk", "/a/two.tvk", "/a/three.tvk", "/a/four.tvk"}));
+}
+
+TEST_F(RecentFilesOfBoth, AProjectThatWasMadeAndLeftStandsBeforeThoseThatAreOlderInBoth) {
+    leave({"/a/three.tvk", "/a/two.tvk", "/a/new.tvk"});
+    store("/a/one.tvk", "/a/two.tvk", "/a/three.tvk");
+    EXPECT_EQ(menu(), (Paths{"/a/one.tvk", "/a/new.tvk", "/a/two.tvk", "/a/three.tvk"}));
+}
+
+TEST_F(RecentFilesOfBoth, TheMenuHasSixPlaces) {
+    leave({"/a/7.tvk", "/a/6.tvk", "/a/5.tvk", "/a/4.tvk"});
+    store("/a/1.tvk", "/a/2.tvk", "/a/3.tvk");
+    EXPECT_EQ(menu(),
+              (Paths{"/a/1.tvk", "/a/2.tvk", "/a/3.tvk", "/a/4.tvk", "/a/5.tvk", "/a/6.tvk"}));
+}
+
+TEST_F(RecentFilesOfBoth, ASettingsFileThatCannotBeReadLeavesTheStores) {
+    leave({"/a/two.tvk"});
+    store("/a/one.tvk", "", "");
+    platform.files.start_over();
+    platform.files.fail_at(1, fault_number::device_io_error, Repeat::persistently);
+    EXPECT_EQ(menu(), Paths{"/a/one.tvk"});
 }
 
 TEST_F(RecentFiles, LongPathsAreKeptWhole) {

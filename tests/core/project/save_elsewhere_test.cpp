@@ -4,6 +4,7 @@
 
 #include "core/project/main_commands.h"
 #include "core/project/save_safety_testing.h"
+#include "fakes/child_process.h"
 
 namespace tavernook {
 
@@ -29,9 +30,114 @@ class SaveElsewhere : public SaveSafety {
                     std::find(new_versions.begin(), new_versions.end(), now) != new_versions.end());
     }
 
+    // What lies at the path, as a user sees it who opens it: "old", "new", "fresh" (a new project),
+    // "half" (opened, and told that it ends too early), "none" (refused or not there).
+    std::string opened_at(const std::string& path, const std::string& fresh) {
+        platform.files.start_over();
+        reset_program_state();
+        note_boxes(Answer::no);
+        set_project_path(path);
+        Project_Open();
+        if (project_load_failed != 0) return "none";
+        if (notes.texts.size() == 1 && notes.texts[0].find(" ends too early: ") != npos) {
+            return "half";
+        }
+        EXPECT_TRUE(notes.texts.empty()) << notes.texts[0];
+        const std::string bytes = Image(read_whole_file(path)).put(49, std::string(1, '\0')).bytes;
+        if (bytes == fresh) return "fresh";
+        const TableSnapshot now;
+        if (now.difference(*old_tables).empty()) return "old";
+        return now.difference(*new_tables).empty() ? "new" : "mixed " + now.difference(*new_tables);
+    }
+    // A half file is put aside before it is saved over.
+    void expect_half_file_to_stay() {
+        const std::string half = read_whole_file(other);
+        EXPECT_TRUE(Project_Save(1));
+        EXPECT_TRUE(read_whole_file(platform.path("other.interrupted.tvk")) == half);
+    }
+    // `command` writes `other`, where nothing was, and is cut short at each of its operations.
+    void expect_whole_or_told(const std::function<void()>& command, const std::string& written) {
+        const int operations = operations_of(command);
+        int halves = 0;
+        for (const Torn torn : {Torn::no, Torn::yes}) {
+            for (int n = 1; n <= operations; n += case_stride) {
+                SCOPED_TRACE(n);
+                start_over();
+                const int status = exit_status_in_child([&] {
+                    note_boxes();
+                    platform.files.kill_at(n, torn);
+                    command();
+                });
+                ASSERT_EQ(status, FaultyFiles::kill_status);
+                EXPECT_EQ(opened_at(home, {}), "old");
+                const std::string left = opened_at(other, written);
+                EXPECT_TRUE(left == "new" || left == "fresh" || left == "half" || left == "none")
+                    << left;
+                if (left == "half") expect_half_file_to_stay();
+                halves += left == "half" ? 1 : 0;
+            }
+        }
+        EXPECT_GT(halves, 5);
+    }
+
+    static constexpr auto npos = std::string::npos;
     const std::string other = platform.path("other.tvk");
     std::string other_bytes;
 };
+
+TEST_F(SaveElsewhere, ASaveAsToANewNameThatIsCutShortIsWholeOrToldAndTheOldFileStays) {
+    expect_whole_or_told(
+        [&] {
+            platform.dialogs.expect_save("Save As", other);
+            mnuFile_SaveAs();
+        },
+        {});
+}
+
+// Its first file is of the older form, in which a block may be missing rightly.
+TEST_F(SaveElsewhere, ANewProjectThatIsCutShortIsWholeOrToldAndTheOldFileStays) {
+    const auto start_new = [&] {
+        file_version = 0;
+        platform.dialogs.expect_save("New Project", other);
+        mnuFile_NewProject();
+    };
+    start_over();
+    note_boxes();
+    start_new();
+    const std::string fresh = read_whole_file(other);
+    EXPECT_EQ(word_at(fresh, 47), 0);
+    expect_whole_or_told(start_new, fresh);
+}
+
+TEST_F(SaveElsewhere, AContentFromElsewhereIsNotLostWhateverFails) {
+    const std::string theirs = "their own content of this file";
+    const auto change_and_save = [&] {
+        write_whole_file(platform.path("arriving"), theirs);
+        platform.disk.rename(platform.path("arriving"), home);
+        note_boxes(Answer::yes);
+        save_silently();
+    };
+    const auto theirs_lies_there = [&] {
+        const FolderState state = disk_state();
+        return std::any_of(state.begin(), state.end(),
+                           [&](const auto& entry) { return entry.second == theirs; });
+    };
+    const int operations = operations_of(change_and_save);
+    for (int n = 1; n <= operations; n += case_stride) {
+        SCOPED_TRACE(n);
+        start_over();
+        platform.files.fail_at(n, 61, Repeat::persistently, Torn::yes);
+        change_and_save();
+        EXPECT_TRUE(theirs_lies_there());
+        start_over();
+        EXPECT_EQ(exit_status_in_child([&] {
+                      platform.files.kill_at(n, Torn::yes);
+                      change_and_save();
+                  }),
+                  FaultyFiles::kill_status);
+        EXPECT_TRUE(theirs_lies_there());
+    }
+}
 
 TEST_F(SaveElsewhere, SaveAsOntoAnExistingFileKeepsOneWholeVersionOfIt) {
     const auto save_as = [&] {
@@ -91,10 +197,10 @@ TEST_F(SaveElsewhere, ANewProjectOntoAnExistingFileKeepsOneWholeVersionOfIt) {
 }
 
 TEST_F(SaveElsewhere, AFailedSaveAsDoesNotForgetThatTheOpenFileIsWhole) {
-    // The open file is the newer one: the user said No to the previous version.
+    // A previous version that could not be deleted lies beside the open file.
     write_whole_file(home, new_bytes);
-    write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     EXPECT_EQ(project_after_opening(Answer::no), "new");
+    write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     put_other_project();
     platform.files.fail_at(20, 61, Repeat::persistently);
     platform.dialogs.expect_save("Save As", other);
@@ -106,8 +212,8 @@ TEST_F(SaveElsewhere, AFailedSaveAsDoesNotForgetThatTheOpenFileIsWhole) {
 
 TEST_F(SaveElsewhere, AFileThatVanishedIsNoLongerKnownToBeWhole) {
     write_whole_file(home, new_bytes);
-    write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     EXPECT_EQ(project_after_opening(Answer::no), "new");
+    write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     platform.disk.remove(home);
     save_failing_at(20, 61, Repeat::persistently, Torn::yes);
     save_failing_at(20, 61, Repeat::persistently, Torn::yes);
@@ -128,11 +234,11 @@ TEST_F(SaveElsewhere, AFileThatIsDamagedSinceItWasReadDoesNotPushTheGoodOneOut) 
 
 TEST_F(SaveElsewhere, AMoveAsideThatFailsLeavesTheFileKnownToBeWhole) {
     write_whole_file(home, new_bytes);
-    write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     EXPECT_EQ(project_after_opening(Answer::no), "new");
+    write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     items[3].name = "Changed once more";
     platform.files.start_over();
-    platform.files.fail_at(2, 70);  // the renaming
+    platform.files.fail_at(6, 70);  // the renaming
     EXPECT_FALSE(Project_Save(1));
     EXPECT_TRUE(platform.files.log().back().starts_with("rename home.tvk -> home.previous.tvk"));
     save_failing_at(20, 61, Repeat::persistently, Torn::yes);
@@ -160,7 +266,7 @@ TEST_F(SaveElsewhere, ANameWhoseOnlyPreviousVersionIsLeftIsRefused) {
 
 TEST_F(SaveElsewhere, SaveAsOntoItsOwnNameWorksAfterAFailedSave) {
     start_over();
-    save_failing_at(4, 61, Repeat::once, Torn::no);
+    save_failing_at(6, 61, Repeat::once, Torn::no);  // right behind the moving aside
     ASSERT_FALSE(platform.disk.exists(home));
     ASSERT_TRUE(platform.disk.exists(platform.path("home.previous.tvk")));
     platform.dialogs.expect_save("Save As", home);

@@ -138,6 +138,7 @@ TEST_F(SaveSafety, ThePreviousVersionItselfCanBeOpened) {
 }
 
 TEST_F(SaveSafety, TheQuestionNamesTheProjectAndTheTime) {
+    write_whole_file(home, Image(new_bytes).put(49, "\x01").bytes);
     write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     const std::string when = date_text(platform.disk.modified(platform.path("home.previous.tvk")));
     platform.boxes

@@ -84,6 +84,7 @@ TEST_F(ProjectFileLayout, TheOrderOfTheFileOperationsIsFixed) {
                                                opened,  // front; six blocks
                                                opened,
                                                "flush home.tvk",
+                                               "flush home.tvk",  // without its mark
                                                "flush_folder",
                                                "remove home.previous.tvk"};
     EXPECT_EQ(steps, expected);

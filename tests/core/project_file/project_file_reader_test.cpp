@@ -105,6 +105,7 @@ TEST_F(ProjectFileReader, AFileWithCreationDateDoesNotLookAt52) {
 }
 
 TEST_F(ProjectFileReader, ABlockWithoutPositionIsAbsent) {
+    note_boxes();  // one that tells of it, since files of this version lack no block
     for (const int position : {0, -1, std::numeric_limits<int>::min()}) {
         open(changed().position_word(50, position).bytes);
         expect_opened();
@@ -125,6 +126,7 @@ TEST_F(ProjectFileReader, ABlockWithoutPositionIsAbsent) {
 }
 
 TEST_F(ProjectFileReader, WithoutALotBlockEachLiveItemGetsOneLot) {
+    note_boxes();
     for (const int position : {0, -1}) {
         open(changed().position_word(54, position).bytes);
         expect_opened();
@@ -195,6 +197,7 @@ TEST_F(ProjectFileReader, ASlotOutOfRangeIsACorruptedFile) {
 }
 
 TEST_F(ProjectFileReader, AFullCountIsNotOutOfRange) {
+    note_boxes();  // it ends early, too
     // The records overlap the unit before; what counts is that as many are read.
     Image image = changed();
     for (int unit = 0; unit < 1000; ++unit) {
@@ -302,6 +305,7 @@ TEST_F(ProjectFileReader, TheHighestLotCountIsOneBeyondTheHighestItem) {
 TEST_F(ProjectFileReader, AFileShortInsideTheRecipeServingsReadsZerosThere) {
     const std::size_t servings = bytes.size() - 8008 + 1;
     ASSERT_EQ(long_at(bytes, setup + 428), static_cast<std::int64_t>(servings));
+    note_boxes();  // one that tells of it
     // 6 bytes of recipe 9 are left: of 4.0 the last two are not 0.
     open(bytes.substr(0, servings - 1 + 9 * 8 + 6));
     expect_opened();
@@ -313,7 +317,10 @@ TEST_F(ProjectFileReader, AFileShortInsideTheRecipeServingsReadsZerosThere) {
     open(bytes.substr(0, servings));
     expect_opened();
     EXPECT_EQ(meal_serving_size[9], 0);
-    expect_refused(bytes.substr(0, servings - 1), bad_record_box);
+    EXPECT_EQ(notes.texts.size(), 3U);
+    note_boxes();
+    open(bytes.substr(0, servings - 1));
+    EXPECT_EQ(notes.texts, std::vector<std::string>{bad_record_box});
 }
 
 TEST_F(ProjectFileReader, BytesBehindTheEndAreNotRead) {
@@ -347,8 +354,10 @@ TEST_F(ProjectFileReader, OtherFaultsTellTheirNumber) {
     const std::vector<std::string> log = platform.files.log();
     const int operations = platform.files.operations();
     ASSERT_GT(operations, 20);
+    // What killed programs have left is looked for first, and nobody told when that fails.
+    ASSERT_TRUE(platform.files.log()[0].starts_with("remove_left_over "));
     for (const int fault : {57, 70}) {
-        for (int n = 1; n <= operations; n += case_stride) {
+        for (int n = 2; n <= operations; n += case_stride) {
             SCOPED_TRACE(n);
             if (is_beside_the_project(log[static_cast<std::size_t>(n - 1)])) continue;
             platform.files.start_over();
