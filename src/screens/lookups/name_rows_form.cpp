@@ -164,10 +164,11 @@ void NameRowsForm::turn_to_pick() {
         is_turning_ = false;
         run([this] {
             const RowRef wanted(kind_.table, picked());
-            if (!settle()) return mark_edited();
-            edited_ = wanted;
+            const bool is_settled = settle();
+            if (is_settled) edited_ = wanted;
             mark_edited();
-            pick();
+            if (is_settled) return pick();
+            ui_->name_box->setFocus();
         });
     };
     QMetaObject::invokeMethod(this, turn, Qt::QueuedConnection);

@@ -146,8 +146,10 @@ void wam::turn_to(i16 slot) {
     const auto turn = [this, wanted = RowRef(Subject::measures, slot)] {
         is_turning_ = false;
         run([&] {
-            if (settle()) pick(wanted.now());
+            const bool is_settled = settle();
+            if (is_settled) pick(wanted.now());
             select_line();
+            if (!is_settled) ui_->left_field->setFocus();
         });
     };
     QMetaObject::invokeMethod(this, turn, Qt::QueuedConnection);

@@ -78,6 +78,7 @@ TEST_P(UnacceptedName, IsAskedAboutWhenAnotherRowIsPicked) {
     click_row(list(), 2);
     settle();
     EXPECT_EQ(box().text(), "Miller");
+    EXPECT_EQ(focused(), "name_box");
     EXPECT_EQ(selected(), std::vector<int>{1});
     EXPECT_EQ(names(), (Texts{"Dairy", "Bakery", "Market"}));
     expect_question_on_bakery(Answer::no);
@@ -292,6 +293,7 @@ TEST_F(UnacceptedMeasure, IsAskedAboutWhenAnotherLineIsPicked) {
     click_row(list(), 1);
     settle();
     EXPECT_EQ(left(), "1 jug");
+    EXPECT_EQ(focused(), "left_field");
     EXPECT_EQ(marked(), 0);
     expect_question_on_mug(Answer::no);
     list().setFocus();
