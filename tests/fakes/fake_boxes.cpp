@@ -119,6 +119,7 @@ ExpectedBox& FakeBoxes::expect_input(std::string prompt, std::string title, std:
 Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
                           DefaultButton default_button) {
     const bool exclaims = std::exchange(warns_, false);
+    const bool is_critical = std::exchange(is_critical_, false);
     log.add(std::string(text));
     const std::string shown = "message \"" + std::string(text) + "\"";
     const std::optional<ExpectedBox> expected = script_.take(shown);
@@ -129,6 +130,9 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
     if (expected->exclaims && !exclaims) {
         report(*expected, shown, "\n  without the exclamation icon");
     }
+    if (expected->is_critical && !is_critical) {
+        report(*expected, shown, "\n  without the critical icon");
+    }
     if (expected->while_open) expected->while_open();
     const bool answers = expected->kind == ExpectedBox::Kind::message;
     return answers && possible(expected->answer, buttons) ? expected->answer : closed(buttons);
@@ -137,6 +141,12 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
 void FakeBoxes::warning(std::string_view text, std::string_view title) {
     warns_ = true;
     message(text, Buttons::ok, title);
+}
+
+Answer FakeBoxes::critical(std::string_view text, Buttons buttons, std::string_view title,
+                           DefaultButton default_button) {
+    is_critical_ = true;
+    return message(text, buttons, title, default_button);
 }
 
 std::optional<std::string> FakeBoxes::input(std::string_view prompt, std::string_view title,
