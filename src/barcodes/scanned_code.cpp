@@ -12,7 +12,9 @@ bool is_recipe_code(std::string_view code) {
     return code.starts_with("tvk") || code.starts_with("TVK") || code.starts_with("Tvk");
 }
 
-i16 live_recipe(f64 number) {
+i16 live_recipe(std::string_view digits) {
+    if (digits.find_first_not_of("0123456789") != std::string_view::npos) return 0;
+    const f64 number = leading_number(digits);
     if (!(number >= 1 && number <= meal_capacity)) return 0;
     const i16 slot = round_to_i16(number);
     return meals[slot].in_use == 1 ? slot : i16{0};
@@ -22,7 +24,7 @@ i16 live_recipe(f64 number) {
 
 ScannedCode meaning_of_code(std::string_view code) noexcept {
     const std::string_view text = trim(code);
-    if (is_recipe_code(text)) return {.recipe = live_recipe(leading_number(text.substr(3)))};
+    if (is_recipe_code(text)) return {.recipe = live_recipe(text.substr(3))};
     return {.item = find_scanned_item(text)};
 }
 

@@ -14,8 +14,9 @@ struct ScannedCode {
     bool known() const { return recipe != 0 || item != 0; }
 };
 
-// "tvk", "TVK" or "Tvk" and a number name the live recipe of that slot; any other code names the
-// live item that bears it. Blanks around the code do not count.
+// "tvk", "TVK" or "Tvk" and digits name the live recipe of that slot; with anything else behind
+// them they name nothing. Any other code names the live item that bears it. Blanks around the code
+// do not count.
 ScannedCode meaning_of_code(std::string_view code) noexcept;
 
 // The first live item of that barcode, capitals counting and blanks around both not; 0 when there

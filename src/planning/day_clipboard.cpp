@@ -51,10 +51,11 @@ bool paste_day(Date date) {
 }
 
 void delete_day_of(Date date) {
-    const std::vector<i16> held = live_days_of(civil_from_date(date));
-    for (const i16 slot : held) {
+    const CivilDate day = civil_from_date(date);
+    for (const i16 slot : live_days_of(day)) {
         if (days[slot].audited != 0) release_audited_day(slot);
     }
+    const std::vector<i16> held = live_days_of(day);  // behind the boxes of the settlement
     // Delete_Day empties an audited current_day, which must not be that of another date.
     current_day = held.empty() ? i16{0} : held.back();
     Delete_Day(date, date);

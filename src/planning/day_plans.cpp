@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/changes.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "platform/platform.h"
@@ -14,13 +15,26 @@ CivilDate selected_civil_date() {
     return {selected_year, selected_month, selected_day};
 }
 
-void require_slot(i16 slot, int capacity) {
-    if (slot < 1 || slot > capacity) throw Fault(fault_number::subscript_out_of_range);
-}
-
 void redraw_list() {
     ports::MealPlan* screen = meal_plan();
     if (screen != nullptr) screen->populate_days_Meals_Items();
+}
+
+// The slot opened for a date may have become the last one since, by plans of other dates.
+void tell_of_last_slot() {
+    const bool has_none = live_days_of(selected_civil_date()).empty();
+    if (!has_none || current_day != day_capacity || full_table_told != 0) return;
+    current_day = find_free_day();
+    full_table_told = truth(current_day == day_capacity);
+}
+
+// Whether it is still there behind the box that may come.
+bool may_enter(Subject table, i16 number) {
+    const RowRef entry(table, number);
+    if (entry.now() == 0) return false;
+    day_at(current_day);
+    tell_of_last_slot();
+    return entry.now() != 0;
 }
 
 // What follows every entry: stamping the date is what makes a day of a slot that was only opened.
@@ -52,11 +66,12 @@ i16 slot_of_selected_date() noexcept {
 bool open_day() noexcept {
     const std::vector<i16> held = live_days_of(selected_civil_date());
     current_day = held.empty() ? find_free_day() : held.back();
+    full_table_told = truth(held.empty() && current_day == day_capacity);
     return !held.empty();
 }
 
-void Add_Item(i16 item, f64 servings) {
-    require_slot(item, item_capacity);
+bool Add_Item(i16 item, f64 servings) {
+    if (!may_enter(Subject::items, item)) return false;
     DayRecord& day = day_at(current_day);
     i16 place = find_day_item(item, current_day);
     if (place == 0) place = find_free_day_item_place(current_day);
@@ -64,10 +79,11 @@ void Add_Item(i16 item, f64 servings) {
     put_entry(day.planned_item[at], day_quantities[current_day].item_quantity[at], item,
               items[item].serving_size * servings);
     keep_entry(day);
+    return true;
 }
 
-void add_meal(i16 recipe, f64 quantity) {
-    require_slot(recipe, meal_capacity);
+bool add_meal(i16 recipe, f64 quantity) {
+    if (!may_enter(Subject::recipes, recipe)) return false;
     DayRecord& day = day_at(current_day);
     i16 place = check_for_existing_meal_index(recipe);
     if (place == 0) place = find_free_day_meal_place(current_day);
@@ -75,6 +91,7 @@ void add_meal(i16 recipe, f64 quantity) {
     put_entry(day.planned_meal[at], day_quantities[current_day].meal_servings[at], recipe,
               quantity);
     keep_entry(day);
+    return true;
 }
 
 void modify_mealplan_qty(f64 quantity) {

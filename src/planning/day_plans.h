@@ -26,10 +26,13 @@ i16 slot_of_selected_date() noexcept;
 
 // Plan on current_day, which becomes the day of the selected date. An entry that is there already
 // gets more of it. `servings` times the item's serving size is stored; a recipe's quantity counts
-// its servings and is stored as it is. Kept: the 31st entry of a day replaces place 30. Fault 9 for
-// an item, a recipe or a current_day outside the tables; nothing has changed then.
-void Add_Item(i16 item, f64 servings);
-void add_meal(i16 recipe, f64 quantity);
+// its servings and is stored as it is. Kept: the 31st entry of a day replaces place 30. Where the
+// date would take the last slot, the box of open_day comes first, unless it was shown when the date
+// was opened. False, and nothing has changed, for what is no live item or recipe: it may have been
+// deleted since it was chosen. Fault 9 for a current_day outside the table; nothing has changed
+// then.
+bool Add_Item(i16 item, f64 servings);
+bool add_meal(i16 recipe, f64 quantity);
 
 // Sets the quantity of the row that is selected in the day list and has the list redrawn. Nothing
 // happens without a selected row; the stock is not touched. Fault 9 for a current_day or a place

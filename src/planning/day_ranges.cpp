@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "core/changes.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "planning/day_plans.h"
@@ -52,14 +53,15 @@ bool free_days(const DateRange& range) {
 }
 
 Answer ask_to_copy_over(const CivilDate& date) {
-    return boxes().message("The day of " + std::to_string(date.month) + "/" +
-                               std::to_string(date.day) + "/" + std::to_string(date.year) +
-                               " is already being used.  Do you want to copy over it?",
-                           Buttons::yes_no, "Copy Day", DefaultButton::no);
+    return boxes().critical("The day of " + std::to_string(date.month) + "/" +
+                                std::to_string(date.day) + "/" + std::to_string(date.year) +
+                                " is already being used.  Do you want to copy over it?",
+                            Buttons::yes_no, "Copy Day", DefaultButton::no);
 }
 
-i16 new_day(const CivilDate& date) {
+i16 new_day(const CivilDate& date, const RowRef& source) {
     const i16 slot = find_free_day();
+    if (source.now() == 0) return 0;
     DayRecord& day = days[slot];
     day.day = to_i16(date.day);
     day.month = to_i16(date.month);
@@ -70,12 +72,13 @@ i16 new_day(const CivilDate& date) {
 
 // The slot to copy onto, 0 when the user keeps the date as it is. A date that is held twice is
 // asked about twice; the last slot and the last answer count.
-i16 target_of(const CivilDate& date) {
+i16 target_of(const CivilDate& date, const RowRef& source) {
     const std::vector<i16> held = live_days_of(date);
-    if (held.empty()) return new_day(date);
+    if (held.empty()) return new_day(date, source);
+    const RowRef target(Subject::plans, held.back());
     Answer answer = Answer::no;
     for (std::size_t n = 0; n < held.size(); ++n) answer = ask_to_copy_over(date);
-    return answer == Answer::yes ? held.back() : i16{0};
+    return answer == Answer::yes ? target.now() : i16{0};
 }
 
 void lay_over(i16 source, i16 target) {
@@ -93,12 +96,13 @@ void lay_over(i16 source, i16 target) {
     }
 }
 
-int copy_onto(const DateRange& range, i16 source) {
+int copy_onto(const DateRange& range, const RowRef& source) {
     int copied = 0;
     for (i16 n = 0; n < range.count; ++n) {
-        const i16 target = target_of(range.date(n));
+        const i16 target = target_of(range.date(n), source);
+        if (source.now() == 0) break;
         if (target == 0) continue;
-        lay_over(source, target);
+        lay_over(source.now(), target);
         ++copied;
     }
     return copied;
@@ -129,7 +133,7 @@ int copy_day(Date first, Date last, i16 no_refresh) {
     const DateRange range = range_of(first, last);
     const bool only_opened = current_day != 0 && days[current_day].in_use == 0;
     project_modified = i16_true;
-    const int copied = copy_onto(range, copy_source_day);
+    const int copied = copy_onto(range, RowRef(Subject::plans, copy_source_day));
     // Otherwise the next entry would take the copy over to the selected date.
     if (only_opened && days[current_day].in_use != 0) current_day = slot_of_selected_date();
     pending_calendar_refresh = i16_true;

@@ -16,8 +16,9 @@ void Delete_Day(Date first, Date last, i16 unused = 0);
 
 // Lays the plans of copy_source_day over each date, place by place: what the source leaves empty
 // keeps what it held. A date in use is asked about, a free one takes a slot of its own. Returns how
-// many dates were copied onto; 0, with nothing changed, when the source is free. When the copy
-// takes the slot that is opened for the selected date, current_day moves to another one. A nonzero
+// many dates were copied onto; 0, with nothing changed, when the source is free. A day that goes
+// while a box asks about it is left out, and with the source the copying ends. When the copy takes
+// the slot that is opened for the selected date, current_day moves to another one. A nonzero
 // no_refresh leaves the grid as drawn. Fault 6 and 9 as above.
 int copy_day(Date first, Date last, i16 no_refresh);
 

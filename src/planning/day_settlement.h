@@ -10,7 +10,8 @@ namespace tavernook {
 // could not take, entries that name no live item or recipe, gives nothing back. A place whose
 // amount cannot be worked out (a serving size of 0) keeps nobody else's stock back: all others are
 // settled first, then one box, "there has been an error", tells of the items; a recipe's comes at
-// once. False when one was shown, also for a day outside 1..1095.
+// once. What goes while its question stands open gives nothing back, and when the day goes, no more
+// is asked. False when a box of failure was shown, also for a day outside 1..1095.
 bool release_audited_day(i16 day) noexcept;
 
 // The command "edit audited day" on current_day: it counts as not audited, then it is settled with

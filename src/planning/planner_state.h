@@ -13,6 +13,7 @@ extern i16 selected_year;
 extern i16 copy_source_day;           // slot remembered by Copy; 0 = none
 extern i16 day_changed;               // -1 = something was planned since the last Delete_Day
 extern i16 pending_calendar_refresh;  // -1 = the totals redraw the grid when they are next shown
+extern i16 full_table_told;           // -1 = for the date opened a box has told of the last slot
 
 // What Copy and Cut remember; the day itself is copy_source_day.
 struct DayClipboard {

@@ -80,19 +80,22 @@ std::string caption_of(bool found) {
            "Meal to add it to the Meal Plan.";
 }
 
-f64 ask_quantity(std::string_view title) {
-    const std::string typed = boxes().input(quantity_prompt, title, "").value_or("");
-    return leading_number(with_decimal_point(typed));
+std::optional<f64> ask_quantity(std::string_view title) {
+    const std::optional<std::string> typed = boxes().input(quantity_prompt, title, "");
+    if (!typed) return std::nullopt;
+    return leading_number(with_decimal_point(*typed));
 }
 
 // The recipe may go, and the day may be audited, while the box stands open.
-void plan_as_asked(i16 number, std::string_view title, bool zero_too) {
-    const RowRef recipe(Subject::recipes, number);
-    const f64 quantity = ask_quantity(title);
-    if ((quantity == 0 && !zero_too) || recipe.now() == 0) return;
+bool plan_as_asked(std::string_view key, std::string_view title, bool zero_too) {
+    const std::optional<i16> number = number_behind_colon(key);
+    if (!number) return false;
+    const RowRef recipe(Subject::recipes, *number);
+    const std::optional<f64> quantity = ask_quantity(title);
+    if (!quantity || (*quantity == 0 && !zero_too)) return false;
     const DayRecord& day = day_at(current_day);
-    if (day.in_use == 1 && day.audited != 0) return;
-    add_meal(recipe.now(), quantity);
+    if (day.in_use == 1 && day.audited != 0) return false;
+    return add_meal(recipe.now(), *quantity);
 }
 
 }  // namespace
@@ -124,14 +127,12 @@ i16 recommended_recipe(std::string_view key) noexcept {
     return number_behind_colon(key).value_or(0);
 }
 
-void add_recommended_meal(std::string_view key) {
-    const std::optional<i16> recipe = number_behind_colon(key);
-    if (recipe) plan_as_asked(*recipe, "Add Meal", true);
+bool add_recommended_meal(std::string_view key) {
+    return plan_as_asked(key, "Add Meal", true);
 }
 
-void add_recommended_meal_unless_zero(std::string_view key) {
-    const std::optional<i16> recipe = number_behind_colon(key);
-    if (recipe) plan_as_asked(*recipe, "Add", false);
+bool add_recommended_meal_unless_zero(std::string_view key) {
+    return plan_as_asked(key, "Add", false);
 }
 
 }  // namespace tavernook

@@ -32,12 +32,13 @@ i16 recommended_item(std::string_view key) noexcept;
 i16 recommended_recipe(std::string_view key) noexcept;
 
 // The popup's command: asks for a quantity and plans the recipe on current_day with whatever that
-// reads as, 0 included, after Cancel too. Nothing happens for a key without a colon; nothing is
-// planned when behind the box the recipe is not live any more or the day has been audited. Fault 9,
-// which the command of the screen tells, for a current_day outside the table.
-void add_recommended_meal(std::string_view key);
+// reads as, 0 included for an empty answer; true when it was planned. Nothing happens for a key
+// without a colon, and nothing changes when the box is cancelled, or when behind it the recipe is
+// not live any more or the day has been audited. Fault 9, which the command of the screen tells,
+// for a current_day outside the table.
+bool add_recommended_meal(std::string_view key);
 
 // The double click: the same, Fault 9 too, but a quantity that reads as 0 adds nothing.
-void add_recommended_meal_unless_zero(std::string_view key);
+bool add_recommended_meal_unless_zero(std::string_view key);
 
 }  // namespace tavernook

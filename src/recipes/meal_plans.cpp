@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/changes.h"
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "core/trap.h"
@@ -87,12 +88,15 @@ bool remove_meal_from_plans(i16 slot, Answer adjust_stock) noexcept {
 }
 
 bool restore_day_meal_stock(i16 slot, i16 day, i16 place) noexcept {
-    if (!is_live_row(meals, slot)) return true;
+    const RowRef asked(Subject::recipes, slot);
+    const RowRef planned(Subject::plans, day);
+    if (asked.now() == 0) return true;
     const Answer answer = boxes().message(
         "You have chosen to edit an audited day.  Do you want the inventory for the items used by "
         "this Meal to be adjusted as a result?",
         Buttons::yes_no, "Inventory Adjustment", DefaultButton::no);
-    return answer != Answer::yes || restore_day_meal_stock_quietly(slot, day, place);
+    const bool gone = asked.now() == 0 || RowRef(Subject::plans, day) != planned;
+    return answer != Answer::yes || gone || restore_day_meal_stock_quietly(slot, day, place);
 }
 
 bool restore_day_meal_stock_quietly(i16 slot, i16 day, i16 place) noexcept {

@@ -12,7 +12,8 @@ namespace tavernook {
 // changed, where an amount cannot be worked out.
 bool remove_meal_from_plans(i16 slot, Answer adjust_stock) noexcept;
 
-// Asks; with Yes it does the work of the quiet one. Asks nothing for a recipe that is none.
+// Asks; with Yes it does the work of the quiet one, unless recipe or day have gone by then. Asks
+// nothing for a recipe that is none.
 bool restore_day_meal_stock(i16 slot, i16 day, i16 place) noexcept;
 
 // Gives each ingredient's share of the place's servings back to the item's lots. False, with a box

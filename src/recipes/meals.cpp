@@ -4,6 +4,7 @@
 
 #include "basics/number_text.h"
 #include "basics/text.h"
+#include "core/changes.h"
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "core/trap.h"
@@ -52,6 +53,7 @@ i16 item_of_key(std::string_view key) {
 
 i16 delete_if_wanted(i16 slot, bool keep_if_planned) {
     MealRecord& meal = meal_at(slot);
+    const RowRef asked(Subject::recipes, slot);
     const std::string dates = meal_use_dates(slot);
     if (!dates.empty()) {
         if (keep_if_planned) return meal_kept_because_planned;
@@ -61,6 +63,7 @@ i16 delete_if_wanted(i16 slot, bool keep_if_planned) {
         if (go_on != Answer::yes) return meal_kept_by_user;
         const Answer adjust_stock =
             ask("Do you want these changes to the Meal Planner to effect the Inventory?");
+        if (RowRef(Subject::recipes, slot) != asked) return meal_kept_by_user;
         if (!remove_meal_from_plans(slot, adjust_stock)) return meal_kept_by_user;
     }
     clear_meal_record(meal);

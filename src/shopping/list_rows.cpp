@@ -125,8 +125,4 @@ std::string list_key(i16 item) noexcept {
     return std::to_string(item) + "t";
 }
 
-std::string drag_text(i16 item) noexcept {
-    return "i" + std::to_string(item);
-}
-
 }  // namespace tavernook

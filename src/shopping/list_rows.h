@@ -46,7 +46,4 @@ std::string quick_pick_tip(i16 item) noexcept;
 // The key of an item's row, in both lists: its number + "t".
 std::string list_key(i16 item) noexcept;
 
-// What a row of the pick list offers to a drop: "i" + its number.
-std::string drag_text(i16 item) noexcept;
-
 }  // namespace tavernook

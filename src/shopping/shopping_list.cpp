@@ -1,10 +1,13 @@
 #include "shopping/shopping_list.h"
 
+#include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 
 #include "basics/number_text.h"
 #include "basics/typed_numbers.h"
+#include "core/changes.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/trap.h"
@@ -47,15 +50,35 @@ void scan_item(i16 item, Date now) {
         expiring ? record.stock_quantity : record.stock_quantity - record.quantity;
 }
 
-void book_item(i16 item) {
+bool is_lot_empty(f64 quantity) {
+    return quantity == 0;
+}
+
+// All its lots are filled; false where it can have none.
+bool has_no_room(i16 item) {
+    if (item > lot_table_top) return false;
+    const auto& filled = lots[item].lot_quantity;
+    return std::none_of(filled.begin(), filled.end(), is_lot_empty);
+}
+
+void book_item(i16 item, Booking& booking) {
     ItemRecord& record = items[item];
     if (record.in_use == 1) ensure_lot_record(item);
     if (record.on_shopping_list == 0) return;
-    const bool has_lots = item <= lot_table_top;
-    add_to_lots(item, record.shopping_quantity);
-    if (!has_lots) return;  // told; it stays on the list
+    const f64 quantity = record.shopping_quantity;
+    const bool fails_in_silence = std::isfinite(quantity) && has_no_room(item);
+    const bool placed = add_to_lots(item, quantity) != 0;
+    if (!placed && !fails_in_silence) return booking.failed.push_back(item);
     record.on_shopping_list = i16_false;
     record.last_restock_date = date_alone(platform_clock().now());
+    if (quantity != 0) (placed ? booking.placed : booking.without_lot).push_back(item);
+}
+
+// Whether the item is still the one that a box was about; says so where it is not.
+bool is_still(const RowRef& asked, i16 item) {
+    if (RowRef(Subject::items, item) == asked) return true;
+    main_window().set_status(message_panel, "This item is not there any more.");
+    return false;
 }
 
 std::optional<f64> ask_number(const std::string& prompt, const std::string& title,
@@ -83,21 +106,23 @@ void add_ingredient_of(i16 recipe, i16 item) {
 
 void ask_quantity(i16 item) {
     ItemRecord& record = live_number(item);
+    const RowRef asked(Subject::items, item);
     const std::optional<f64> quantity =
         ask_number("Current Quantity = " + number_text(record.quantity) + "\nEnter new quantity:",
                    "Change Quantity", number_text(record.shopping_quantity));
-    if (!quantity) return;
+    if (!quantity || !is_still(asked, item)) return;
     record.shopping_quantity = *quantity;
     project_modified = i16_true;
 }
 
 void ask_store_order(i16 item) {
     ItemRecord& record = live_number(item);
+    const RowRef asked(Subject::items, item);
     const std::string present = std::to_string(record.store_order);
     const std::optional<f64> order = ask_number(
         "Current store order = " + present + "\nEnter new store order:", "Change Store Order",
         present);
-    if (!order) return;
+    if (!order || !is_still(asked, item)) return;
     record.store_order = round_to_i16(*order);
     project_modified = i16_true;
 }
@@ -134,15 +159,6 @@ bool add_recipe_to_list(i16 recipe) noexcept {
     });
 }
 
-void drop_on_list(std::string_view drag_text) noexcept {
-    if (drag_text.empty()) return;
-    const f64 number = leading_number(drag_text.substr(1));
-    if (!(number >= 1 && number <= item_capacity)) return;
-    const i16 dropped = round_to_i16(number);
-    if (drag_text.front() == 'i') add_to_list(dropped);
-    if (drag_text.front() == 'm') add_recipe_to_list(dropped);
-}
-
 bool remove_from_list(i16 item) noexcept {
     return trap_in_module([item] {
         ItemRecord& record = live_number(item);
@@ -160,11 +176,13 @@ void change_store_order(i16 item) noexcept {
     trap_in_module([item] { ask_store_order(item); });
 }
 
-void book_list_into_stock() noexcept {
-    trap_in_module([] {
+Booking book_list_into_stock() noexcept {
+    Booking booking;
+    trap_in_module([&booking] {
         project_modified = i16_true;
-        for (i16 item = 1; item <= item_capacity; ++item) book_item(item);
+        for (i16 item = 1; item <= item_capacity; ++item) book_item(item, booking);
     });
+    return booking;
 }
 
 }  // namespace tavernook

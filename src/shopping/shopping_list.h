@@ -4,7 +4,7 @@
 // false.
 #pragma once
 
-#include <string_view>
+#include <vector>
 
 #include "basics/values.h"
 
@@ -31,21 +31,26 @@ bool add_to_list(i16 item) noexcept;
 // outside the table is passed over.
 bool add_recipe_to_list(i16 recipe) noexcept;
 
-// What was dragged onto the list: "i" + item or "m" + recipe. Anything else changes nothing.
-void drop_on_list(std::string_view drag_text) noexcept;
-
 bool remove_from_list(i16 item) noexcept;
 
 // Ask for the item's shopping_quantity or store_order. What is typed counts by its leading number,
-// a negative one too, and is 0 without one; a cancelled box changes nothing. A store order beyond
-// 16 bits shows a box and changes nothing.
+// a negative one too, and is 0 without one; a cancelled box changes nothing. Nothing changes
+// either, and the status bar says so, when the item goes while the box stands open. A store order
+// beyond 16 bits shows a box and changes nothing.
 void change_shopping_quantity(i16 item) noexcept;
 void change_store_order(i16 item) noexcept;
 
+// What became of the entries when the list went into stock, by number. An entry of 0 is in none.
+struct Booking {
+    std::vector<i16> placed;       // each in a lot of its own
+    std::vector<i16> without_lot;  // found no empty lot: off the list, the stock as it was
+    std::vector<i16> failed;       // told by a box each; still on the list
+};
+
 // The whole list goes into stock: each entry into a lot of its own, restocked today, and off the
-// list; shopping_quantity stays. An entry that finds no empty lot goes off the list all the same.
-// Kept: a negative quantity makes a negative lot. An entry that can have no lots, as a
-// free slot can have none, shows a box and stays on the list; the others go on.
-void book_list_into_stock() noexcept;
+// list; shopping_quantity stays. Kept: an entry that finds no empty lot goes off the list all the
+// same, and a negative quantity makes a negative lot. An entry that can have no lots, as a free
+// slot can have none, and one whose quantity is no number, fail; the others go on.
+Booking book_list_into_stock() noexcept;
 
 }  // namespace tavernook

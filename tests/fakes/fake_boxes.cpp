@@ -119,6 +119,7 @@ ExpectedBox& FakeBoxes::expect_input(std::string prompt, std::string title, std:
 Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_view title,
                           DefaultButton default_button) {
     const bool exclaims = std::exchange(warns_, false);
+    const bool is_critical = std::exchange(is_critical_, false);
     log.add(std::string(text));
     const std::string shown = "message \"" + std::string(text) + "\"";
     const std::optional<ExpectedBox> expected = script_.take(shown);
@@ -128,6 +129,9 @@ Answer FakeBoxes::message(std::string_view text, Buttons buttons, std::string_vi
                                default_button));
     if (expected->exclaims && !exclaims) {
         report(*expected, shown, "\n  without the exclamation icon");
+    }
+    if (expected->is_critical && !is_critical) {
+        report(*expected, shown, "\n  without the critical icon");
     }
     run_what_comes_meanwhile(*expected);
     const bool answers = expected->kind == ExpectedBox::Kind::message;
@@ -144,6 +148,12 @@ void FakeBoxes::run_what_comes_meanwhile(const ExpectedBox& box) {
 void FakeBoxes::warning(std::string_view text, std::string_view title) {
     warns_ = true;
     message(text, Buttons::ok, title);
+}
+
+Answer FakeBoxes::critical(std::string_view text, Buttons buttons, std::string_view title,
+                           DefaultButton default_button) {
+    is_critical_ = true;
+    return message(text, buttons, title, default_button);
 }
 
 std::optional<std::string> FakeBoxes::input(std::string_view prompt, std::string_view title,

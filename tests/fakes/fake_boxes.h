@@ -33,6 +33,7 @@ struct ExpectedBox {
     std::optional<Buttons> button_set{};           // not checked where it is nothing
     std::optional<DefaultButton> enter_presses{};  // not checked where it is nothing
     bool exclaims = false;                         // not checked where it is false
+    bool is_critical = false;                      // not checked where it is false
     std::function<void()> while_open{};
 
     ExpectedBox& title(std::string expected) {
@@ -50,6 +51,11 @@ struct ExpectedBox {
     // The box bears the exclamation icon.
     ExpectedBox& warning() {
         exclaims = true;
+        return *this;
+    }
+    // The box bears the critical icon.
+    ExpectedBox& critical() {
+        is_critical = true;
         return *this;
     }
     // Runs while the box is open, as the events do that arrive meanwhile.
@@ -82,6 +88,8 @@ class FakeBoxes : public Boxes {
     Answer message(std::string_view text, Buttons buttons, std::string_view title,
                    DefaultButton default_button = DefaultButton::first) override;
     void warning(std::string_view text, std::string_view title) override;
+    Answer critical(std::string_view text, Buttons buttons, std::string_view title,
+                    DefaultButton default_button) override;
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 
@@ -95,7 +103,8 @@ class FakeBoxes : public Boxes {
     void run_what_comes_meanwhile(const ExpectedBox& box);
 
     int open_ = 0;
-    bool warns_ = false;  // the box being asked came through warning()
+    bool warns_ = false;        // the box being asked came through warning()
+    bool is_critical_ = false;  // ... through critical()
 };
 
 }  // namespace tavernook

@@ -52,10 +52,31 @@ TEST_F(CopyDay, OntoADateInUseAsksWithNoAsTheDefault) {
     expect_question("6/5/2024", Answer::yes)
         .title("Copy Day")
         .buttons(Buttons::yes_no)
-        .default_button(DefaultButton::no);
+        .default_button(DefaultButton::no)
+        .critical();
     EXPECT_EQ(copy_day(june(5), june(5), 0), 1);
     expect_copy(20);
     expect_free(1);
+}
+
+TEST_F(CopyDay, ADateThatIsFreedWhileItIsAskedAboutStaysFree) {
+    add_day(20, 6, 5, 2024);
+    expect_question("6/5/2024", Answer::yes).during([] { days[20] = DayRecord{}; });
+    EXPECT_EQ(copy_day(june(5), june(6), 0), 1);
+    expect_free(20);
+    expect_copy(1);
+}
+
+TEST_F(CopyDay, WithASourceThatGoesMeanwhileTheCopyingEnds) {
+    add_day(20, 6, 5, 2024);
+    expect_question("6/5/2024", Answer::yes).during([] { days[source] = DayRecord{}; });
+    EXPECT_EQ(copy_day(june(5), june(6), 0), 0);
+    expect_free(1);
+    fill_days(1095);
+    add_day(source, 6, 2, 2024);
+    platform.boxes.expect_message(days_full_warning).during([] { days[source] = DayRecord{}; });
+    EXPECT_EQ(copy_day(june(7), june(7), 0), 0);
+    EXPECT_TRUE(live_days_of({2024, 6, 7}).empty());
 }
 
 TEST_F(CopyDay, AnsweredYesPlacesThatAreEmptyInTheSourceKeepWhatTheyHeld) {
@@ -158,6 +179,7 @@ TEST_F(CopyDay, IntoAFullTableTakesTheLastSlotOver) {
 }
 
 TEST_F(CopyDay, TheSlotThatWasOpenedIsNotPlannedOnTwice) {
+    add_meal(4);
     open_june(20);  // slot 1 is only opened
     copy_day(june(5), june(5), 0);
     expect_date(1, 6, 5, 2024);

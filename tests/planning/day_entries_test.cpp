@@ -77,6 +77,44 @@ TEST_F(DayEntries, AFullTableHandsItsLastSlotToTheNewDate) {
     expect_date(1095, 6, 2, 2024);
 }
 
+// The box comes before anything is planned.
+TEST_F(DayEntries, ATableThatBecameFullSinceTheDateWasOpenedIsToldAtTheFirstEntry) {
+    fill_days(1093);
+    open_june(2);
+    add_day(1094, 6, 5, 2024);
+    current_day = slot_of_selected_date();
+    platform.boxes.expect_message(days_full_warning).during([] { expect_free(1095); });
+    EXPECT_TRUE(tavernook::add_meal(bread, 1));
+    EXPECT_TRUE(Add_Item(flour, 1));
+    expect_date(1095, 6, 2, 2024);
+}
+
+TEST_F(DayEntries, ADateThatWasNeverOpenedIsToldToo) {
+    fill_days(1095);
+    select(6, 2, 2024);
+    current_day = slot_of_selected_date();
+    platform.boxes.expect_message(days_full_warning).during([] {
+        EXPECT_EQ(days[1095].planned_item[1], 0);
+    });
+    EXPECT_TRUE(Add_Item(flour, 1));
+    expect_date(1095, 6, 2, 2024);
+}
+
+TEST_F(DayEntries, TheNextOpeningTellsAgainAndAPlannedDateNever) {
+    fill_days(1095);
+    add_day(20, 6, 3, 2024);
+    platform.boxes.expect_message(days_full_warning);
+    open_june(2);
+    open_june(3);
+    plan_meal(bread, 1);
+    EXPECT_EQ(days[20].planned_meal[1], bread);
+    platform.boxes.expect_message(days_full_warning);
+    open_june(2);
+    plan_meal(bread, 1);
+    plan_meal(bread, 1);
+    EXPECT_EQ(day_quantities[1095].meal_servings[1], 2);
+}
+
 TEST_F(DayEntries, AnItemIsStoredInItsServingSizeUnits) {
     open_june(2);
     Add_Item(flour, 3);
@@ -158,15 +196,33 @@ TEST_F(DayEntries, AnEntryMarksDayProjectAndCalendarAndRedrawsTheList) {
     EXPECT_EQ(platform.calls.entries, redrawn);
 }
 
-TEST_F(DayEntries, WhatIsOutsideTheTablesIsAFaultAndChangesNothing) {
+TEST_F(DayEntries, WhatIsNotLiveIsNotPlanned) {
+    fill_days(1094);
+    platform.boxes.expect_message(days_full_warning);
     open_june(2);
-    for (const i16 wrong : {i16{-1}, i16{0}, i16{10001}}) {
-        EXPECT_EQ(fault_of([wrong] { Add_Item(wrong, 1); }), 9);
+    full_table_told = 0;  // not even the box comes
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{8}, i16{10001}}) {
+        EXPECT_FALSE(Add_Item(wrong, 1)) << wrong;
     }
-    for (const i16 wrong : {i16{-1}, i16{0}, i16{1001}}) {
-        EXPECT_EQ(fault_of([wrong] { plan_meal(wrong, 1); }), 9);
+    for (const i16 wrong : {i16{-1}, i16{0}, i16{5}, i16{1001}}) {
+        EXPECT_FALSE(tavernook::add_meal(wrong, 1)) << wrong;
     }
-    expect_free(1);
+    expect_free(1095);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(DayEntries, WhatGoesWhileTheBoxStandsOpenIsNotPlanned) {
+    fill_days(1095);
+    select(6, 2, 2024);
+    current_day = 1095;
+    platform.boxes.expect_message(days_full_warning).during([] { meals[bread].in_use = 0; });
+    EXPECT_FALSE(tavernook::add_meal(bread, 1));
+    EXPECT_EQ(days[1095].planned_meal[1], 0);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(DayEntries, ADayOutsideTheTableIsAFaultAndChangesNothing) {
+    open_june(2);
     for (const i16 wrong : {i16{-1}, i16{0}, i16{1096}}) {
         current_day = wrong;
         EXPECT_EQ(fault_of([] { Add_Item(flour, 1); }), 9);

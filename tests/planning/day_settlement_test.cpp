@@ -1,4 +1,5 @@
 // What an audited day gives back to the stock.
+#include "core/changes.h"
 #include "planning/planning_fixture.h"
 
 namespace tavernook {
@@ -160,6 +161,38 @@ TEST_F(DaySettlement, EntriesThatNameNothingLiveGiveNothingBackAndAskNothing) {
     EXPECT_EQ(items[flour].quantity, 1.5);
     EXPECT_EQ(items[salt].quantity, 0.5);
     EXPECT_EQ(items[20].quantity, 0);
+}
+
+TEST_F(DaySettlement, WhatGoesWhileItIsAskedAboutGivesNothingBack) {
+    platform.boxes.expect_message(item_stock_question, Answer::yes).during([] {
+        items[flour].in_use = 0;
+    });
+    platform.boxes.expect_message(meal_stock_question, Answer::yes).during([] {
+        meals[bread].in_use = 0;
+    });
+    EXPECT_TRUE(release_audited_day(day));
+    EXPECT_EQ(moves_written(), 0);
+}
+
+TEST_F(DaySettlement, ADayThatGoesWhileItIsAskedAboutAsksNoMore) {
+    look_for_changes();
+    platform.boxes.expect_message(item_stock_question, Answer::yes).during([] {
+        days[day].in_use = 0;
+        look_for_changes();
+        days[day].in_use = 1;  // the same places, but another day
+        look_for_changes();
+    });
+    EXPECT_TRUE(release_audited_day(day));
+    EXPECT_EQ(moves_written(), 0);
+}
+
+TEST_F(DaySettlement, ADayThatGoesWhileItsRecipeIsAskedAboutGivesNothingBack) {
+    days[day].planned_item[30] = 0;
+    platform.boxes.expect_message(meal_stock_question, Answer::yes).during([] {
+        days[day].in_use = 0;
+    });
+    EXPECT_TRUE(release_audited_day(day));
+    EXPECT_EQ(moves_written(), 0);
 }
 
 TEST_F(DaySettlement, ADayThatIsNoneIsToldAndAnsweredFalse) {

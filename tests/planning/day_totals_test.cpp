@@ -150,6 +150,31 @@ TEST_F(DayTotalsTest, EntriesThatNameNothingLiveAddNothing) {
     EXPECT_EQ(meal_serving_size[900], 0);
 }
 
+TEST_F(DayTotalsTest, AnItemBeyondTheTableAddsNothing) {
+    plan_item(day, 1, flour, 1.5);
+    plan_item(day, 2, 10001, 4);
+    EXPECT_EQ(totals().cost, 2.25);
+    EXPECT_EQ(day_totals_shown(day).cost, 2.25);
+}
+
+TEST_F(DayTotalsTest, ARecipeBeyondTheTableAddsNothing) {
+    plan(day, 1, bread, 2);
+    plan(day, 2, 1001, 4);
+    EXPECT_EQ(totals().cost, 0.75);
+    EXPECT_EQ(day_totals_shown(day).cost, 0.75);
+}
+
+TEST_F(DayTotalsTest, ADeletedItemAndADeletedRecipeAddNothing) {
+    items[20].serving_size = 1;
+    items[20].cost = 3;
+    put(900, 1, flour, 2);
+    meal_serving_size[900] = 1;
+    plan_item(day, 1, 20, 4);
+    plan(day, 1, 900, 4);
+    EXPECT_EQ(totals().cost, 0);
+    EXPECT_EQ(totals().calories, 0);
+}
+
 TEST_F(DayTotalsTest, WhatIsNoNumberIsShownAsSuch) {
     plan_item(day, 1, flour, std::nan(""));
     EXPECT_EQ(totals().calories_text, "nan");

@@ -178,15 +178,44 @@ TEST_F(AddingRecommendations, ADecimalCommaIsUnderstood) {
 }
 
 TEST_F(AddingRecommendations, ThePopupPlansAQuantityOfZeroToo) {
-    for (const auto& typed : {std::optional<std::string>("0"), std::optional<std::string>("two"),
-                              std::optional<std::string>()}) {
+    for (const char* typed : {"0", "two", ""}) {
         days[1] = {};
         expect_popup_input(typed);
-        add_recommended_meal("i7:4");
+        EXPECT_TRUE(add_recommended_meal("i7:4"));
         EXPECT_EQ(days[1].planned_meal[1], bread);
         EXPECT_EQ(day_quantities[1].meal_servings[1], 0);
         expect_date(1, 6, 2, 2024);
     }
+}
+
+TEST_F(AddingRecommendations, ThePopupCancelledChangesNothing) {
+    expect_popup_input(std::nullopt);
+    EXPECT_FALSE(add_recommended_meal("i7:4"));
+    expect_free(1);
+    EXPECT_EQ(project_modified, 0);
+    EXPECT_EQ(day_changed, 0);
+}
+
+TEST_F(AddingRecommendations, ARecipeDeletedWhileItsAmountIsAskedForIsNotPlanned) {
+    const auto dies = [] { meals[bread].in_use = 0; };
+    platform.boxes.expect_input("Enter quantity to add", "Add Meal", "", "2").during(dies);
+    EXPECT_FALSE(add_recommended_meal("i7:4"));
+    EXPECT_FALSE([this] {  // and one that was dead before
+        expect_double_click_input("2");
+        return add_recommended_meal_unless_zero("i7:4");
+    }());
+    expect_free(1);
+    EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(AddingRecommendations, ADayAuditedWhileTheAmountIsAskedForStays) {
+    add_day(1, 6, 2, 2024);
+    open_june(2);
+    platform.boxes.expect_input("Enter quantity to add", "Add", "", "2").during([] {
+        days[1].audited = -1;
+    });
+    EXPECT_FALSE(add_recommended_meal_unless_zero("i7:4"));
+    EXPECT_EQ(days[1].planned_meal[1], 0);
 }
 
 TEST_F(AddingRecommendations, ADoubleClickPlansTheQuantity) {

@@ -1,4 +1,5 @@
 // What the deletion of a recipe does to the plans and the stock.
+#include "core/changes.h"
 #include "recipes/recipes_fixture.h"
 
 namespace tavernook {
@@ -56,6 +57,21 @@ class MealDeletion : public RecipesTest {
         EXPECT_EQ(day_quantities[6].meal_servings[1], 4);
     }
 };
+
+TEST_F(MealDeletion, ARecipeThatGoesWhileItIsAskedAboutTakesNoPlansAlong) {
+    plan_bread();
+    look_for_changes();
+    platform.boxes.expect_message(bread_question, Answer::yes);
+    platform.boxes.expect_message(stock_question, Answer::yes).during([] {
+        meals[bread].in_use = 0;
+        look_for_changes();
+        meals[bread].in_use = 1;  // another one in its slot
+        look_for_changes();
+    });
+    EXPECT_EQ(delete_meal(bread, false), meal_kept_by_user);
+    EXPECT_EQ(meals[bread].in_use, 1);
+    expect_planned_as_before();
+}
 
 TEST_F(MealDeletion, DatesComeInTheOrderOfTheSlotsEachWithItsComma) {
     EXPECT_EQ(meal_use_dates(bread), "");

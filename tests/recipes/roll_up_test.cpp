@@ -168,6 +168,26 @@ TEST_F(RecipeRollUp, ReferencesOutsideTheTablesAreLeftOutOrBlank) {
     }
 }
 
+TEST_F(RecipeRollUp, AnIngredientBeyondTheItemsIsLeftOut) {
+    put(bread, 9, 10001, 1);
+    EXPECT_EQ(of_bread(1).ingredients.size(), 2U);
+    EXPECT_EQ(of_bread(1).calories, 330.5);
+}
+
+TEST_F(RecipeRollUp, TheUnitOfARecipeMayBeNone) {
+    for (const i16 wrong : {i16{1001}, i16{-1}}) {
+        meals[bread].serving_size_units = wrong;
+        EXPECT_EQ(of_bread(1).unit, "") << wrong;
+    }
+}
+
+TEST_F(RecipeRollUp, TheUnitOfAnIngredientMayBeNone) {
+    for (const i16 wrong : {i16{1001}, i16{-1}}) {
+        items[flour].serving_size_units = wrong;
+        EXPECT_EQ(of_bread(1).ingredients[0].amount, "1.5 ") << wrong;
+    }
+}
+
 TEST_F(RecipeRollUp, ASlotThatIsNoneRollsUpToAnEmptyRecipe) {
     for (const i16 wrong : {i16{-1}, i16{0}, i16{1001}}) {
         const RollUp figures = roll_up_shown(wrong);

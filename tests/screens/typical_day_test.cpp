@@ -182,7 +182,7 @@ void HouseholdDay::bought_and_put_in_stock() {
     platform.clock.time = shopping_time = may_15 + 20.0 / 24;
     trigger("list_toolbar_5");
     EXPECT_EQ(shopping_shown(), Texts{});
-    EXPECT_EQ(panel(1), "6 items were put in stock.");
+    EXPECT_EQ(panel(1), "6 items were put in stock: Flour, Milk, Eggs and 3 more.");
     expect_stock_after_shopping();
     for (const i16 item : {flour, milk, eggs, cream, salt, butter}) {
         EXPECT_EQ(items[item].last_restock_date, may_15) << item;

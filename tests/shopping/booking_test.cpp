@@ -1,18 +1,24 @@
 // The whole list goes into stock.
+#include <cmath>
+
 #include "inventory/usage_history.h"
 #include "shopping/shopping_fixture.h"
 
 namespace tavernook {
 namespace {
 
-using Booking = ShoppingTest;
+using Items = std::vector<i16>;
+class BookingTest : public ShoppingTest {};
 constexpr Date today = 45427;
 
-TEST_F(Booking, EachEntryBecomesALotOfItsOwn) {
+TEST_F(BookingTest, EachEntryBecomesALotOfItsOwn) {
     items[milk].storage_time = 14;
     put_on_list(milk, 2.5);
     put_on_list(bread, 3);
-    book_list_into_stock();
+    const Booking booking = book_list_into_stock();
+    EXPECT_EQ(booking.placed, (Items{milk, bread}));
+    EXPECT_EQ(booking.without_lot, Items{});
+    EXPECT_EQ(booking.failed, Items{});
     EXPECT_EQ(items[milk].quantity, 8.5);
     expect_lot(milk, 0, 6, 45000, 45030);
     expect_lot(milk, 1, 2.5, now, now + 14);
@@ -20,7 +26,7 @@ TEST_F(Booking, EachEntryBecomesALotOfItsOwn) {
     EXPECT_EQ(project_modified, i16_true);
 }
 
-TEST_F(Booking, TheEntryGoesOffTheListAndKeepsItsQuantity) {
+TEST_F(BookingTest, TheEntryGoesOffTheListAndKeepsItsQuantity) {
     put_on_list(milk, 2.5);
     book_list_into_stock();
     expect_off_list(milk, 2.5);
@@ -30,7 +36,7 @@ TEST_F(Booking, TheEntryGoesOffTheListAndKeepsItsQuantity) {
     expect_on_list(milk, 3.5);
 }
 
-TEST_F(Booking, WhatIsNotOnTheListStaysAsItIs) {
+TEST_F(BookingTest, WhatIsNotOnTheListStaysAsItIs) {
     items[milk].shopping_quantity = 2.5;
     items[milk].last_restock_date = 45400;
     book_list_into_stock();
@@ -39,12 +45,12 @@ TEST_F(Booking, WhatIsNotOnTheListStaysAsItIs) {
     expect_off_list(milk, 2.5);
 }
 
-TEST_F(Booking, AnEmptyListIsAChangeAllTheSame) {
+TEST_F(BookingTest, AnEmptyListIsAChangeAllTheSame) {
     book_list_into_stock();
     EXPECT_EQ(project_modified, i16_true);
 }
 
-TEST_F(Booking, WritesTheHistory) {
+TEST_F(BookingTest, WritesTheHistory) {
     put_on_list(milk, 2.5);
     book_list_into_stock();
     EXPECT_EQ(decode_usage(report_bytes("pantry000004.tmp")),
@@ -52,16 +58,16 @@ TEST_F(Booking, WritesTheHistory) {
     EXPECT_EQ(moves_written(), 1);
 }
 
-TEST_F(Booking, AQuantityOf0RestocksWithoutStock) {
+TEST_F(BookingTest, AQuantityOf0RestocksWithoutStock) {
     put_on_list(milk, 0);
-    book_list_into_stock();
+    EXPECT_EQ(book_list_into_stock().placed, Items{});
     EXPECT_EQ(items[milk].quantity, 6);
     EXPECT_EQ(items[milk].last_restock_date, today);
     expect_off_list(milk, 0);
     EXPECT_EQ(moves_written(), 0);
 }
 
-TEST_F(Booking, ANegativeQuantityMakesANegativeLot) {
+TEST_F(BookingTest, ANegativeQuantityMakesANegativeLot) {
     put_on_list(milk, -2);
     book_list_into_stock();
     EXPECT_EQ(lots[milk].lot_quantity[1], -2);
@@ -70,17 +76,30 @@ TEST_F(Booking, ANegativeQuantityMakesANegativeLot) {
     expect_off_list(milk, -2);
 }
 
-TEST_F(Booking, WithoutAnEmptyLotTheStockStays) {
+TEST_F(BookingTest, WithoutAnEmptyLotTheStockStays) {
     for (std::size_t place = 0; place < lot_places; ++place) set_lot(milk, place, 1);
     items[milk].quantity = 16;
     put_on_list(milk, 2.5);
-    book_list_into_stock();
+    const Booking booking = book_list_into_stock();
+    EXPECT_EQ(booking.placed, Items{});
+    EXPECT_EQ(booking.without_lot, Items{milk});
     EXPECT_EQ(items[milk].quantity, 16);
     EXPECT_EQ(lot_total(milk), 16);
     expect_off_list(milk, 2.5);
 }
 
-TEST_F(Booking, AnItemFromBeforeLotsKeepsWhatItHas) {
+TEST_F(BookingTest, AnEntryWhoseQuantityIsNoNumberStaysOnTheList) {
+    put_on_list(milk, std::nan(""));
+    put_on_list(bread, 3);
+    platform.boxes.expect_message("Tavernook error: rt6:6. Contact Brenwyk Software.");
+    const Booking booking = book_list_into_stock();
+    EXPECT_EQ(booking.placed, Items{bread});
+    EXPECT_EQ(booking.failed, Items{milk});
+    EXPECT_EQ(items[milk].on_shopping_list, i16_true);
+    EXPECT_EQ(items[milk].quantity, 6);
+}
+
+TEST_F(BookingTest, AnItemFromBeforeLotsKeepsWhatItHas) {
     items[20].in_use = 1;
     items[20].quantity = 3;
     items[20].last_restock_date = 45400;
@@ -94,7 +113,7 @@ TEST_F(Booking, AnItemFromBeforeLotsKeepsWhatItHas) {
     EXPECT_EQ(lots[21].lot_quantity[0], 1);
 }
 
-TEST_F(Booking, AnEntryWithoutLotsIsToldAndTheOthersAreBooked) {
+TEST_F(BookingTest, AnEntryWithoutLotsIsToldAndTheOthersAreBooked) {
     items[20].shopping_quantity = 1;
     items[20].on_shopping_list = i16_true;  // neither live nor with a lot record
     put_on_list(milk, 2);
@@ -104,7 +123,9 @@ TEST_F(Booking, AnEntryWithoutLotsIsToldAndTheOthersAreBooked) {
     first_lot_from_item(milk);
     put_on_list(21, 2);
     platform.boxes.expect_message("Tavernook error: rt6:9. Contact Brenwyk Software.");
-    book_list_into_stock();
+    const Booking booking = book_list_into_stock();
+    EXPECT_EQ(booking.placed, (Items{milk, 21}));
+    EXPECT_EQ(booking.failed, Items{20});
     EXPECT_EQ(items[milk].quantity, 8);
     expect_off_list(milk, 2);
     expect_on_list(20, 1);

@@ -1,4 +1,5 @@
 // The list by hand: additions, drops, removals and the two boxes.
+#include "core/changes.h"
 #include "shopping/shopping_fixture.h"
 
 namespace tavernook {
@@ -91,29 +92,6 @@ TEST_F(RecipeOnList, AnIngredientThatIsNoneIsPassedOver) {
     EXPECT_EQ(items[0].on_shopping_list, 0);
 }
 
-TEST_F(RecipeOnList, DropsAreToldApartByTheirLetter) {
-    drop_on_list("i9");
-    expect_on_list(bread, 1);
-    expect_off_list(milk, 0);
-    drop_on_list("m6");
-    expect_on_list(milk, 1);
-}
-
-TEST_F(RecipeOnList, TheLastItemOfTheTableCanBeDropped) {
-    items[item_capacity].in_use = 1;
-    drop_on_list("i10000");
-    expect_on_list(item_capacity, 1);
-}
-
-TEST_F(RecipeOnList, OtherDropsChangeNothing) {
-    for (const char* text : {"", "i", "m", "x9", "9", "i0", "i-9", "i10001", "i99999999999"}) {
-        drop_on_list(text);
-    }
-    EXPECT_EQ(project_modified, 0);
-    expect_trapped(9, [] { drop_on_list("m1001"); });
-    EXPECT_EQ(project_modified, 0);
-}
-
 // --- the two boxes
 // --------------------------------------------------------------------------------
 
@@ -172,6 +150,29 @@ TEST_F(ListBoxes, CancelChangesNothing) {
     type_order(std::nullopt);
     EXPECT_EQ(items[milk].store_order, 7);
     EXPECT_EQ(project_modified, 0);
+}
+
+TEST_F(ListBoxes, AnItemThatGoesWhileItIsAskedAboutIsNotWritten) {
+    platform.boxes
+        .expect_input("Current Quantity = 6\nEnter new quantity:", "Change Quantity", "2.5", "4")
+        .during([] { items[milk].in_use = 0; });
+    change_shopping_quantity(milk);
+    EXPECT_EQ(items[milk].shopping_quantity, 2.5);
+    items[milk].in_use = 1;
+    look_for_changes();
+    platform.boxes
+        .expect_input("Current store order = 7\nEnter new store order:", "Change Store Order", "7",
+                      "4")
+        .during([] {
+            items[milk].in_use = 0;
+            look_for_changes();
+            items[milk].in_use = 1;  // another one in its slot
+            look_for_changes();
+        });
+    change_store_order(milk);
+    EXPECT_EQ(items[milk].store_order, 7);
+    EXPECT_EQ(project_modified, 0);
+    EXPECT_EQ(platform.main.status[message_panel], "This item is not there any more.");
 }
 
 TEST_F(ListBoxes, TheStoreOrderChangesTheItem) {

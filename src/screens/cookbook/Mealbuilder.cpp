@@ -3,20 +3,21 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QPointer>
 #include <utility>
 
-#include "basics/number_text.h"
 #include "basics/text.h"
 #include "core/catagories.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/rows.h"
-#include "inventory/item_form.h"
 #include "platform/platform.h"
 #include "recipes/catagory_removal.h"
 #include "recipes/meals.h"
 #include "recipes/recipe_names.h"
 #include "screens/cookbook/ingredient_commands.h"
+#include "screens/cookbook/plan_commands.h"
+#include "screens/cookbook/planner_notice.h"
 #include "screens/cookbook/recipe_list_pane.h"
 #include "screens/cookbook/recipe_sheet.h"
 #include "screens/parts/icons.h"
@@ -33,17 +34,8 @@ namespace {
 
 constexpr i16 general_catagory = 1;
 
-QString planner() {
-    return QStringLiteral("MealPlan");
-}
-
 QString text_of_key(std::string_view key) {
     return QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size()));
-}
-
-i16 number_before(std::string_view key, char letter) {
-    if (key.size() < 2 || key.back() != letter) return 0;
-    return round_to_i16(leading_number(key.substr(0, key.size() - 1)));
 }
 
 std::string name_of(i16 recipe) {
@@ -102,7 +94,7 @@ void Mealbuilder::set_up_commands() {
     on_command(ui_->Toolbar1_2, [this] { new_category(); });
     on_command(ui_->Toolbar1_3, [this] { delete_marked(); });
     on_command(ui_->Toolbar1_4, [this] { refresh(); });
-    on_command(ui_->Toolbar1_5, [this] { add_to_plan(); });
+    connect(ui_->Toolbar1_5, &QAction::triggered, this, [this] { plan(sheet_.shown()); });
     on_keys(*this, QKeySequence::Refresh, [this] { ui_->Toolbar1_4->trigger(); });
     on_keys(*this, QKeySequence::Find, [this] { recipes_.find(); });
 }
@@ -113,8 +105,13 @@ void Mealbuilder::listen_to_panes() {
     connect(&recipes_, &RecipeListPane::chosen, this, &Mealbuilder::show_marked,
             Qt::QueuedConnection);
     connect(&recipes_, &RecipeListPane::narrowed, this, &Mealbuilder::update_commands);
-    connect(&recipes_, &RecipeListPane::leaf_entered, this,
-            [this] { sheet_.focus_text(Qt::TabFocusReason); });
+    connect(&recipes_, &RecipeListPane::leaf_entered, this, [this] {
+        if (!ui_->planner_notice->date()) return sheet_.focus_text(Qt::TabFocusReason);
+        plan_marked();
+    });
+    connect(&recipes_, &RecipeListPane::leaf_double_clicked, this, [this] {
+        if (ui_->planner_notice->date()) plan_marked();
+    });
     connect(&recipes_, &RecipeListPane::insert_wanted, ui_->Toolbar1_1, &QAction::trigger);
     connect(&recipes_, &RecipeListPane::delete_wanted, ui_->Toolbar1_3, &QAction::trigger);
     connect(&recipes_, &RecipeListPane::rename_elsewhere, this,
@@ -151,7 +148,13 @@ void Mealbuilder::setid(i16 recipe) {
     update_commands();
 }
 
+void Mealbuilder::set_return(i16 mode) {
+    ui_->planner_notice->end();
+    if (mode == returns_to_planner) ui_->planner_notice->begin();
+}
+
 void Mealbuilder::set_meal(i16 recipe) {
+    ui_->planner_notice->end();
     guarded([&] { show_recipe(recipe); });
     update_commands();
 }
@@ -258,16 +261,17 @@ void Mealbuilder::refresh() {
     if (shown != 0 && !sheet_.holds_text()) sheet_.load_text(shown);
 }
 
-void Mealbuilder::add_to_plan() {
-    const RowRef recipe = sheet_.shown();
-    const auto typed = boxes().input(
-        "Meal Quantity to Add. 1 Servings = 1 " + sheet_.figures().unit, "Meal Quantity", "1");
-    const f64 quantity = typed ? leading_number(with_decimal_point(*typed)) : 0;
-    if (quantity == 0) return;
-    if (recipe.now() == 0) return say(tr("The recipe is not there any more."));
-    load_screen(planner());
-    // The planner tells what is planned now.
-    if (ports::MealPlan* plan = meal_plan()) plan->add_meal(recipe.now(), quantity);
+// The screen closes when the step is done.
+void Mealbuilder::plan(const RowRef& recipe) {
+    const QPointer<Mealbuilder> still_here(this);
+    const std::optional<QDate> date = ui_->planner_notice->date();
+    bool is_planned = false;
+    run([&is_planned, recipe, date] { is_planned = put_on_plan(recipe, date); });
+    if (is_planned && date && !still_here.isNull()) close_screen(*this);
+}
+
+void Mealbuilder::plan_marked() {
+    plan(RowRef(Subject::recipes, recipes_.marked_leaf()));
 }
 
 // --- the text --------------------------------------------------------------------------------
@@ -296,18 +300,6 @@ void Mealbuilder::AddMealInfo() {
     sheet_.add_information();
 }
 
-// --- keys of rows ----------------------------------------------------------------------------
-
-i16 Mealbuilder::get_cat_index(std::string_view key) {
-    return number_before(key, 'r');
-}
-i16 Mealbuilder::get_child_index(std::string_view key) {
-    return number_before(key, 'c');
-}
-i16 Mealbuilder::get_item_index(std::string_view key) {
-    return number_before(key, 't');
-}
-
 // --- leaving ---------------------------------------------------------------------------------
 
 bool Mealbuilder::save_document() {
@@ -329,7 +321,7 @@ bool Mealbuilder::settle_edits() {
 void Mealbuilder::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) return Screen::keyPressEvent(event);
     if (recipes_.show_all()) return;
-    if (return_mode_ == returns_nowhere) return Screen::keyPressEvent(event);
+    if (!ui_->planner_notice->date()) return Screen::keyPressEvent(event);
     close_screen(*this);
 }
 
@@ -339,10 +331,10 @@ void Mealbuilder::closeEvent(QCloseEvent* event) {
     guarded([&] { may_close = !is_running() && settle_edits(); });
     end_of_step();
     event->setAccepted(may_close);
-    if (!may_close || return_mode_ != returns_to_planner) return;
-    return_mode_ = returns_nowhere;
+    if (!may_close || !ui_->planner_notice->date()) return;
+    ui_->planner_notice->end();
     QMetaObject::invokeMethod(
-        qApp, [] { show_screen(planner()); }, Qt::QueuedConnection);
+        qApp, [] { show_screen(QStringLiteral("MealPlan")); }, Qt::QueuedConnection);
 }
 
 }  // namespace tavernook

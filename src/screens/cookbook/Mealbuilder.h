@@ -13,7 +13,13 @@
 //   3. Then the next recipe comes on the sheet; see there for what it holds on the way.
 //
 // A recipe that is deleted is on show first, by the same way, so that its text can be kept as a
-// backup. What can go wrong: a box stands open while the recipe goes, by the end of a project or by
+// backup.
+//
+// The planner opens it to have a recipe for the date that it shows. A line says so, and until the
+// screen closes, or shows a recipe for somebody else (`set_meal`), Enter and a double click plan
+// the recipe and go back there; closing and Esc go back without one.
+//
+// What can go wrong: a box stands open while the recipe goes, by the end of a project or by
 // another screen. A command therefore takes the recipe anew behind its box, and says so when there
 // is none any more.
 #pragma once
@@ -21,6 +27,7 @@
 #include <memory>
 #include <string_view>
 
+#include "core/changes.h"
 #include "platform/screen_ports.h"
 #include "screens/parts/screen.h"
 #include "screens/parts/unsaved_edits.h"
@@ -48,17 +55,12 @@ class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdit
                   std::string_view name) override;
     void select_node(std::string_view key) override;
     void set_meal(i16 recipe) override;
-    void set_return(i16 mode) override { return_mode_ = mode; }
+    void set_return(i16 mode) override;
     bool save_document() override;
     void add_ingredient(i16 item, f64 quantity, i16 recipe) override;
     void set_ingredient_qty(i16 item, f64 quantity, i16 recipe) override;
     void populate_tree() override;
     void populate_tree_list(i16 recipe) override;
-
-    // The numbers in keys of the tree and of the list; 0 for "root" and keys of another kind.
-    static i16 get_cat_index(std::string_view key);
-    static i16 get_child_index(std::string_view key);
-    static i16 get_item_index(std::string_view key);
 
     // Into the text of the recipe: its ingredients and figures, as they are on the screen.
     void AddMealInfo();
@@ -94,12 +96,12 @@ class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdit
     void delete_marked();
     void delete_recipe(i16 recipe);
     void refresh();
-    void add_to_plan();
+    void plan(const RowRef& recipe);
+    void plan_marked();
 
     std::unique_ptr<Ui::Mealbuilder> ui_;
     RecipeListPane& recipes_;
     RecipeSheet& sheet_;
-    i16 return_mode_ = returns_nowhere;
     bool has_save_failed_ = false;
 };
 

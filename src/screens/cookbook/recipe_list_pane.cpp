@@ -52,6 +52,9 @@ RecipeListPane::RecipeListPane(QWidget* parent)
            {.hint_when_empty = tr("Press \"New Recipe\" to write your first recipe."),
             .hint_when_none_match = tr("No recipe matches. Esc shows all recipes again.")});
     connect(this, &CatagoryTreePane::menu_wanted, this, &RecipeListPane::show_menu);
+    connect(ui_->recipe_tree, &QTreeView::doubleClicked, this, [this] {
+        if (marked_leaf() != 0) Q_EMIT leaf_double_clicked();
+    });
     ui_->filter->setMinimumWidth(letters_wide(*ui_->filter, 14));
     ui_->recipe_tree->setMinimumWidth(letters_wide(*ui_->recipe_tree, 24));
 }

@@ -40,6 +40,9 @@ class RecipeListPane : public CatagoryTreePane {
 
     std::vector<QWidget*> parts_in_order() const;
 
+  Q_SIGNALS:
+    void leaf_double_clicked();
+
   private:
     void show_menu(const QPoint& on_screen);
 

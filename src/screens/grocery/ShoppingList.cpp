@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "barcodes/scanned_code.h"
 #include "basics/number_text.h"
@@ -28,6 +29,38 @@ namespace {
 
 std::string name_of(const ItemRecord& item) {
     return std::string(item.name.trimmed());
+}
+
+std::string name_of(i16 item) {
+    return name_of(row_or_none(items, item));
+}
+
+// "Milk", "Milk and Bread", "Milk, Bread, Salt and 4 more".
+std::string first_names(const std::vector<i16>& found) {
+    constexpr std::size_t told = 3;
+    const std::size_t shown = std::min(found.size(), told);
+    std::string names = name_of(found.front());
+    for (std::size_t n = 1; n < shown; ++n) {
+        names += (n + 1 == found.size() ? " and " : ", ") + name_of(found[n]);
+    }
+    const std::size_t more = found.size() - shown;
+    return more == 0 ? names : names + " and " + std::to_string(more) + " more";
+}
+
+std::string words_for(const Booking& booking) {
+    const std::size_t placed = booking.placed.size();
+    std::string words = placed == 0   ? std::string("Nothing was put in stock.")
+                        : placed == 1 ? "1 item was put in stock: "
+                                      : std::to_string(placed) + " items were put in stock: ";
+    if (placed != 0) words += first_names(booking.placed) + ".";
+    if (!booking.without_lot.empty()) {
+        words += " No empty lot, so off the list without a change of the stock: " +
+                 first_names(booking.without_lot) + ".";
+    }
+    if (!booking.failed.empty()) {
+        words += " Failed and still on the list: " + first_names(booking.failed) + ".";
+    }
+    return words;
 }
 
 void say_gone() {
@@ -186,12 +219,10 @@ void ShoppingList::view_selected() {
 }
 
 void ShoppingList::put_in_stock() {
-    const i16 shown = list_count;
-    book_list_into_stock();
+    const bool was_empty = list_count == 0;
+    const Booking booking = book_list_into_stock();
     list_.wait_for_codes(Qt::OtherFocusReason);
-    say(shown == 0   ? std::string("Nothing was on the list.")
-        : shown == 1 ? std::string("1 item was put in stock.")
-                     : std::to_string(shown) + " items were put in stock.");
+    say(was_empty ? std::string("Nothing was on the list.") : words_for(booking));
 }
 
 // --- what comes on the list ----------------------------------------------------------------------

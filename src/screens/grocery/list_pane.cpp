@@ -281,11 +281,12 @@ void ListPane::take_code_line(const QString& line) {
 }
 
 void ListPane::wait_for_codes(Qt::FocusReason reason) {
+    ui_->Text1->abandon();
     ui_->Text1->setFocus(reason);
 }
 
 bool ListPane::discard_code() {
-    const bool begun = !ui_->Text1->text().isEmpty();
+    const bool begun = ui_->Text1->has_begun();
     if (begun) ui_->Text1->discard();
     return begun;
 }

@@ -48,7 +48,7 @@ class ListPane : public QWidget {
     // by letters. Call it when all parts are there.
     void watch_for_codes(QWidget& screen, QWidget& letters_for);
     void take_code_line(const QString& line);
-    void wait_for_codes(Qt::FocusReason reason);  // the box takes the focus
+    void wait_for_codes(Qt::FocusReason reason);  // the box takes the focus, for a new code
     bool discard_code();                          // false when none has begun
 
   Q_SIGNALS:

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <utility>
 
+#include "barcodes/scanned_code.h"
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "screens/parts/catagory_places.h"
@@ -154,10 +155,12 @@ void PickPane::move_mark(int rows) {
     if (next >= 0 && next < rows_->rowCount()) list_.setCurrentIndex(rows_->index(next, 0));
 }
 
-// A code that a scanner has typed here is taken for one, as no name has it.
+// What no name has, or an item bears as its barcode, was typed by a scanner.
 bool PickPane::take_code() {
     const QString typed = ui_->find_box->text();
-    if (!ScanEntry::is_typed_into() || rows_->rowCount() != 0 || typed.isEmpty()) return false;
+    if (!ScanEntry::is_typed_into() || typed.isEmpty()) return false;
+    const bool is_code = rows_->rowCount() == 0 || find_scanned_item(typed_text(typed)) != 0;
+    if (!is_code) return false;
     ui_->find_box->clear();
     Q_EMIT code_typed(typed);
     return true;

@@ -76,13 +76,18 @@ void add_to_day(i16 item, f64 servings) {
             .arg(item_name(item), date_of_day(now), servings_text(item, servings)));
 }
 
+// The list shows only what has a quantity to buy.
 void put_on_list(i16 item) {
-    const bool was_there = items[item].on_shopping_list != 0;
-    items[item].on_shopping_list = i16_true;
+    ItemRecord& record = items[item];
+    if (record.on_shopping_list == 0) project_modified = i16_true;
+    record.on_shopping_list = i16_true;
     if (ports::ShoppingList* list = shopping_list()) list->populate_list();
-    if (!was_there) project_modified = i16_true;
-    say((was_there ? tr("%1 is on the shopping list already.") : tr("%1 is on the shopping list."))
-            .arg(item_name(item)));
+    if (record.shopping_quantity == 0) {
+        say(tr("%1 is marked for the shopping list; it shows there once it has a quantity.")
+                .arg(item_name(item)));
+    } else {
+        say(tr("%1: %2 on the list.").arg(item_name(item), plain_number(record.shopping_quantity)));
+    }
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ QString servings_text(i16 item, f64 servings);
 
 // By the return mode (platform/screen_ports.h). A screen that is not loaded gets nothing. The
 // message panel tells what was really added and where; where the other screen refuses, it has said
-// why.
+// why. For the shopping list the number plays no part.
 void hand_over(i16 return_mode, i16 item, f64 servings);
 
 }  // namespace tavernook

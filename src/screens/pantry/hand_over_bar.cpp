@@ -54,6 +54,9 @@ void HandOverBar::set_mode(i16 mode) {
     ui_->add_item->setText(QLatin1String(label_of(mode)));
     ui_->add_item->setToolTip(tr(tip_of(mode)));
     ui_->add_item->setAccessibleDescription(ui_->add_item->toolTip());
+    const bool wants_amount = mode != Mode::adds_to_shopping_list;
+    ui_->quantity_to_add_label->setVisible(wants_amount);
+    ui_->quantity_to_add->setVisible(wants_amount);
     setVisible(mode != Mode::returns_nowhere);
     tell_amount();
 }
@@ -88,7 +91,9 @@ bool HandOverBar::stays_open() const {
 }
 
 void HandOverBar::go_to_amount() {
-    ui_->quantity_to_add->setFocus(Qt::TabFocusReason);
+    const bool wants_amount = !ui_->quantity_to_add->isHidden();
+    (wants_amount ? static_cast<QWidget*>(ui_->quantity_to_add) : ui_->add_item)
+        ->setFocus(Qt::TabFocusReason);
 }
 
 std::vector<QWidget*> HandOverBar::boxes_in_order() const {

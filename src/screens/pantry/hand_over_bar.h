@@ -24,7 +24,7 @@ class HandOverBar : public QWidget {
     explicit HandOverBar(QWidget* parent = nullptr);
     ~HandOverBar() override;
 
-    // For a screen that waits the amount is typed anew.
+    // For a screen that waits the amount is typed anew; the shopping list wants none.
     void set_mode(i16 mode);
     void set_item(i16 item);  // 0: none
 

@@ -6,7 +6,9 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 #include <algorithm>
+#include <utility>
 
+#include "barcodes/scanned_code.h"
 #include "barcodes/scanners.h"
 #include "basics/text.h"
 #include "core/project_data.h"
@@ -22,6 +24,7 @@ namespace {
 
 constexpr QLatin1Char full_stop('.');
 constexpr int digits_kept = 4;
+constexpr int letters_kept = 32;  // as many as a code has
 
 bool is_digit(QChar letter) {
     return letter >= QLatin1Char('0') && letter <= QLatin1Char('9');
@@ -56,6 +59,17 @@ QLineEdit* line_of(QWidget& part) {
     return line != nullptr ? line : part.findChild<QLineEdit*>();
 }
 
+bool names_something(const QString& code) {
+    return meaning_of_code(typed_text(code)).known();
+}
+
+// How many of these are a code's for certain: digits, and the letters of a recipe's code.
+qsizetype sure_part(const QString& kept) {
+    const QLatin1String recipe("tvk");
+    if (kept.endsWith(recipe, Qt::CaseInsensitive)) return recipe.size();
+    return !kept.isEmpty() && is_digit(kept.front()) ? kept.size() : 0;
+}
+
 std::optional<std::string> asked_code(const QString& typed) {
     std::optional<std::string> code;
     guarded([&] {
@@ -84,8 +98,18 @@ void ScanEntry::follow_scanner_type() {
 
 void ScanEntry::discard() {
     kept_.clear();
+    letters_.clear();
     clear();
     if (!collector_.isNull()) collector_->clear();
+}
+
+void ScanEntry::abandon() {
+    kept_.clear();
+    if (is_typed_into() || text().isEmpty()) discard();
+}
+
+bool ScanEntry::has_begun() const {
+    return !text().isEmpty() || !held().isEmpty();
 }
 
 // --- the first key, typed elsewhere ------------------------------------------------------------
@@ -100,6 +124,7 @@ void ScanEntry::watch(QWidget& screen, const Keeps& keeps) {
 
 bool ScanEntry::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) kept_.clear();
+    if (event->type() == QEvent::MouseButtonPress && watched != this) abandon();
     if (event->type() == QEvent::KeyPress && watched != this &&
         take_key_of(static_cast<QWidget&>(*watched), *static_cast<QKeyEvent*>(event))) {
         return true;
@@ -111,15 +136,12 @@ bool ScanEntry::eventFilter(QObject* watched, QEvent* event) {
 // nowhere: its users' keys are their own, but for the full stop.
 bool ScanEntry::take_key_of(QWidget& part, const QKeyEvent& key) {
     const QChar letter = written(key);
-    if (letter.isNull()) {
-        if (!is_part_of_letter(key)) kept_.clear();
-        return false;
-    }
+    if (letter.isNull()) return take_letters_of(part, key);
     const bool stop = letter == full_stop;
     if (!stop && scanner_type != keyboard_wedge) return false;
     if (is_digit(letter) && is_among(keeps_.keeps_digits, part)) return take_digit_of(part, letter);
     if (!stop && !is_digit(letter) && is_among(keeps_.keeps_letters, part)) {
-        remember_letter(letter);
+        kept_ = (kept_ + letter).right(letters_kept);
         return false;
     }
     const bool keeps_digits = is_among(keeps_.keeps_digits, part);
@@ -128,12 +150,16 @@ bool ScanEntry::take_key_of(QWidget& part, const QKeyEvent& key) {
     return true;
 }
 
-void ScanEntry::remember_letter(QChar letter) {
-    const QString prefix = QStringLiteral("tvk");
-    const QString longer = kept_ + letter;
-    const bool fits = prefix.startsWith(longer, Qt::CaseInsensitive);
-    const bool starts = prefix.startsWith(letter, Qt::CaseInsensitive);
-    kept_ = fits ? longer : starts ? QString(letter) : QString();
+// A key that writes nothing: the end of a code of letters alone, or of letters that were none.
+bool ScanEntry::take_letters_of(const QWidget& part, const QKeyEvent& key) {
+    if (is_part_of_letter(key)) return false;
+    const QString letters = std::exchange(kept_, {});
+    const bool ends_code = is_enter(key) || key.key() == Qt::Key_Tab;
+    if (!ends_code || !is_among(keeps_.keeps_letters, part) || !names_something(letters)) {
+        return false;
+    }
+    take_line(letters);
+    return true;
 }
 
 bool ScanEntry::take_digit_of(QWidget& part, QChar digit) {
@@ -150,14 +176,16 @@ bool ScanEntry::take_digit_of(QWidget& part, QChar digit) {
 // A full stop waits in the hold box; everything else stands in sight.
 void ScanEntry::begin(const QString& first) {
     const QString before = kept_;
+    const QString shown = before.right(sure_part(before));
     if (!hasFocus()) {
         discard();
+        letters_ = before.chopped(shown.size());
         setFocus(Qt::OtherFocusReason);
     }
     kept_.clear();
     deselect();
     end(false);
-    insert(before);
+    insert(shown);
     if (first == full_stop && !collector_.isNull()) {
         collector_->setText(collector_->text() + first);
     } else {
@@ -184,7 +212,7 @@ void ScanEntry::keyPressEvent(QKeyEvent* event) {
         finish();
     } else if (event->key() == Qt::Key_Escape && taking_one_) {
         end_one();
-    } else if (event->key() == Qt::Key_Escape && !text().isEmpty()) {
+    } else if (event->key() == Qt::Key_Escape && has_begun()) {
         discard();
     } else {
         QLineEdit::keyPressEvent(event);
@@ -201,23 +229,36 @@ void ScanEntry::focusInEvent(QFocusEvent* event) {
     follow_scanner_type();
 }
 
-// A full stop that was held for a code which never came would spoil the next one. A box that takes
-// one code goes when the focus has found its new place.
+// A box that takes one code goes when the focus has found its new place.
 void ScanEntry::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     const bool comes_back =
         event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
     if (comes_back) return;
-    if (text().isEmpty()) discard();
+    abandon();
     if (taking_one_) QMetaObject::invokeMethod(this, &ScanEntry::end_one, Qt::QueuedConnection);
 }
 
 // --- the end of a code -------------------------------------------------------------------------
 
+// A line begins with one full stop: another one came by mistake.
+QString ScanEntry::held() const {
+    return collector_.isNull() || text().startsWith(full_stop) ? QString() : collector_->text();
+}
+
+QString ScanEntry::line_so_far() const {
+    const QString before = letters_ + held();
+    for (qsizetype from = 0; from <= before.size(); ++from) {
+        const QString line = before.mid(from) + text();
+        if (scanner_type == keyboard_wedge && names_something(line)) return line;
+    }
+    return held() + text();
+}
+
 void ScanEntry::finish() {
     if (scanner_type == no_scanner) return ask();
     if (!is_typed_into()) return;
-    const QString line = (collector_.isNull() ? QString() : collector_->text()) + text();
+    const QString line = line_so_far();
     const bool one = taking_one_;
     discard();
     end_one();
@@ -241,8 +282,7 @@ void ScanEntry::take_line(const QString& line) {
 // What was typed already stands in the box that asks; a cancelled box throws nothing away.
 void ScanEntry::ask() {
     const QPointer<ScanEntry> still_here(this);
-    const std::optional<std::string> code =
-        asked_code((collector_.isNull() ? QString() : collector_->text()) + text());
+    const std::optional<std::string> code = asked_code(held() + text());
     if (still_here.isNull() || !code) return;
     discard();
     if (!code->empty()) Q_EMIT scanned(*code);

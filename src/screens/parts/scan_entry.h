@@ -6,9 +6,11 @@
 // of every part, brings the focus here with the first digit, letter or full stop, and from then on
 // the rest is plain typing again. What an abandoned code has left in the box goes then.
 //
-// Some parts want such keys themselves. A list finds rows by letters, so it keeps them; those that
-// may be the beginning of a recipe's code ("tvk") are remembered besides, and come along once the
-// digits follow. A box of years keeps digits; the fifth one, or a letter, tells a code, and what
+// Some parts want such keys themselves. A list finds rows by letters, so it keeps them, and they
+// are remembered besides: nobody knows yet whether a code has begun. When its digits follow, the
+// letters of a recipe's code ("tvk") come along at once; others count at the end, where together
+// with the digits they name an item. Letters that name an item all by themselves are a code when it
+// ends in the list. A box of years keeps digits; the fifth one, or a letter, tells a code, and what
 // the year was is put back. A box of text keeps everything.
 //
 // The Cue Cat begins its line with a full stop, which goes to the hold box from everywhere; the
@@ -16,9 +18,12 @@
 // was typed as the answer proposed; a scanner that is read on the scan list makes Enter do nothing.
 //
 // What can go wrong: a line that holds no code is told here, in the message panel, and nobody else
-// hears of it. A full stop or a beginning for which no code came is forgotten with the next key or
-// the next change of the focus, so that it never spoils a later code. The screen may go while the
-// question stands open; then nothing is told.
+// hears of it. What was begun and never ended must not spoil a later code. Letters of a list are
+// forgotten with the next key that writes nothing, and with the next change of the focus. What
+// stands in the box and in the hold box goes with Escape, when the focus goes to another part, when
+// the mouse presses one, and with `abandon`; but for the full stop it stays where no scanner types,
+// as a person typed it then. A full stop that came by mistake is left out where the code without
+// it names something. The screen may go while the question stands open; then nothing is told.
 #pragma once
 
 #include <QLineEdit>
@@ -68,6 +73,12 @@ class ScanEntry : public QLineEdit {
     // Gives up what has come so far.
     void discard();
 
+    // The same where a scanner types here: another command has begun, and no code comes any more.
+    void abandon();
+
+    // Something has come, here or in the hold box.
+    bool has_begun() const;
+
   Q_SIGNALS:
     void scanned(const std::string& code);  // empty from `take_one` only
     void ended();                           // of `take_one`: the box has gone, with or without code
@@ -82,9 +93,11 @@ class ScanEntry : public QLineEdit {
 
   private:
     bool take_key_of(QWidget& part, const QKeyEvent& key);
-    void remember_letter(QChar letter);
+    bool take_letters_of(const QWidget& part, const QKeyEvent& key);
     bool take_digit_of(QWidget& part, QChar digit);
     void begin(const QString& first);
+    QString held() const;
+    QString line_so_far() const;
     void finish();
     void ask();
     void end_one();
@@ -92,6 +105,7 @@ class ScanEntry : public QLineEdit {
     Keeps keeps_;
     QPointer<QLineEdit> collector_;
     QString kept_;         // what came elsewhere and may be the beginning of a code
+    QString letters_;      // of a list, in front of what has come here
     QString text_before_;  // of the part that keeps digits, before the first of them
     QPointer<QWidget> back_to_;
     bool taking_one_ = false;

@@ -70,7 +70,7 @@ void MealPlan::set_up_calendar() {
     on_wish(*this, calendar_, &Pane::copy_wanted, copy_day_shown);
     on_wish(*this, calendar_, &Pane::cut_wanted, cut_day_shown);
     on_wish(*this, calendar_, &Pane::paste_wanted, paste_here);
-    on_wish(*this, calendar_, &Pane::delete_wanted, delete_here);
+    on_wish(*this, calendar_, &Pane::delete_wanted, delete_by_key);
     on_wish(*this, calendar_, &Pane::dropped, [this](const QDate& date, const QString& text) {
         choose_date(date);
         plan_dragged(text);
@@ -95,9 +95,9 @@ void MealPlan::set_up_day() {
     on_wish(*this, day_.entry(), &ScanEntry::scanned, plan_code);
     day_.set_drop_rule(
         [this](const QString& text) { return !is_running() && may_drop(selected_date(), text); });
-    day_.entry().watch(
-        *this, {.keeps_letters = {&day_.list(), &recommendations_.list(), &calendar_.month_box()},
-                .keeps_digits = {&calendar_.year_box()}});
+    // The box of months keeps no letters: a code's would turn to another month before it is known.
+    day_.entry().watch(*this, {.keeps_letters = {&day_.list(), &recommendations_.list()},
+                               .keeps_digits = {&calendar_.year_box()}});
     setFocusProxy(&day_.entry());
 }
 
@@ -196,6 +196,7 @@ void MealPlan::CalendarUpdate(i16 mode) {
 
 void MealPlan::open_date(const QDate& date) {
     select_date(date);
+    day_.entry().abandon();
     day_.show_date(date);
     calendar_.mark(date);
     populate_day();

@@ -12,8 +12,8 @@
 #include <QToolTip>
 
 #include "screens/parts/icons.h"
+#include "screens/parts/plan_names.h"
 #include "screens/planner/calendar_grid_access.h"
-#include "screens/planner/selected_day.h"
 
 namespace tavernook {
 

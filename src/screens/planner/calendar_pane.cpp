@@ -25,6 +25,10 @@ namespace {
 
 constexpr int months_in_year = 12;
 
+bool is_menu_key(const QKeyEvent& key) {
+    return key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier;
+}
+
 }  // namespace
 
 CalendarPane::CalendarPane(QWidget* parent)
@@ -87,10 +91,6 @@ std::vector<QWidget*> CalendarPane::tab_order() const {
     }
     order.push_back(ui_->calendar_grid);
     return order;
-}
-
-QWidget& CalendarPane::month_box() const {
-    return *ui_->Combo1;
 }
 
 QWidget& CalendarPane::year_box() const {
@@ -187,6 +187,8 @@ bool CalendarPane::shortcut(const QObject& watched, const QKeyEvent& key) {
         Q_EMIT cut_wanted();
     } else if (key.matches(QKeySequence::Paste) && !pastes_text(watched)) {
         Q_EMIT paste_wanted();
+    } else if (&watched == box_ && is_menu_key(key)) {
+        ask_for_menu(*ui_->calendar_grid);
     } else {
         return false;
     }

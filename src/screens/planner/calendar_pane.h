@@ -50,7 +50,6 @@ class CalendarPane : public QWidget {
     void set_drop_rule(DropRule rule);
 
     std::vector<QWidget*> tab_order() const;
-    QWidget& month_box() const;
     QWidget& year_box() const;
 
   Q_SIGNALS:

@@ -96,15 +96,13 @@ bool may_drop(const QDate& date, const QString& text) {
 
 void plan_recipe(i16 recipe, f64 quantity) {
     if (!may_plan()) return;
-    if (!is_live_row(meals, recipe)) return say_gone(Planned::recipe);
-    add_meal(recipe, quantity);
+    if (!add_meal(recipe, quantity)) return say_gone(Planned::recipe);
     say_planned(Planned::recipe, recipe);
 }
 
 void plan_item(i16 item, f64 servings) {
     if (!may_plan()) return;
-    if (!is_live_row(items, item)) return say_gone(Planned::item);
-    Add_Item(item, servings);
+    if (!Add_Item(item, servings)) return say_gone(Planned::item);
     say_planned(Planned::item, item);
 }
 
@@ -128,16 +126,9 @@ void plan_recommended(const std::string& key, bool zero_too) {
     const RowRef recipe(Subject::recipes, recommended_recipe(key));
     if (!may_plan()) return;
     if (recipe.now() == 0) return say_gone(Planned::recipe);
-    const auto planned = days[current_day].planned_meal;
-    const DayQuantityRecord quantities = day_quantities[current_day];
-    if (zero_too) {
-        add_recommended_meal(key);
-    } else {
-        add_recommended_meal_unless_zero(key);
-    }
-    const bool same =
-        days[current_day].planned_meal == planned && day_quantities[current_day] == quantities;
-    if (!same) return say_planned(Planned::recipe, recipe.now());
+    const bool planned =
+        zero_too ? add_recommended_meal(key) : add_recommended_meal_unless_zero(key);
+    if (planned) return say_planned(Planned::recipe, recipe.now());
     if (recipe.now() == 0) return say_gone(Planned::recipe);
     may_plan();  // says when the day has been audited meanwhile
 }
@@ -153,8 +144,10 @@ void ask_quantity(const std::string& key, const QString& shown) {
     const bool same = meal_plan()->selected_day_key() == key && RowOfDay(key) == row;
     if (!same) return say(tr("This row is not there any more."));
     const std::optional<f64> quantity = typed_number(*typed);
-    if (quantity) return modify_mealplan_qty(*quantity);
-    say(tr("\"%1\" is not a number; the quantity stays.").arg(shown_text(*typed)));
+    if (quantity && *quantity >= 0) return modify_mealplan_qty(*quantity);
+    const QString why = quantity ? tr("%1 is less than 0; the quantity stays.")
+                                 : tr("\"%1\" is not a number; the quantity stays.");
+    say(why.arg(shown_text(*typed)));
 }
 
 bool remove_row(const std::string& key) {
@@ -201,6 +194,14 @@ void delete_here() {
     delete_day_of(date_of(selected_date()));
     say(held ? tr("The plan of %1 is deleted.").arg(day)
              : tr("Nothing is planned on %1.").arg(day));
+}
+
+void delete_by_key() {
+    if (day_is_held() && day_is_audited()) return delete_here();
+    say(day_is_held() ? tr("The plan of %1 stays. To delete it, choose \"Delete\" in the menu of "
+                           "the date (Shift+F10).")
+                            .arg(shown_date())
+                      : tr("Nothing is planned on %1.").arg(shown_date()));
 }
 
 }  // namespace tavernook

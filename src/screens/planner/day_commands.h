@@ -33,10 +33,11 @@ void plan_code(const std::string& code);
 void plan_dragged(const QString& text);
 
 // The row of that key of the recommendations. Asks how much; what reads as 0 is planned where that
-// is wanted, too.
+// is wanted, too. A cancelled box plans nothing.
 void plan_recommended(const std::string& key, bool zero_too);
 
-// The row of that key of the day list. The quantity shown stands in the box that asks.
+// The row of that key of the day list. The quantity shown stands in the box that asks; one below 0
+// is refused.
 void ask_quantity(const std::string& key, const QString& shown);
 
 // False without a row or on an audited day.
@@ -49,5 +50,9 @@ void copy_day_shown();
 void cut_day_shown();
 void paste_here();
 void delete_here();
+
+// The Delete key: an audited day only. A plain one goes by the menu of the date, as the key may
+// come once too often behind a code that was mistyped.
+void delete_by_key();
 
 }  // namespace tavernook

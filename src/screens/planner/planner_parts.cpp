@@ -31,11 +31,13 @@ class FirstRowMarker : public QObject {
 
 }  // namespace
 
+void ask_for_menu(QWidget& part) {
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), part.mapToGlobal(QPoint()));
+    QApplication::sendEvent(&part, &event);
+}
+
 void open_menu_by_keys(QWidget& part) {
-    on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] {
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), part.mapToGlobal(QPoint()));
-        QApplication::sendEvent(&part, &event);
-    });
+    on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] { ask_for_menu(part); });
 }
 
 void mark_first_row_when_entered(QTreeView& list) {

@@ -24,6 +24,9 @@ void on_wish(Screen& screen, const Pane& pane, Signal signal, Command command) {
     });
 }
 
+// As the key for it does.
+void ask_for_menu(QWidget& part);
+
 // Shift+F10 asks for the context menu; not every system does so by itself.
 void open_menu_by_keys(QWidget& part);
 

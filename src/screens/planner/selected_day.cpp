@@ -1,8 +1,5 @@
 #include "screens/planner/selected_day.h"
 
-#include <QLocale>
-
-#include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "planning/planner_state.h"
@@ -32,12 +29,6 @@ bool day_is_audited() {
 
 i16 slot_shown() {
     return day_is_held() ? current_day : i16{0};
-}
-
-QString spoken_date(const QDate& date) {
-    const bool day_first = date_day_first == 1;
-    return QLocale().toString(
-        date, day_first ? QStringLiteral("dddd, d MMMM") : QStringLiteral("dddd, MMMM d"));
 }
 
 }  // namespace tavernook

@@ -22,7 +22,4 @@ bool day_is_audited();
 // The slot whose plan is on show; 0 where the date has none.
 i16 slot_shown();
 
-// "Tuesday, November 24" in the user's language and order of day and month.
-QString spoken_date(const QDate& date);
-
 }  // namespace tavernook

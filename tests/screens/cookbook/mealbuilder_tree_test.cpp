@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "screens/cookbook/mealbuilder_fixture.h"
+#include "screens/cookbook/row_keys.h"
 
 namespace tavernook {
 namespace {
@@ -34,15 +35,15 @@ TEST_F(RecipeTree, IsEmptyWithAHintAtFirst) {
 }
 
 TEST_F(RecipeTree, KeysGiveTheirNumbers) {
-    EXPECT_EQ(Mealbuilder::get_cat_index("12r"), 12);
-    EXPECT_EQ(Mealbuilder::get_cat_index("root"), 0);
-    EXPECT_EQ(Mealbuilder::get_cat_index("r0"), 0);
-    EXPECT_EQ(Mealbuilder::get_cat_index("12c"), 0);
-    EXPECT_EQ(Mealbuilder::get_child_index("1000c"), 1000);
-    EXPECT_EQ(Mealbuilder::get_child_index("7r"), 0);
-    EXPECT_EQ(Mealbuilder::get_child_index(""), 0);
-    EXPECT_EQ(Mealbuilder::get_item_index("17t"), 17);
-    EXPECT_EQ(Mealbuilder::get_item_index("t"), 0);
+    EXPECT_EQ(catagory_in_key("12r"), 12);
+    EXPECT_EQ(catagory_in_key("root"), 0);
+    EXPECT_EQ(catagory_in_key("r0"), 0);
+    EXPECT_EQ(catagory_in_key("12c"), 0);
+    EXPECT_EQ(recipe_in_key("1000c"), 1000);
+    EXPECT_EQ(recipe_in_key("7r"), 0);
+    EXPECT_EQ(recipe_in_key(""), 0);
+    EXPECT_EQ(item_in_key("17t"), 17);
+    EXPECT_EQ(item_in_key("t"), 0);
 }
 
 TEST_F(RecipeTree, CirclesAndMissingParentsHideNoRecipe) {

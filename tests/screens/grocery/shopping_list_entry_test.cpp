@@ -295,6 +295,48 @@ TEST_F(ShoppingListEntry, ACodeScannedIntoTheFindBoxCountsToo) {
     EXPECT_EQ(find_box().text(), "");
 }
 
+TEST_F(ShoppingListEntry, ACodeInTheFindBoxCountsThoughANameHasItToo) {
+    items[salt].barcode = "App";  // as in Apples
+    open_list();
+    press("Ctrl+F");
+    scan("App");
+    expect_on_list(salt, 1);
+    expect_on_list(apples, 10);
+}
+
+// Every part that takes the focus; the find box takes codes when they are whole.
+TEST_F(ShoppingListEntry, LettersOfACodeCountWhereverTheFocusIs) {
+    items[salt].barcode = "AB-12";
+    items[bread].barcode = "KLM";
+    open_list();
+    f64 expected = 0;
+    for (QWidget* where : screen->findChildren<QWidget*>()) {
+        const bool takes_focus = where->focusPolicy() != Qt::NoFocus && where->isVisible() &&
+                                 where->isEnabled() && where->focusProxy() == nullptr;
+        if (!takes_focus) continue;
+        for (const std::string code : {"AB-12", "KLM"}) {
+            where->setFocus();
+            for (const char letter : code) QTest::keyClick(QApplication::focusWidget(), letter);
+            press("Return");
+        }
+        ++expected;
+        SCOPED_TRACE(where->objectName().toStdString());
+        expect_on_list(salt, expected);
+        expect_on_list(bread, expected + 1);
+    }
+    EXPECT_GE(expected, 7);
+}
+
+TEST_F(ShoppingListEntry, WhatWasBegunGoesWithAnotherCommand) {
+    open_list();
+    type("12");
+    press("Alt+S");
+    EXPECT_TRUE(comes_true([&] { return names().empty(); }));
+    EXPECT_EQ(entry().text(), "");
+    scan("4444");
+    expect_on_list(salt, 1);
+}
+
 TEST_F(ShoppingListEntry, WithoutAScannerEnterAsksForTheCode) {
     scanner_type = 3;
     open_list();

@@ -64,12 +64,20 @@ class ScanEntryTest : public MainWindowTest {
 
     void SetUp() override {
         start();
+        put_item(1, "AB-12");
+        put_item(2, "222");
+        put_item(3, "KLM");
         host = std::make_unique<Host>();
         host->show();
         ASSERT_TRUE(becomes_active(*host));
         entry().setFocus();
     }
     void TearDown() override { scanner_type = 0; }
+
+    static void put_item(i16 slot, const char* barcode) {
+        items[slot].in_use = 1;
+        items[slot].barcode = barcode;
+    }
 
     ScanEntry& entry() { return host->entry; }
     const Codes& codes() { return host->codes; }
@@ -151,6 +159,91 @@ TEST_F(ScanEntryTest, LettersFindRowsAndOnlyABeginningIsRemembered) {
     go_to(host->list);
     scan("xttvk4");
     EXPECT_EQ(codes(), (Codes{"111", "222", "333", "tvk4"}));
+}
+
+TEST_F(ScanEntryTest, LettersOfAnItemsCodeCountInAList) {
+    for (QWidget* place : std::vector<QWidget*>{&host->list, &host->months}) {
+        go_to(*place);
+        scan("AB-12");
+        go_to(*place);
+        type("mil");  // a row is looked for, and then a code comes
+        scan("AB-12", "Tab");
+    }
+    EXPECT_EQ(codes(), Codes(4, "AB-12"));
+}
+
+TEST_F(ScanEntryTest, LettersAloneAreACodeWhereAnItemHasThem) {
+    for (const char* end : {"Return", "Tab"}) {
+        go_to(host->list);
+        scan("KLM", end);
+    }
+    go_to(host->list);
+    scan("tea");
+    EXPECT_EQ(codes(), (Codes{"KLM", "KLM"}));
+    EXPECT_EQ(focused(), "list");
+}
+
+TEST_F(ScanEntryTest, LettersOfAListThatNameNothingAreNoPartOfACode) {
+    go_to(host->list);
+    type("AB");  // and nothing behind it
+    scan("222");
+    EXPECT_EQ(codes(), Codes{"222"});
+    go_to(host->list);
+    type("AB-");
+    go_to(host->button);
+    scan("12");
+    EXPECT_EQ(codes().back(), "12");
+}
+
+TEST_F(ScanEntryTest, AStrayFullStopIsLeftOut) {
+    go_to(host->list);
+    type(".");
+    scan("222");
+    EXPECT_EQ(codes(), Codes{"222"});
+    scanner_type = 2;
+    go_to(host->list);
+    type(".");
+    scan(cue_cat_line);
+    EXPECT_EQ(codes().back(), "444");
+}
+
+TEST_F(ScanEntryTest, EscapeGivesUpAFullStopToo) {
+    go_to(host->list);
+    type(".");
+    EXPECT_TRUE(entry().has_begun());
+    press("Escape");
+    EXPECT_FALSE(entry().has_begun());
+    EXPECT_EQ(host->hold.text(), "");
+}
+
+TEST_F(ScanEntryTest, WhatWasBegunGoesWhenTheFocusGoes) {
+    type(".x");
+    go_to(host->button);
+    EXPECT_EQ(entry().text(), "");
+    EXPECT_EQ(host->hold.text(), "");
+    go_to(entry());
+    scan("222");
+    EXPECT_EQ(codes(), Codes{"222"});
+}
+
+TEST_F(ScanEntryTest, WhatWasBegunGoesWithAnotherCommand) {
+    host->button.setFocusPolicy(Qt::TabFocus);
+    type("x");
+    QTest::mouseClick(&host->button, Qt::LeftButton);
+    EXPECT_EQ(focused(), "entry");
+    scan("222");
+    type("x");
+    entry().abandon();
+    scan("222");
+    EXPECT_EQ(codes(), (Codes{"222", "222"}));
+}
+
+TEST_F(ScanEntryTest, WhatAPersonTypedStaysWhereNoScannerTypes) {
+    scanner_type = 3;
+    type("22");
+    go_to(host->button);
+    entry().abandon();
+    EXPECT_EQ(entry().text(), "22");
 }
 
 TEST_F(ScanEntryTest, FourDigitsInTheYearAreAYear) {
@@ -320,6 +413,15 @@ TEST_F(OneCode, TheBoxComesForACodeAndGoesWithIt) {
     }
     expect_gone(2);
     EXPECT_EQ(codes(), (Codes{"222", "222"}));
+}
+
+TEST_F(OneCode, LettersAreAPartOfIt) {
+    take_one();
+    scan("AB-12");
+    take_one();
+    scan("KLM");
+    expect_gone(2);
+    EXPECT_EQ(codes(), (Codes{"AB-12", "KLM"}));
 }
 
 TEST_F(OneCode, EnterInTheEmptyBoxIsAnAnswerToo) {

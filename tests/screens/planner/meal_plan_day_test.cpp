@@ -213,6 +213,23 @@ TEST_F(PlannerDay, ACancelledOrUnreadableQuantityChangesNothing) {
     EXPECT_EQ(project_modified, i16_false);
 }
 
+TEST_F(PlannerDay, AQuantityBelowZeroIsRefused) {
+    plan_today();
+    open_planner();
+    for (const int row : {0, 1}) {
+        select_row(row);
+        expect_quantity_box(row == 0 ? "2" : "500", "-0,5");
+        press("F2");
+        EXPECT_EQ(panel(1), "-0,5 is less than 0; the quantity stays.");
+    }
+    EXPECT_EQ(plan_shown(), (Texts{"Soup 2 Cup(s)", "Milk 500 gram(s)"}));
+    EXPECT_EQ(project_modified, i16_false);
+    select_row(0);
+    expect_quantity_box("2", "0");
+    press("F2");
+    EXPECT_EQ(day_quantities[1].meal_servings[4], 0);
+}
+
 TEST_F(PlannerDay, TheQuantityOfAnAuditedDayStays) {
     plan_today(-1);
     open_planner();
@@ -281,6 +298,79 @@ TEST_F(PlannerDay, TheLastSlotIsTakenOverAsItIs) {
     planner().add_meal(soup, 2);
     EXPECT_EQ(plan_shown(), (Texts{"Pie 1 Cup(s)", "Soup 2 Cup(s)"}));
     EXPECT_EQ(days[day_capacity].year, 2024);
+}
+
+// Every way onto a date that has no slot of its own any more: the box, then the plan.
+class PlannerOfAFullTable : public PlannerDay {
+  protected:
+    void SetUp() override {
+        PlannerDay::SetUp();
+        fill_all_days();
+        days[200].in_use = 0;  // the slot that the planner opens
+        expiration_warning_days = 10;
+        lots[milk].expiration_date[0] = 45427 - 9;
+        open_planner();
+        put_day(200, 5, 20);  // another date takes it
+        put_recipe_on(200, 1, pie, 1);
+        changed_elsewhere();
+    }
+    ExpectedBox& expect_box() {
+        return platform.boxes.expect_message(days_full).during([] {
+            EXPECT_EQ(days[day_capacity].planned_meal[1], 0);
+            EXPECT_EQ(days[day_capacity].planned_item[1], 0);
+            EXPECT_EQ(project_modified, i16_false);
+        });
+    }
+    static void expect_planned() {
+        EXPECT_EQ(days[day_capacity].year, 2024);
+        EXPECT_EQ(days[day_capacity].day, 15);
+        EXPECT_EQ(days[200].day, 20);
+    }
+};
+
+TEST_F(PlannerOfAFullTable, AScanIsToldFirst) {
+    expect_box();
+    scan("tvk7");
+    expect_planned();
+    scan("tvk7");
+    EXPECT_EQ(plan_shown(), Texts{"Soup 2 Cup(s)"});
+}
+
+TEST_F(PlannerOfAFullTable, ADropIsToldFirst) {
+    expect_box();
+    EXPECT_TRUE(drop_on_list("i3"));
+    expect_planned();
+}
+
+TEST_F(PlannerOfAFullTable, ADropOnAnotherDateIsToldByItsOpening) {
+    platform.boxes.expect_message(days_full);
+    EXPECT_TRUE(drop_on_cell(june_8, "i3"));
+    EXPECT_EQ(days[day_capacity].month, 6);
+}
+
+TEST_F(PlannerOfAFullTable, ARecommendationIsToldFirst) {
+    platform.boxes.expect_input("Enter quantity to add", "Add", "", "2");
+    expect_box();
+    double_click_row(recommended(), 0);
+    expect_planned();
+}
+
+TEST_F(PlannerOfAFullTable, APasteIsToldFirst) {
+    click_cell(may_20);
+    press("Ctrl+C");
+    platform.boxes.expect_message(days_full);  // opening the free date
+    click_cell(may_15);
+    platform.boxes.expect_message(days_full);
+    press("Ctrl+V");
+    expect_planned();
+}
+
+TEST_F(PlannerOfAFullTable, WhatOtherScreensHandOverIsToldFirst) {
+    expect_box();
+    meal_plan()->Add_Item(milk, 1);
+    expect_planned();
+    meal_plan()->add_meal(pie, 1);
+    EXPECT_EQ(plan_shown(), (Texts{"Pie 1 Cup(s)", "Milk 250 gram(s)"}));
 }
 
 TEST_F(PlannerDay, AnotherDatesAuditedDayIsNotTakenOver) {

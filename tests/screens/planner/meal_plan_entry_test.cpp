@@ -73,6 +73,26 @@ TEST_F(PlannerEntry, AnUnknownCodeSaysSoAndBlocksNothing) {
     EXPECT_EQ(plan_shown(), Texts{"Milk 250 gram(s)"});
 }
 
+TEST_F(PlannerEntry, ADeletedRecipesCodeIsUnknownAndADropOfItIsRefused) {
+    open_planner();
+    meals[soup].in_use = 0;
+    scan("tvk7");
+    EXPECT_EQ(panel(1), "No recipe and no item has the barcode tvk7.");
+    EXPECT_FALSE(drop_on_list("m7"));
+    EXPECT_FALSE(drop_on_cell(may_20, "m7"));
+    EXPECT_EQ(days[1], DayRecord{});
+    EXPECT_EQ(project_modified, i16_false);
+}
+
+TEST_F(PlannerEntry, OnlyDigitsBehindTheLettersNameARecipe) {
+    open_planner();
+    for (const char* code : {"tvk7.9", "tvk+7", "tvk7x"}) {
+        scan(code);
+        EXPECT_EQ(panel(1), std::string("No recipe and no item has the barcode ") + code + ".");
+    }
+    EXPECT_EQ(project_modified, i16_false);
+}
+
 TEST_F(PlannerEntry, EnterWithoutACodeDoesNothing) {
     open_planner();
     press("Return");
@@ -123,6 +143,43 @@ TEST_F(PlannerEntry, AnAuditedDayTakesNoCode) {
     EXPECT_EQ(plan_shown(), Texts{"Pie 1 Cup(s)"});
     EXPECT_EQ(panel(1), "Wednesday, May 15 is audited. Press \"Edit Audited Day\" first.");
     EXPECT_EQ(entry().text(), "");
+}
+
+// Every part that takes the focus, but for boxes that are text in themselves.
+TEST_F(PlannerEntry, LettersOfACodeCountWhereverTheFocusIs) {
+    items[milk].barcode = "AB-12";
+    items[flour].barcode = "KLM";
+    open_planner();
+    f64 expected = 0;
+    for (QWidget* where : screen->findChildren<QWidget*>()) {
+        const bool takes_focus = where->focusPolicy() != Qt::NoFocus && where->isVisible() &&
+                                 where->isEnabled() && where->focusProxy() == nullptr;
+        if (!takes_focus || where->objectName() == "Label11") continue;
+        const std::string name = where->objectName().toStdString();
+        for (const char* code : {"AB-12", "tvk7", "KLM"}) {
+            where->setFocus();
+            scan(code);
+        }
+        ++expected;
+        EXPECT_EQ(day_quantities[1].item_quantity[1], 250 * expected) << name;
+        EXPECT_EQ(day_quantities[1].meal_servings[1], expected) << name;
+        EXPECT_EQ(day_quantities[1].item_quantity[2], 100 * expected) << name;
+        EXPECT_EQ(told_date(), "5/15/2024") << name;
+    }
+    EXPECT_GE(expected, 10);
+}
+
+TEST_F(PlannerEntry, WhatWasBegunGoesWithAnotherDate) {
+    open_planner();
+    type("x");
+    press("Down");
+    EXPECT_EQ(entry().text(), "");
+    press("Up");
+    type("9");
+    click("next_month");
+    click("previous_month");
+    scan("4006381333931");
+    EXPECT_EQ(plan_shown(), Texts{"Milk 250 gram(s)"});
 }
 
 TEST_F(PlannerEntry, AScanCountsWhereverTheFocusIs) {

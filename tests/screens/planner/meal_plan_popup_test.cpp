@@ -45,7 +45,9 @@ class PlannerPopup : public MealPlanTest {
             .expect_message(std::string("The day of ") + date +
                                 " is already being used.  Do you want to copy over it?",
                             answer)
-            .title("Copy Day");
+            .title("Copy Day")
+            .default_button(DefaultButton::no)
+            .critical();
     }
 };
 
@@ -98,7 +100,7 @@ TEST_F(PlannerPopup, TheKeysDoTheSameInTheEntryBoxAndInTheCalendar) {
         press("Ctrl+V");
         EXPECT_EQ(held(17), "Soup 3,Milk 500,") << where;
         EXPECT_EQ(panel(1), "Pasted on Friday, May 17.");
-        press("Delete");
+        choose("POPMenu_Delete");
         EXPECT_EQ(held(17), "") << where;
         EXPECT_EQ(panel(1), "The plan of Friday, May 17 is deleted.");
     }
@@ -178,6 +180,54 @@ TEST_F(PlannerPopup, AnAuditedDayIsSettledWhenItWasCut) {
     EXPECT_EQ(held(20), "Milk 500,");
     EXPECT_FALSE(grid().cell(may_20).audited);
     EXPECT_EQ(lot_total(milk), 6);
+}
+
+TEST_F(PlannerPopup, TheDeleteKeyLeavesAPlainDay) {
+    open_planner();
+    for (const char* where : {"Text1", "calendar_grid"}) {
+        click_cell(may_16);
+        part(where).setFocus();
+        press("Delete");
+        EXPECT_EQ(held(16), "Soup 3,Milk 500,") << where;
+        EXPECT_EQ(panel(1),
+                  "The plan of Thursday, May 16 stays. To delete it, choose \"Delete\" in the menu "
+                  "of the date (Shift+F10).");
+    }
+    entry().setFocus();
+    type("12");
+    press("Home");
+    for (int n = 0; n < 4; ++n) press("Delete");  // two would have been enough
+    EXPECT_EQ(held(16), "Soup 3,Milk 500,");
+    EXPECT_EQ(project_modified, i16_false);
+}
+
+TEST_F(PlannerPopup, TheDeleteKeySettlesAndDeletesAnAuditedDay) {
+    days[1].audited = -1;
+    days[1].planned_meal[2] = 0;
+    open_planner();
+    click_cell(may_16);
+    entry().setFocus();
+    platform.boxes.expect_message(item_question, Answer::yes).title("Inventory Adjustment");
+    press("Delete");
+    EXPECT_EQ(held(16), "");
+    EXPECT_EQ(lot_total(milk), 6.5);
+    EXPECT_EQ(panel(1), "The plan of Thursday, May 16 is deleted.");
+}
+
+TEST_F(PlannerPopup, ADayThatGoesWhileItsCopyIsAskedAboutStaysGone) {
+    put_day(2, 5, 20);
+    put_recipe_on(2, 1, pie, 1);
+    open_planner();
+    click_cell(may_16);
+    press("Ctrl+C");
+    click_cell(may_20);
+    expect_copy_question("5/20/2024", Answer::yes).during([] {
+        days[2] = DayRecord{};
+        changed_elsewhere();
+    });
+    press("Ctrl+V");
+    EXPECT_EQ(held(20), "");
+    EXPECT_EQ(panel(1), "Nothing was pasted on Monday, May 20.");
 }
 
 TEST_F(PlannerPopup, DeletingAnEmptyDateChangesNoDay) {

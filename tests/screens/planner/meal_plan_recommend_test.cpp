@@ -89,6 +89,32 @@ TEST_F(PlannerRecommendations, ThePopupAddsWhateverIsTyped) {
     EXPECT_EQ(focused(), "Text1");
 }
 
+TEST_F(PlannerRecommendations, ThePopupCancelledChangesNothing) {
+    expire(milk);
+    open_planner();
+    click_row(recommended(), 1);
+    expect_quantity_box("Add Meal", std::nullopt);
+    choose_in_popup(recommended(), "Recommendations_POPUP", "Recommend_Add_Meal");
+    EXPECT_EQ(plan_shown(), Texts{});
+    EXPECT_EQ(days[1], DayRecord{});
+    EXPECT_EQ(project_modified, i16_false);
+    EXPECT_EQ(panel(1), "");
+    EXPECT_EQ(focused(), "Text1");
+}
+
+TEST_F(PlannerRecommendations, ARecipeDeletedWhileThePopupAsksIsNotPlanned) {
+    expire(milk);
+    open_planner();
+    click_row(recommended(), 0);
+    platform.boxes.expect_input("Enter quantity to add", "Add Meal", "", "2").during([] {
+        meals[soup].in_use = 0;
+    });
+    choose_in_popup(recommended(), "Recommendations_POPUP", "Recommend_Add_Meal");
+    EXPECT_EQ(days[1], DayRecord{});
+    EXPECT_EQ(project_modified, i16_false);
+    EXPECT_EQ(panel(1), "This recipe is not there any more.");
+}
+
 TEST_F(PlannerRecommendations, ThePopupHasItsThreeEntries) {
     open_planner();
     Texts texts;
