@@ -231,14 +231,16 @@ TEST_F(AddingAnItem, TheQuantityTellsWhatItComesTo) {
 
 TEST_F(AddingAnItem, TheShoppingListWorksOutAmountsByItself) {
     screen().set_return(4);
-    enter("quantity_to_add", "3");
     EXPECT_EQ(text("amount_line"), "The shopping list works out how much to buy.");
     click("add_item");
-    EXPECT_EQ(panel(1), "Rice is on the shopping list.");
+    EXPECT_EQ(panel(1),
+              "Rice is marked for the shopping list; it shows there once it has a quantity.");
     EXPECT_EQ(project_modified, i16_true);
     project_modified = i16_false;
-    add(4, "3");
-    EXPECT_EQ(panel(1), "Rice is on the shopping list already.");
+    items[1].shopping_quantity = 2.5;
+    screen().set_return(4);
+    click("add_item");
+    EXPECT_EQ(panel(1), "Rice: 2.5 on the list.");
     EXPECT_EQ(project_modified, i16_false);
 }
 
