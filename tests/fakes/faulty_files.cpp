@@ -123,7 +123,7 @@ void FaultyFiles::copy(const std::string& from, const std::string& to) {
 }
 
 void FaultyFiles::copy_unflushed(const std::string& from, const std::string& to) {
-    count("copy " + name_of(from) + " -> " + name_of(to));
+    count("copy_unflushed " + name_of(from) + " -> " + name_of(to));
     real_.copy_unflushed(from, to);
 }
 

@@ -7,9 +7,9 @@
 // The log names files by their last part: "open home.tvk read", "open home.tvk read_write",
 // "read home.tvk 0 48" (offset and count), "write home.tvk 100 176", "length home.tvk",
 // "flush home.tvk", "exists home.tvk", "is_taken home.tvk", "remove home.tvk", "rename home.tvk ->
-// home.previous.tvk", "copy a.tvk -> b.tvk", flushed or not, "stamp home.tvk", "modified home.tvk",
-// "flush_folder saves", "list saves .tvk", "make_folder saves". An operation that was made to fail
-// ends in " fault 61".
+// home.previous.tvk", "copy a.tvk -> b.tvk", "copy_unflushed a.tvk -> b.tvk", "stamp home.tvk",
+// "modified home.tvk", "flush_folder saves", "list saves .tvk", "make_folder saves". An operation
+// that was made to fail ends in " fault 61".
 #pragma once
 
 #include <memory>
