@@ -1,7 +1,6 @@
 #include "recipes/documents.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -181,7 +180,6 @@ void carry(const ChangedDocument& change) {
     entry = current_document_entry(change.slot);
 }
 
-// False when one stays where it is; the text under the old name stays with it then.
 // False when it stays where it is; the text under the old name stays with it then.
 bool place(const CarriedDocument& carried) {
     const auto work = [&] {
@@ -195,13 +193,10 @@ bool place(const CarriedDocument& carried) {
 
 // The slot whose text waits under the name, in the open project; 0 for every other name.
 i16 slot_of_ready_name(const std::string& name) {
-    constexpr std::size_t digits = 6;
-    const std::size_t end = name.size() - std::string_view(ready_extension).size();
-    if (end < digits) return 0;
-    const int slot = std::atoi(name.substr(end - digits, digits).c_str());
-    if (slot < 1 || slot > meal_capacity) return 0;
-    const auto found = static_cast<i16>(slot);
-    return utf8_from_text(name_for(found, ready_extension)) == name ? found : i16{0};
+    for (i16 slot = 1; slot <= meal_capacity; ++slot) {
+        if (utf8_from_text(name_for(slot, ready_extension)) == name) return slot;
+    }
+    return 0;
 }
 
 // A text that was stored since is newer than the copy.

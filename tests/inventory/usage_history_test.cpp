@@ -88,7 +88,7 @@ TEST_F(UsageHistory, AWorkingCopyThatIsThereIsNotCopiedAgain) {
     record_item_usage(7, 2.5, usage_added, 3);
     EXPECT_EQ(working(), first + first);
     for (const std::string& operation : platform.files.log()) {
-        EXPECT_FALSE(operation.starts_with("copy ")) << operation;
+        EXPECT_FALSE(operation.starts_with("copy")) << operation;
     }
     EXPECT_EQ(saved(), first);
 }
