@@ -12,9 +12,8 @@ std::string in_program_folder(std::string_view name) noexcept {
 }
 
 std::string project_stem() noexcept {
-    constexpr std::size_t behind_it = 10;  // six digits and an extension
     const std::size_t kept = project_name.size() > 4 ? project_name.size() - 4 : 0;
-    return shortened_stem(project_name.substr(0, kept), longest_file_name - behind_it);
+    return shortened_stem(project_name.substr(0, kept), longest_project_stem);
 }
 
 void set_project_path(const std::string& path) noexcept {
