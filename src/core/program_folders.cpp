@@ -13,7 +13,7 @@ std::string in_program_folder(std::string_view name) noexcept {
 
 std::string project_stem() noexcept {
     const std::size_t kept = project_name.size() > 4 ? project_name.size() - 4 : 0;
-    return shortened_stem(project_name.substr(0, kept), longest_project_stem);
+    return shortened_stem(project_name.substr(0, kept), longest_stem);
 }
 
 void set_project_path(const std::string& path) noexcept {
