@@ -55,6 +55,11 @@ class KeptFiles : public Files {
         kept.erase(from);
     }
     void copy(const std::string& from, const std::string& to) override { kept[to] = kept.at(from); }
+    void copy_unflushed(const std::string& from, const std::string& to) override { copy(from, to); }
+    void copy_attributes(const std::string&, const std::string&) noexcept override {}
+    bool is_write_protected(const std::string&) override { return false; }
+    FileStamp stamp(const std::string&) override { return {}; }
+    void remove_left_over(const std::string&) noexcept override {}
     Date modified(const std::string&) override { return 0; }
     FileStamp stamp(const std::string& path) override {
         if (!exists(path)) return {};

@@ -28,10 +28,12 @@ inline void read_whole(File& file) {
     format::read_day_quantity_block(file, positions.day_quantities);
     format::read_meal_serving_block(file, positions.meal_servings);
     (void)format::ends_with_meal_servings(file, positions.meal_servings);
+    (void)format::missing_parts(file, positions);
 }
 
 inline void write_whole(File& file) {
     namespace format = project_file;
+    format::mark_in_writing(file);
     format::write_front_words(file);
     i32 position = format::write_item_section(file, format::items_position);
     position = format::write_catagory_section(file, position);
@@ -49,6 +51,7 @@ inline void write_whole(File& file) {
     format::write_string_block(file);
     format::write_day_quantity_block(file);
     format::write_meal_serving_block(file);
+    format::mark_as_written(file);
 }
 
 }  // namespace tavernook

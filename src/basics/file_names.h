@@ -11,6 +11,9 @@ namespace tavernook {
 
 inline constexpr std::size_t longest_file_name = 255;
 
+// Behind such a stem there is room for six digits and an extension of seven bytes with its point.
+inline constexpr std::size_t longest_stem = longest_file_name - 13;
+
 // A number in decimal digits, ten at most: the same for a name at all times and on all systems.
 std::string name_number(std::string_view name);
 

@@ -4,13 +4,12 @@
 
 namespace tavernook {
 
-// A file that is not there is made with the rights alone, one that is there takes everything.
+// One operation: it makes a file that is missing and gives it the rights alone.
 void make_with_rights_of(const std::string& model, const std::string& path) noexcept {
     files().copy_attributes(model, path);
 }
 
-void make_successor_of(const std::string& model, const std::string& path) noexcept {
-    files().copy_attributes(model, path);
+void take_attributes_of(const std::string& model, const std::string& path) noexcept {
     files().copy_attributes(model, path);
 }
 

@@ -7,11 +7,12 @@
 
 namespace tavernook {
 
-// An empty file at the path, where none is, with mode, owner, group and access list of `model`.
-// Nothing happens without a model; what the system does not let it take stays narrower.
+// An empty file at the path, where none is, with mode, owner, group and access list of `model`; its
+// owner may write it in any case. Nothing happens without a model; what the system does not let it
+// take stays narrower.
 void make_with_rights_of(const std::string& model, const std::string& path) noexcept;
 
-// The same for the file that comes in the model's place: extended attributes, too.
-void make_successor_of(const std::string& model, const std::string& path) noexcept;
+// When all is written: extended attributes, and the mode as it stands.
+void take_attributes_of(const std::string& model, const std::string& path) noexcept;
 
 }  // namespace tavernook

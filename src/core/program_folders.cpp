@@ -12,10 +12,9 @@ std::string in_program_folder(std::string_view name) noexcept {
 }
 
 std::string project_stem() noexcept {
-    constexpr std::size_t behind_it = 10;  // six digits and an extension
     const std::string name(file_name_part(project_path));
     const std::size_t kept = name.size() > 4 ? name.size() - 4 : 0;
-    return shortened_stem(name.substr(0, kept), longest_file_name - behind_it);
+    return shortened_stem(name.substr(0, kept), longest_stem);
 }
 
 void set_project_path(const std::string& path) noexcept {

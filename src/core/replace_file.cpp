@@ -29,12 +29,10 @@ void replace_file(const std::string& path, std::string_view bytes, const std::st
     const std::string fresh = path_with_ending(path, ".new");
     if (files().exists(fresh)) files().remove(fresh);
     try {
-        if (files().exists(path)) {
-            make_successor_of(path, fresh);
-        } else {
-            make_with_rights_of(bound, fresh);
-        }
+        const bool is_there = files().exists(path);
+        make_with_rights_of(is_there ? path : bound, fresh);
         write_flushed(fresh, bytes);
+        if (is_there) take_attributes_of(path, fresh);
         files().rename(fresh, path);
     } catch (...) {
         remove_left_over(fresh);

@@ -243,7 +243,8 @@ void DiskFiles::copy_attributes(const std::string& from, const std::string& to) 
     const Descriptor made(
         ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, for_the_owner));
     take_rights(from, to);
-    if (made.number() < 0) take_extended_attributes(from, to);
+    if (made.number() >= 0) return let_owner_write(to);
+    take_extended_attributes(from, to);
 }
 
 bool DiskFiles::is_write_protected(const std::string& path) {

@@ -31,8 +31,8 @@ class DiskFiles : public Files {
     void copy(const std::string& from, const std::string& to) override;
     void copy_unflushed(const std::string& from, const std::string& to) override;
 
-    // A missing `to` is made empty, and open to nobody else before it has its rights; extended
-    // attributes go to a file only that was there. A missing `from` changes nothing.
+    // A missing `to` is made empty and open to nobody else before it has its rights; its owner may
+    // write it, and it takes no extended attributes. A missing `from` changes nothing.
     void copy_attributes(const std::string& from, const std::string& to) noexcept override;
 
     // True for the files of which root may write all the same.

@@ -65,7 +65,7 @@ std::string document_stem() {
     if (utf8_from_text(text) == stem) return text;
     std::replace(text.begin(), text.end(), '?', '_');
     const std::string mark = "~" + name_number(stem);
-    while (utf8_from_text(text).size() + mark.size() + 10 > longest_file_name) text.pop_back();
+    while (utf8_from_text(text).size() + mark.size() > longest_stem) text.pop_back();
     return text + mark;
 }
 

@@ -68,6 +68,14 @@ TEST_F(DiskAttributesTest, AFileThatIsMadeHasTheRightsOfItsModelWhateverTheMask)
     EXPECT_EQ(read_whole_file(path("a")), "");
 }
 
+TEST_F(DiskAttributesTest, AFileThatIsMadeCanBeWrittenByItsOwner) {
+    make("model", 0440);
+    files.copy_attributes(path("model"), path("to"));
+    EXPECT_EQ(mode_of("to"), 0640U);
+    files.copy_attributes(path("model"), path("to"));
+    EXPECT_EQ(mode_of("to"), 0440U);
+}
+
 TEST_F(DiskAttributesTest, AFileThatIsThereTakesTheRightsAndKeepsItsBytes) {
     make("model", 0640);
     make("to", 0666, "bytes");

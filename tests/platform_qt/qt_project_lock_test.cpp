@@ -1,11 +1,15 @@
 #include "platform_qt/qt_project_lock.h"
 
+#include <QDateTime>
+#include <QSysInfo>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "basics/date.h"
 #include "fakes/child_process.h"
 #include "fakes/temp_folder.h"
 #include "platform_qt/helper_program.h"
@@ -184,6 +188,94 @@ TEST_F(ProjectLockTest, AFolderThatCannotBeWrittenNeedsNoLock) {
 TEST_F(ProjectLockTest, AMissingFolderNeedsNoLock) {
     EXPECT_TRUE(lock.acquire(folder.path("no such folder/home.tvk")));
     EXPECT_FALSE(fs::exists(folder.path("no such folder")));
+}
+
+// --- A lock that another machine has left: on a stick, or in a folder that is kept the same on
+// both
+
+class LockOfAnotherMachine : public ProjectLockTest {
+  protected:
+    void leave_lock(const std::string& host, const std::string& machine_number) {
+        write_whole_file(lock_file, "4711\nTavernook\n" + host + "\n" + machine_number + "\n\n");
+        const timespec moment = {1'715'700'600, 0};
+        const timespec times[2] = {moment, moment};
+        ASSERT_EQ(::utimensat(AT_FDCWD, lock_file.c_str(), times, 0), 0);
+    }
+    static std::string number_of_this_machine() {
+        return QSysInfo::machineUniqueId().toStdString();
+    }
+    static std::string name_of_this_machine() { return QSysInfo::machineHostName().toStdString(); }
+};
+
+TEST_F(LockOfAnotherMachine, NamesItAndTheTime) {
+    leave_lock("kitchen", "0123456789abcdef");
+    EXPECT_FALSE(lock.acquire(project));
+    const auto holder = lock.holder_elsewhere(project);
+    ASSERT_TRUE(holder.has_value());
+    EXPECT_EQ(holder->machine, "kitchen");
+    const QDateTime since = QDateTime::fromSecsSinceEpoch(1'715'700'600);
+    EXPECT_EQ(date_text(holder->since),
+              since.toString(QStringLiteral("M/d/yyyy h:mm:ss AP")).toStdString());
+}
+
+TEST_F(LockOfAnotherMachine, IsTakenOver) {
+    leave_lock("kitchen", "0123456789abcdef");
+    ASSERT_FALSE(lock.acquire(project));
+    EXPECT_TRUE(lock.take_over(project));
+    EXPECT_EQ(answer_to_other(project), "refused");
+    EXPECT_FALSE(lock.holder_elsewhere(project).has_value());
+    lock.release(project);
+    EXPECT_FALSE(fs::exists(lock_file));
+}
+
+TEST_F(LockOfAnotherMachine, OfTheSameNameIsKnownByItsNumber) {
+    if (number_of_this_machine().empty()) GTEST_SKIP() << "this machine has no number";
+    leave_lock(name_of_this_machine(), "0123456789abcdef");
+    EXPECT_FALSE(lock.acquire(project));
+    EXPECT_TRUE(lock.holder_elsewhere(project).has_value());
+    // And this machine under the name that it had before is none.
+    leave_lock("kitchen", number_of_this_machine());
+    EXPECT_FALSE(lock.holder_elsewhere(project).has_value());
+}
+
+TEST_F(LockOfAnotherMachine, WithoutANumberIsKnownByItsName) {
+    leave_lock("kitchen", "");
+    EXPECT_TRUE(lock.holder_elsewhere(project).has_value());
+    leave_lock(name_of_this_machine(), "");
+    EXPECT_FALSE(lock.holder_elsewhere(project).has_value());
+}
+
+TEST_F(LockOfAnotherMachine, IsNoneOfARunningProgramHere) {
+    const OtherProgram other(project);
+    ASSERT_EQ(other.answer, "held");
+    EXPECT_FALSE(lock.holder_elsewhere(project).has_value());
+    EXPECT_FALSE(lock.take_over(project));
+    EXPECT_FALSE(lock.acquire(project));
+}
+
+TEST_F(LockOfAnotherMachine, IsNoneWithoutALock) {
+    EXPECT_FALSE(lock.holder_elsewhere(project).has_value());
+    EXPECT_TRUE(lock.take_over(project));
+    EXPECT_EQ(answer_to_other(project), "refused");
+}
+
+TEST_F(ProjectLockTest, TheLongestNamesAreLockedToo) {
+    for (const std::size_t length : {244U, 249U, 250U, 255U}) {
+        const std::string longest = folder.path(std::string(length - 4, 'n') + ".tvk");
+        write_whole_file(longest, "x");
+        EXPECT_TRUE(lock.acquire(longest));
+        EXPECT_EQ(answer_to_other(longest), "refused") << length;
+        lock.release(longest);
+    }
+}
+
+TEST_F(ProjectLockTest, ALongNamesLockLeftByACrashDoesNotCount) {
+    const std::string longest = folder.path(std::string(251, 'n') + ".tvk");
+    write_whole_file(longest, "x");
+    OtherProgram other(longest);
+    ASSERT_EQ(other.answer, "held");
+    other.kill();
+    EXPECT_TRUE(lock.acquire(longest));
 }
 
 TEST_F(ProjectLockTest, ReleasingWhatWasNeverHeldDoesNothing) {

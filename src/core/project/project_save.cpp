@@ -80,9 +80,10 @@ void write_blocks() {
 }
 
 // The mark goes when all else is on the disk, so that a file without it is whole.
-void finish_project_file() {
+void finish_project_file(const std::string& model) {
     {
         const std::unique_ptr<File> file = files().open(project_path, OpenMode::read_write);
+        take_attributes_of(model, project_path);
         file->flush();
         project_file::mark_as_written(*file);
         file->flush();
@@ -95,11 +96,12 @@ void finish_project_file() {
 void write_project(const std::string& other_content) {
     main_window().set_status(activity_panel, "Saving Project...");
     prepare_companions();
-    make_successor_of(delete_project_file(other_content), project_path);
+    const std::string model = delete_project_file(other_content);
+    make_with_rights_of(model, project_path);
     write_sections_and_setup(*files().open(project_path, OpenMode::read_write));
     save_progress().hide();
     write_blocks();
-    finish_project_file();
+    finish_project_file(model);
     commit_companions();
 }
 

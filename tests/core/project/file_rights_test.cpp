@@ -165,7 +165,22 @@ TEST_F(FileRights, OtherFilesKeepTheirsAndNewOnesHaveThoseOfTheSystem) {
     EXPECT_EQ(read_whole_file(path), "two");
 }
 
+TEST_F(FileRights, WhatIsNewBesideAWriteProtectedProjectCanBeWritten) {
+    set_mode(home, 0444);
+    store_document(7, "{\\rtf1 Soup}");
+    EXPECT_EQ(mode_of(text_path()), 0644U);
+}
+
 // --- Write-protected files
+
+TEST_F(FileRights, OneOfNoValueIsReplacedAndStaysSo) {
+    const std::string path = platform.path("notes");
+    replace_file(path, "one");
+    set_mode(path, 0444);
+    replace_file(path, "two");
+    EXPECT_EQ(read_whole_file(path), "two");
+    EXPECT_EQ(mode_of(path), 0444U);
+}
 
 TEST_F(FileRights, AWriteProtectedProjectIsNotReplaced) {
     const std::string before = read_whole_file(home);

@@ -119,10 +119,10 @@ TEST_F(LongNames, OutsideTheCodePageHaveTextsToo) {
 }
 
 TEST_F(LongNames, OfNormalLengthAreNotTouched) {
-    set_project_path("/a/" + std::string(245, 'n') + ".tvk");
-    EXPECT_EQ(project_stem(), std::string(245, 'n'));
-    set_project_path("/a/" + std::string(246, 'n') + ".tvk");
-    EXPECT_EQ(project_stem().size(), 245U);
+    set_project_path("/a/" + std::string(242, 'n') + ".tvk");
+    EXPECT_EQ(project_stem(), std::string(242, 'n'));
+    set_project_path("/a/" + std::string(243, 'n') + ".tvk");
+    EXPECT_EQ(project_stem().size(), 242U);
 }
 
 TEST_F(LongNames, OfFilesThatAreReplaced) {

@@ -244,7 +244,7 @@ TEST_F(PreviousVersion, TheOpenProjectMayBeSavedUnderItsOwnNameAfterAFailedSave)
     user_opens(home);
     const int write = first_write_of_a_save();
     user_renames_store("Bakery");
-    disk_is_full_at(write - 4);  // right behind the moving aside: not even an empty file is made
+    disk_is_full_at(write - 3);  // right behind the moving aside: not even an empty file is made
     platform.boxes.expect_message(save_error(61));
     mnuFile_Save();
     ASSERT_FALSE(exists(home));
