@@ -4,6 +4,7 @@
 #include <QCompleter>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <memory>
 
@@ -13,12 +14,18 @@ namespace tavernook {
 
 namespace {
 
+// The box does not know of it: a box that has a completer takes the capitals over from its list.
 class NameCompleter : public QCompleter {
   public:
     explicit NameCompleter(QComboBox& box) : QCompleter(box.model(), &box), box_(box) {
+        setWidget(&box);
         setCompletionMode(QCompleter::PopupCompletion);
         setCaseSensitivity(Qt::CaseInsensitive);
         setFilterMode(Qt::MatchContains);
+        connect(box.lineEdit(), &QLineEdit::textEdited, this, &NameCompleter::offer);
+        const auto show = [this](const QString& name) { show_name(box_, name); };
+        connect(this, qOverload<const QString&>(&QCompleter::highlighted), this, show);
+        connect(this, qOverload<const QString&>(&QCompleter::activated), this, show);
     }
 
   protected:
@@ -30,15 +37,23 @@ class NameCompleter : public QCompleter {
     }
 
   private:
+    void offer(const QString& typed) {
+        setCompletionPrefix(typed);
+        if (typed.isEmpty()) return popup()->hide();
+        complete();
+    }
+
     bool take_key(QKeyEvent& key) {
-        if (is_enter(key) && !popup()->currentIndex().isValid()) {
+        if (key.matches(QKeySequence::Cancel)) {
+            // A name that was gone to stands in the box already.
+            box_.setEditText(completionPrefix());
             popup()->hide();
-            QCoreApplication::sendEvent(&box_, &key);
             return true;
         }
-        // A name that was gone to stands in the box already.
-        if (key.matches(QKeySequence::Cancel)) box_.setEditText(completionPrefix());
-        return false;
+        if (!is_enter(key) || popup()->currentIndex().isValid()) return false;
+        popup()->hide();
+        QCoreApplication::sendEvent(&box_, &key);
+        return true;
     }
 
     QComboBox& box_;
@@ -52,7 +67,8 @@ void show_name(QComboBox& box, const QString& name) {
 }
 
 void offer_names(QComboBox& box) {
-    box.setCompleter(new NameCompleter(box));
+    box.setCompleter(nullptr);
+    new NameCompleter(box);
 }
 
 void change_list(QStringListModel& list, const QStringList& names,

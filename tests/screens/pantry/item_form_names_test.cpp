@@ -90,11 +90,12 @@ class NamesInTheForm : public FoodInventoryTest {
         box.setFocus(Qt::TabFocusReason);
         return box;
     }
-    static QAbstractItemView& offers(QComboBox& box) { return *box.completer()->popup(); }
+    static QCompleter& completer(QComboBox& box) { return *box.findChild<QCompleter*>(); }
+    static QAbstractItemView& offers(QComboBox& box) { return *completer(box).popup(); }
     static std::vector<std::string> offered(QComboBox& box) {
         std::vector<std::string> names;
         if (!offers(box).isVisible()) return names;
-        const QAbstractItemModel& model = *box.completer()->completionModel();
+        const QAbstractItemModel& model = *completer(box).completionModel();
         for (int row = 0; row < model.rowCount(); ++row) {
             names.push_back(model.index(row, 0).data().toString().toStdString());
         }
@@ -224,6 +225,14 @@ TEST_F(NamesInTheForm, TabKeepsWhatWasTypedToo) {
     EXPECT_FALSE(offers(box).isVisible());
     EXPECT_EQ(text("store"), "mark");
     EXPECT_EQ(focused(), "store_order");
+    into("qty_units");
+    type("sACK");  // its capitals, too
+    press("Tab");
+    EXPECT_EQ(text("qty_units"), "sACK");
+    EXPECT_EQ(focused(), "stock_quantity");
+    accept();
+    EXPECT_EQ(items[1].qty_units, sack);
+    EXPECT_EQ(units[sack].name.trimmed(), "Sack");
 }
 
 TEST_F(NamesInTheForm, EscapeBringsBackWhatWasTyped) {
