@@ -158,6 +158,9 @@ void take_recipe_screens(Main& window, const TakePicture& take) {
     mealbuilder()->set_meal(1);
     window.resize(900, 620);
     take(QStringLiteral("Mealbuilder_small"), window);
+    mealbuilder()->set_return(ports::Mealbuilder::returns_to_planner);
+    take(QStringLiteral("Mealbuilder_for_planner"), window);
+    mealbuilder()->set_return(ports::Mealbuilder::returns_nowhere);
     filled.parentWidget()->close();
     reset_project_tables();
     lots.clear();
