@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/catagories.h"
+#include "core/changes.h"
 #include "core/project_data.h"
 #include "core/trap.h"
 #include "platform/platform.h"
@@ -19,6 +20,13 @@ std::vector<i16> meals_in(i16 slot) {
     for (i16 meal = 1; meal <= meal_capacity; ++meal) {
         if (meals[meal].in_use == 1 && meals[meal].category == slot) found.push_back(meal);
     }
+    return found;
+}
+
+// A category and the recipes in it: the same ones as long as these are equal.
+std::vector<RowRef> contents_of(i16 slot, const std::vector<i16>& recipes) {
+    std::vector<RowRef> found{RowRef(Subject::catagories, slot)};
+    for (const i16 meal : recipes) found.push_back(RowRef(Subject::recipes, meal));
     return found;
 }
 
@@ -61,7 +69,13 @@ i16 remove_unless_refused(i16 slot) {
     const std::vector<i16> recipes = of_recipes ? meals_in(slot) : std::vector<i16>{};
     if (any_is_planned(recipes)) return refuse_for_planned_meals();
     if (holds_items(slot)) return refuse("This category has items in it.  Cannot Delete.");
+    const std::vector<RowRef> asked = contents_of(slot, recipes);
     if (!may_delete_with(recipes, slot)) return 0;
+    if (of_recipes && contents_of(slot, meals_in(slot)) != asked) {
+        main_window().set_status(message_panel,
+                                 "The category has changed meanwhile; nothing was deleted.");
+        return 0;
+    }
     // The plans may be others than before the question.
     if (any_is_planned(recipes)) return refuse_for_planned_meals();
     for (const i16 meal : recipes) delete_meal(meal, true);

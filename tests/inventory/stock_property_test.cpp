@@ -115,7 +115,8 @@ class StockProperty : public AuditTest {
             case 1:
                 return build_shopping_list();
             case 2:
-                return book_list_into_stock();
+                book_list_into_stock();
+                return;
             case 3:
                 add_to_list(dice.item());
                 return;

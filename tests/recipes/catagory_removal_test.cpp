@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/catagories.h"
+#include "core/changes.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
 
@@ -131,6 +132,27 @@ TEST_F(CatagoryRemoval, PlannedRecipesAreToldBeforeItems) {
     add_live_item(1, slot);
     platform.boxes.expect_message(meals_are_planned);
     EXPECT_EQ(delete_catagory(slot), 0);
+}
+
+TEST_F(CatagoryRemoval, RecipesThatAreOthersBehindTheQuestionStay) {
+    const i16 slot = new_catagory("Soups", 32, 0);
+    add_meal(5, slot);
+    look_for_changes();
+    platform.boxes.expect_message(question_for_one, Answer::yes).during([slot] {
+        meals[5].in_use = 0;
+        look_for_changes();
+        add_meal(5, slot);  // another one
+        look_for_changes();
+    });
+    EXPECT_EQ(delete_catagory(slot), 0);
+    platform.boxes.expect_message(question_for_one, Answer::yes).during([slot] {
+        add_meal(6, slot);
+    });
+    EXPECT_EQ(delete_catagory(slot), 0);
+    EXPECT_EQ(meals[5].in_use, 1);
+    EXPECT_EQ(catagories[slot].in_use, 1);
+    EXPECT_EQ(platform.main.status[message_panel],
+              "The category has changed meanwhile; nothing was deleted.");
 }
 
 TEST_F(CatagoryRemoval, TheRecipesGoWithTheirCategory) {

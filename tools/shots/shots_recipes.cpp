@@ -14,6 +14,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "inventory/lots.h"
+#include "planning/planner_state.h"
 #include "platform/platform.h"
 #include "recipes/documents.h"
 #include "recipes/meals.h"
@@ -158,6 +159,12 @@ void take_recipe_screens(Main& window, const TakePicture& take) {
     mealbuilder()->set_meal(1);
     window.resize(900, 620);
     take(QStringLiteral("Mealbuilder_small"), window);
+    selected_day = 24;
+    selected_month = 11;
+    selected_year = 2026;
+    mealbuilder()->set_return(ports::Mealbuilder::returns_to_planner);
+    take(QStringLiteral("Mealbuilder_for_planner"), window);
+    mealbuilder()->set_return(ports::Mealbuilder::returns_nowhere);
     filled.parentWidget()->close();
     reset_project_tables();
     lots.clear();

@@ -47,20 +47,19 @@ std::string first_names(const std::vector<i16>& found) {
     return more == 0 ? names : names + " and " + std::to_string(more) + " more";
 }
 
+// What went wrong comes first: the end of a long line may be out of sight.
 std::string words_for(const Booking& booking) {
-    const std::size_t placed = booking.placed.size();
-    std::string words = placed == 0   ? std::string("Nothing was put in stock.")
-                        : placed == 1 ? "1 item was put in stock: "
-                                      : std::to_string(placed) + " items were put in stock: ";
-    if (placed != 0) words += first_names(booking.placed) + ".";
-    if (!booking.without_lot.empty()) {
-        words += " No empty lot, so off the list without a change of the stock: " +
-                 first_names(booking.without_lot) + ".";
-    }
+    std::string words;
     if (!booking.failed.empty()) {
-        words += " Failed and still on the list: " + first_names(booking.failed) + ".";
+        words += "Failed, still on the list: " + first_names(booking.failed) + ". ";
     }
-    return words;
+    if (!booking.without_lot.empty()) {
+        words += "No empty lot, off the list: " + first_names(booking.without_lot) + ". ";
+    }
+    const std::size_t placed = booking.placed.size();
+    if (placed == 0) return words + "Nothing was put in stock.";
+    return words + std::to_string(placed) + (placed == 1 ? " item was" : " items were") +
+           " put in stock: " + first_names(booking.placed) + ".";
 }
 
 void say_gone() {

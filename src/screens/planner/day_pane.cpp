@@ -129,13 +129,8 @@ void DayPane::set_up_list() {
     day_list_.verticalScrollBar()->setObjectName(QStringLiteral("FlatScrollBar1"));
     day_list_.setMinimumHeight(day_list_.fontMetrics().height() * 4);
     day_list_.setMinimumWidth(letters_wide(*this, 36));
-    QHeaderView& header = *day_list_.header();
-    header.setMinimumSectionSize(
-        day_list_.fontMetrics().horizontalAdvance(QStringLiteral("Quantity")) +
-        letters_wide(*this, 2));
-    header.setSectionResizeMode(name_column, QHeaderView::Stretch);
-    header.resizeSection(quantity_column, letters_wide(*this, 10));
-    header.resizeSection(unit_column, letters_wide(*this, 13));
+    day_list_.header()->setSectionResizeMode(name_column, QHeaderView::Stretch);
+    give_columns_room(day_list_, {{quantity_column, 10}, {unit_column, 13}});
     connect(&day_list_, &QTreeView::activated, this, [this](const QModelIndex& index) {
         Q_EMIT opened(index.data(RowsModel::key_role).toString().toStdString());
     });

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QTreeView>
+#include <algorithm>
 
 #include "screens/parts/list_parts.h"
 
@@ -29,6 +31,41 @@ class FirstRowMarker : public QObject {
     QTreeView& list_;
 };
 
+class ColumnRoom : public QObject {
+  public:
+    ColumnRoom(QTreeView& list, std::vector<std::pair<int, int>> letters)
+        : QObject(&list), list_(list), letters_(std::move(letters)) {
+        for (const auto& [column, count] : letters_) list.header()->resizeSection(column, 0);
+        give();
+        list.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) keep_titles_whole();
+        if (event->type() == QEvent::FontChange) give();
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    // The widths that are remembered may be of a time with smaller text.
+    void keep_titles_whole() {
+        const int title = list_.fontMetrics().horizontalAdvance(QStringLiteral("Quantity"));
+        list_.header()->setMinimumSectionSize(title + letters_wide(list_, 2));
+    }
+
+    void give() {
+        keep_titles_whole();
+        QHeaderView& header = *list_.header();
+        for (const auto& [column, count] : letters_) {
+            const int wide = std::max(header.sectionSize(column), letters_wide(list_, count));
+            header.resizeSection(column, wide);
+        }
+    }
+
+    QTreeView& list_;
+    std::vector<std::pair<int, int>> letters_;
+};
+
 }  // namespace
 
 void ask_for_menu(QWidget& part) {
@@ -38,6 +75,10 @@ void ask_for_menu(QWidget& part) {
 
 void open_menu_by_keys(QWidget& part) {
     on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] { ask_for_menu(part); });
+}
+
+void give_columns_room(QTreeView& list, const std::vector<std::pair<int, int>>& letters) {
+    new ColumnRoom(list, letters);
 }
 
 void mark_first_row_when_entered(QTreeView& list) {

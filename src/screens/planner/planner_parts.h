@@ -3,6 +3,8 @@
 
 #include <QObject>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 class QTreeView;
 class QWidget;
@@ -29,6 +31,10 @@ void ask_for_menu(QWidget& part);
 
 // Shift+F10 asks for the context menu; not every system does so by itself.
 void open_menu_by_keys(QWidget& part);
+
+// So many letters for each of these columns, also when the text of the list gets larger later on;
+// what is wider by then stays. No column can be made narrower than the title "Quantity".
+void give_columns_room(QTreeView& list, const std::vector<std::pair<int, int>>& letters);
 
 // A list that the keys come to has a row for them to work on.
 void mark_first_row_when_entered(QTreeView& list);

@@ -85,12 +85,9 @@ void RecommendationsPane::set_up_list() {
     list_.setMinimumHeight(list_.fontMetrics().height() * 4);
     list_.setMinimumWidth(letters_wide(*this, 30));
     QHeaderView& header = *list_.header();
-    header.setMinimumSectionSize(list_.fontMetrics().horizontalAdvance(QStringLiteral("Quantity")) +
-                                 letters_wide(*this, 2));
     header.setStretchLastSection(false);
     header.setSectionResizeMode(meal_column, QHeaderView::Stretch);
-    header.resizeSection(item_column, letters_wide(*this, 32));
-    header.resizeSection(quantity_column, letters_wide(*this, 12));
+    give_columns_room(list_, {{item_column, 32}, {quantity_column, 12}});
     open_menu_by_keys(list_);
     mark_first_row_when_entered(list_);
     ui_->Label4->installEventFilter(this);

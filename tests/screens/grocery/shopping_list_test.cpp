@@ -240,9 +240,10 @@ TEST_F(ShoppingListScreen, PuttingInStockTellsWhatFoundNoLotAndWhatFailed) {
     open_list();
     platform.boxes.expect_message("Tavernook error: rt6:6. Contact Brenwyk Software.");
     part<QAction>("list_toolbar_5").trigger();
-    EXPECT_EQ(status(),
-              "2 items were put in stock: Apples and Salt. No empty lot, so off the list without a "
-              "change of the stock: Milk. Failed and still on the list: Bread.");
+    EXPECT_EQ(
+        status(),
+        "Failed, still on the list: Bread. No empty lot, off the list: Milk. 2 items were put "
+        "in stock: Apples and Salt.");
     EXPECT_EQ(names(), Texts{"Bread"});
     EXPECT_EQ(lot_total(milk), 16);
     EXPECT_EQ(items[milk].on_shopping_list, 0);
@@ -255,8 +256,7 @@ TEST_F(ShoppingListScreen, PuttingInStockTellsWhenNothingWasPlaced) {
     open_list();
     part<QAction>("list_toolbar_5").trigger();
     EXPECT_EQ(status(),
-              "Nothing was put in stock. No empty lot, so off the list without a change of the "
-              "stock: Apples, Milk and Bread.");
+              "No empty lot, off the list: Apples, Milk and Bread. Nothing was put in stock.");
 }
 
 TEST_F(ShoppingListScreen, OfManyTheFirstNamesAreTold) {

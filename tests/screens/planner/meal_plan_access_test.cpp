@@ -172,6 +172,37 @@ TEST_F(PlannerAccess, SizesColumnsAndSplittersComeBack) {
     EXPECT_EQ(part<QTreeView>("lv2").header()->sectionSize(1), 111);
 }
 
+TEST_F(PlannerAccess, LargerTextLeavesTheTitlesOfTheColumnsWhole) {
+    open_planner();
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(large.pointSizeF() * 2);
+    const auto expect_whole = [this] {
+        for (const auto& [name, column] : {std::pair("lv2", 1), std::pair("recommendations", 2)}) {
+            const auto& list = part<QTreeView>(name);
+            EXPECT_GE(list.header()->sectionSize(column),
+                      list.header()->fontMetrics().horizontalAdvance("Quantity"))
+                << name;
+        }
+    };
+    const int unit = part<QTreeView>("lv2").header()->sectionSize(2);
+    screen->setFont(large);
+    for (const char* name : {"lv2", "recommendations"}) part(name).setFont(large);
+    expect_whole();
+    EXPECT_GT(part<QTreeView>("lv2").header()->sectionSize(2), unit * 3 / 2);
+    screen->parentWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    open_planner();
+    part<QTreeView>("lv2").header()->resizeSection(1, 40);  // and remembered so
+    screen->parentWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QApplication::setFont(large);
+    open_planner();
+    expect_whole();
+    screen->parentWidget()->close();
+    QApplication::setFont(before);
+}
+
 TEST_F(PlannerAccess, WhatHasNoRoomIsScrolledToAndTabBringsItInSight) {
     open_planner();
     auto* child = static_cast<QMdiSubWindow*>(planner().parentWidget());
