@@ -81,8 +81,6 @@ bool take_font_word(Draft& draft, const Token& token) {
         draft.fonts.set_character_set(token.parameter);
     } else if (token.text == "cpg") {
         draft.fonts.set_code_page(token.parameter);
-    } else if (token.text == "u") {
-        draft.add_unicode(token.parameter);
     } else {
         return false;
     }
@@ -224,10 +222,6 @@ bool take_text_word(Draft& draft, const Token& token) {
         {"bullet", u'\u2022'},  {"endash", u'\u2013'},    {"emdash", u'\u2014'},
         {"enspace", u'\u2002'}, {"emspace", u'\u2003'},   {"qmspace", u'\u2005'},
         {"zwj", u'\u200D'},     {"zwnj", u'\u200C'}};
-    if (token.text == "u") {
-        draft.add_unicode(token.parameter);
-        return true;
-    }
     const auto character = characters.find(token.text);
     if (character == characters.end()) return false;
     draft.add_character(character->second);
@@ -282,6 +276,8 @@ void take_word(Draft& draft, const Token& word, bool after_star) {
         draft.state.destination = Destination::skipped;
         return;
     }
+    // First, as whole texts are made of it.
+    if (word.text == "u") return draft.add_unicode(word.parameter);
     if (take_destination(draft, word.text) || take_document_word(draft, word)) return;
     take_word_of_group(draft, word);
 }
