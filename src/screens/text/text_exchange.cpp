@@ -60,12 +60,11 @@ bool is_no_text(const QMimeData& data) {
 }
 
 void make_room_in_paragraph(QTextCursor& caret, const rtf::Extent& text) {
-    const rtf::Extent here = rtf::extent_of(caret.block());
-    const bool is_light =
-        here.longest_paragraph + text.longest_paragraph <= rtf::longest_light_paragraph &&
-        here.most_runs_of_paragraph + text.most_runs_of_paragraph <=
-            rtf::most_runs_of_light_paragraph;
-    if (is_light) return;
+    rtf::Extent joined = rtf::extent_of(caret.block());
+    joined.longest_paragraph += text.longest_paragraph;
+    joined.longest_word += text.longest_word;
+    joined.most_runs_of_paragraph += text.most_runs_of_paragraph;
+    if (rtf::is_light(joined)) return;
     caret.removeSelectedText();
     caret.insertBlock();
     caret.insertBlock();

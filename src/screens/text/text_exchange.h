@@ -20,7 +20,7 @@ bool is_no_text(const QMimeData& data);
 void insert_document(QTextCursor cursor, const QTextDocument& document);
 
 // Parts the caret's paragraph, and lets the caret stand alone between the parts, where the
-// paragraph would become too long, or have too many looks, with such a text in it.
+// paragraph would not be laid out without a wait with such a text in it.
 void make_room_in_paragraph(QTextCursor& caret, const rtf::Extent& text);
 
 // The names under which rich text is exchanged.

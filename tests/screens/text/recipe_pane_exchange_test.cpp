@@ -388,6 +388,16 @@ TEST_F(RecipePaneExchange, APasteMakesNoParagraphTooLong) {
     EXPECT_EQ(text().document()->blockCount(), 1);
 }
 
+TEST_F(RecipePaneExchange, APasteMakesNoWordTooLong) {
+    auto* data = new QMimeData;
+    data->setText(QString(1'500, u'x'));
+    paste(data);
+    press("Ctrl+V");
+    EXPECT_EQ(text().toPlainText(), QString(1'500, u'x') + u'\n' + QString(1'500, u'x') + u'\n');
+    const std::string bytes = pane.rich_text();
+    EXPECT_TRUE(pane.load(bytes));
+}
+
 TEST_F(RecipePaneExchange, APictureIsPasted) {
     auto* data = new QMimeData;
     data->setImageData(plain_picture(4, 2));
