@@ -20,6 +20,7 @@ void Draft::take_text(std::string_view text) {
             bytes_ += text;
             return;
         case Destination::list_form:
+        case Destination::list_table:
         case Destination::skipped:
             return;
     }
@@ -61,7 +62,7 @@ void Draft::add_text(QString text) {
     if (state.destination == Destination::fonts) return fonts.add_to_name(text);
     if (text.isEmpty() || state.look.hidden) return;
     if (state.destination == Destination::list_marker) {
-        paragraphs.add_to_marker(text.left(32));
+        paragraphs.add_to_marker(text);
     } else if (state.destination == Destination::body) {
         paragraphs.add_run({state.look, std::move(text), -1}, state.paragraph);
     }
@@ -73,7 +74,10 @@ void Draft::leave_group(const GroupState& outer) {
     if (ended == Destination::fonts) fonts.finish_font();
     if (ended == outer.destination) return;
     if (ended == Destination::picture) add_picture();
-    if (ended == Destination::list_form) state.paragraph.list = list_form;
+    if (ended == Destination::list_form) {
+        state.paragraph.list = list_form;
+        state.paragraph.list_start = list_form_start;
+    }
 }
 
 void Draft::add_picture() {
@@ -89,7 +93,9 @@ void Draft::add_picture() {
 }
 
 Content Draft::finished() {
-    return {fonts.taken(), colours.taken(), paragraphs.finished(), std::exchange(pictures_, {})};
+    std::vector<Paragraph> finished = paragraphs.finished();
+    settle_lists(finished, std::exchange(lists, {}));
+    return {fonts.taken(), colours.taken(), std::move(finished), std::exchange(pictures_, {})};
 }
 
 }  // namespace tavernook::rtf

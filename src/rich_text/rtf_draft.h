@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "rich_text/rtf_lists.h"
 #include "rich_text/rtf_model.h"
 #include "rich_text/rtf_paragraphs.h"
 #include "rich_text/rtf_tables.h"
@@ -13,7 +14,16 @@
 namespace tavernook::rtf {
 
 // What becomes of the text in a group.
-enum class Destination { body, fonts, colours, picture, list_marker, list_form, skipped };
+enum class Destination {
+    body,
+    fonts,
+    colours,
+    picture,
+    list_marker,
+    list_form,
+    list_table,
+    skipped
+};
 
 // What a group inherits and gives back at its end.
 struct GroupState {
@@ -31,12 +41,14 @@ class Draft {
     GroupState state;
     FontTable fonts;
     ColourTable colours;
+    ListTable lists;
     PictureGroup picture;
     ParagraphBuilder paragraphs;
     // The font that `\plain` goes back to.
     int default_font = 0;
     // What the last `\pn` group says.
     ListKind list_form = ListKind::none;
+    int list_form_start = 1;
     // Plain characters to pass over: they stand behind a Unicode one for readers without Unicode.
     int skip_left = 0;
 

@@ -50,8 +50,14 @@ struct ParagraphLook {
     int first_line = 0;
     int before = 0;
     int after = 0;
+    // How many tables it stands in, one inside the other.
+    int table_depth = 0;
     // From 0; -1 where the text does not say.
     int list_level = -1;
+    // In the text's tables of lists; 0 for none.
+    int list_number = 0;
+    // Of the first entry, where the text shows no number.
+    int list_start = 1;
     ListKind list = ListKind::none;
 };
 
@@ -71,6 +77,10 @@ struct Run {
 struct Paragraph {
     ParagraphLook look;
     std::vector<Run> runs;
+    // In front of a list's entry, as the text shows it.
+    QString marker;
+    // Entries of the same one are a list; -1 for other paragraphs.
+    int list_index = -1;
 };
 
 struct Font {
@@ -81,7 +91,7 @@ struct Font {
 
 struct Content {
     std::map<int, Font> fonts;
-    // Empty: the reader's own colour.
+    // Empty: the reader's own colour. So is the first one, whatever stands there.
     std::vector<std::optional<QColor>> colours;
     std::vector<Paragraph> paragraphs;
     std::vector<Picture> pictures;

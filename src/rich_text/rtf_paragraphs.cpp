@@ -4,21 +4,9 @@
 #include <utility>
 
 #include "basics/fault.h"
+#include "rich_text/rtf_bounds.h"
 
 namespace tavernook::rtf {
-
-namespace {
-
-constexpr std::size_t most_paragraphs = 200'000;
-constexpr std::size_t most_runs = 500'000;
-
-bool is_roman(const QString& number) {
-    return std::all_of(number.begin(), number.end(), [](QChar letter) {
-        return QStringLiteral("ivxlcdm").contains(letter.toLower());
-    });
-}
-
-}  // namespace
 
 Paragraph& ParagraphBuilder::current() {
     if (!open_) {
@@ -30,6 +18,9 @@ Paragraph& ParagraphBuilder::current() {
 }
 
 void ParagraphBuilder::add_run(Run run, const ParagraphLook& look) {
+    if (look.table_depth > std::max(table_depth_, 1)) begin_inner_table();
+    table_depth_ = look.table_depth;
+    after_inner_table_ = false;
     Paragraph& paragraph = current();
     last_look_ = look;
     if (cells_ended_ > 0) {
@@ -49,48 +40,35 @@ void ParagraphBuilder::add_run(Run run, const ParagraphLook& look) {
 void ParagraphBuilder::end_paragraph(const ParagraphLook& look) {
     Paragraph& paragraph = current();
     paragraph.look = look;
-    const QString marker = std::exchange(marker_, {}).trimmed();
-    // The list's form says no more than "bullet"; the bullet itself says which.
-    const bool marker_decides =
-        paragraph.look.list == ListKind::none || paragraph.look.list == ListKind::disc;
-    if (marker_decides && !marker.isEmpty()) paragraph.look.list = list_kind_of_marker(marker);
+    paragraph.marker = std::exchange(marker_, {}).trimmed();
     open_ = false;
 }
 
-void ParagraphBuilder::end_cell() {
+// On a line of its own.
+void ParagraphBuilder::begin_inner_table() {
+    cells_ended_ = 0;
+    in_row_ = false;
+    if (open_) end_paragraph(last_look_);
+}
+
+void ParagraphBuilder::end_cell(bool of_inner_table) {
+    // The cell that held an inner table ends with it.
+    if (after_inner_table_ && !of_inner_table) return;
     in_row_ = true;
     cells_ended_ = std::min(cells_ended_ + 1, 1000);
 }
 
-void ParagraphBuilder::end_row(const ParagraphLook& look) {
+void ParagraphBuilder::end_row(const ParagraphLook& look, bool of_inner_table) {
     cells_ended_ = 0;
     if (in_row_ || open_) end_paragraph(look);
     in_row_ = false;
+    after_inner_table_ = of_inner_table;
 }
 
 std::vector<Paragraph> ParagraphBuilder::finished() {
     if (open_) end_paragraph(last_look_);
     if (paragraphs_.empty()) paragraphs_.emplace_back();
     return std::exchange(paragraphs_, {});
-}
-
-ListKind list_kind_of_marker(const QString& marker) {
-    QString number;
-    for (const QChar character : marker) {
-        if (character.isLetterOrNumber()) number += character;
-    }
-    if (number.isEmpty()) {
-        if (marker == QChar(u'\u25CB') || marker == QChar(u'\u25E6')) return ListKind::circle;
-        const bool square = marker == QChar(u'\u25AA') || marker == QChar(u'\u25A0');
-        return square ? ListKind::square : ListKind::disc;
-    }
-    if (number.front().isDigit()) return ListKind::decimal;
-    if (marker == QStringLiteral("o")) return ListKind::circle;
-    const bool upper = number.front().isUpper();
-    const bool counts_as_roman =
-        is_roman(number) && (number.size() > 1 || number.toLower() == u'i');
-    if (counts_as_roman) return upper ? ListKind::upper_roman : ListKind::lower_roman;
-    return upper ? ListKind::upper_letter : ListKind::lower_letter;
 }
 
 }  // namespace tavernook::rtf

@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QtEndian>
+#include <algorithm>
 #include <cstdint>
 
 namespace tavernook::rtf {
@@ -24,13 +25,39 @@ std::uint32_t u32_at(const QByteArray& bytes, qsizetype position) {
     return qFromLittleEndian<std::uint32_t>(bytes.constData() + position);
 }
 
+long long dots_of(const QSize& size) {
+    return static_cast<long long>(size.width()) * size.height();
+}
+
+bool is_jpeg(const QByteArray& bytes) {
+    return bytes.startsWith("\xFF\xD8");
+}
+
+// Null where the bytes begin as none of them.
+const char* raster_format(const QByteArray& bytes) {
+    if (bytes.startsWith("\x89PNG")) return "png";
+    if (is_jpeg(bytes)) return "jpeg";
+    if (bytes.startsWith("GIF8")) return "gif";
+    return bytes.startsWith("BM") ? "bmp" : nullptr;
+}
+
+bool is_beyond_kept(const QSize& size) {
+    return std::max(size.width(), size.height()) > longest_kept_side;
+}
+
+QSize kept_size(const QSize& size) {
+    return size.scaled(longest_kept_side, longest_kept_side, Qt::KeepAspectRatio)
+        .expandedTo({1, 1});
+}
+
 QImage read_image(QByteArray bytes, const char* format) {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
     if (!size.isValid() || size.isEmpty()) return {};
-    if (static_cast<long long>(size.width()) * size.height() > largest_picture) return {};
+    if (dots_of(size) > largest_picture) return {};
     return reader.read();
 }
 
@@ -91,11 +118,36 @@ QImage read_metafile(const QByteArray& bytes) {
 
 QImage read_compressed(const QByteArray& bytes) {
     if (bytes.startsWith("\x89PNG")) return read_image(bytes, "png");
-    if (bytes.startsWith("\xFF\xD8")) return read_image(bytes, "jpeg");
+    if (is_jpeg(bytes)) return read_image(bytes, "jpeg");
     return {};
 }
 
 }  // namespace
+
+QImage kept_picture(const QImage& picture) {
+    if (!is_beyond_kept(picture.size())) return picture;
+    return picture.scaled(kept_size(picture.size()), Qt::IgnoreAspectRatio,
+                          Qt::SmoothTransformation);
+}
+
+RasterPicture raster_picture(const QByteArray& bytes) {
+    const char* format = raster_format(bytes);
+    if (format == nullptr) return {};
+    if (bytes.size() > largest_picture_bytes) return {.image = {}, .is_too_large = true};
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (dots_of(size) > (is_jpeg(bytes) ? largest_photograph : largest_picture)) {
+        return {.image = {}, .is_too_large = true};
+    }
+    // A photograph is never there in all its pixels.
+    if (is_jpeg(bytes) && is_beyond_kept(size)) reader.setScaledSize(kept_size(size));
+    return {.image = kept_picture(reader.read())};
+}
 
 QImage decoded_picture(PictureKind kind, const QByteArray& bytes) {
     switch (kind) {

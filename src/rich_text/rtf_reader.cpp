@@ -10,22 +10,23 @@
 #include <algorithm>
 
 #include "basics/fault.h"
+#include "rich_text/rtf_bounds.h"
+#include "rich_text/rtf_lists.h"
 #include "rich_text/rtf_parser.h"
 
 namespace tavernook::rtf {
 
 namespace {
 
-constexpr std::size_t largest_input = 128u << 20;
 constexpr int twips_in_pixel = 15;
-constexpr int twips_in_list_level = 720;
 
 double pixels(int twips) {
     return static_cast<double>(twips) / twips_in_pixel;
 }
 
+// Number 0 is the reader's own, or none, also where the table gives it a colour.
 std::optional<QColor> colour(const Content& content, int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= content.colours.size()) return {};
+    if (index <= 0 || static_cast<std::size_t>(index) >= content.colours.size()) return {};
     return content.colours[static_cast<std::size_t>(index)];
 }
 
@@ -102,11 +103,6 @@ QTextListFormat::Style list_style(ListKind kind) {
     return QTextListFormat::ListDisc;
 }
 
-int list_indent(const ParagraphLook& look) {
-    if (look.list_level >= 0) return look.list_level + 1;
-    return std::clamp(look.left / twips_in_list_level, 1, 9);
-}
-
 class Filler {
   public:
     Filler(QTextDocument& document, const Content& content)
@@ -124,7 +120,7 @@ class Filler {
             } else {
                 cursor_.insertBlock(format, ink);
             }
-            place_in_list(paragraph.look);
+            place_in_list(paragraph);
             for (const Run& piece : paragraph.runs) insert(piece);
         }
         cursor_.endEditBlock();
@@ -144,25 +140,13 @@ class Filler {
         return format_;
     }
 
-    // Neighbours of one kind are one list, also around the entries of a deeper one.
-    void place_in_list(const ParagraphLook& look) {
-        if (look.list == ListKind::none) {
-            lists_.clear();
-            return;
-        }
-        const int indent = list_indent(look);
-        const QTextListFormat::Style style = list_style(look.list);
-        while (!lists_.empty() && lists_.back()->format().indent() > indent) lists_.pop_back();
-        if (!lists_.empty() && lists_.back()->format().indent() == indent) {
-            if (lists_.back()->format().style() == style) {
-                lists_.back()->add(cursor_.block());
-                return;
-            }
-            lists_.pop_back();
-        }
+    void place_in_list(const Paragraph& paragraph) {
+        if (paragraph.list_index < 0) return;
+        const auto index = static_cast<std::size_t>(paragraph.list_index);
+        if (index < lists_.size()) return lists_[index]->add(cursor_.block());
         QTextListFormat list;
-        list.setStyle(style);
-        list.setIndent(indent);
+        list.setStyle(list_style(paragraph.look.list));
+        list.setIndent(list_indent(paragraph.look));
         lists_.push_back(cursor_.createList(list));
     }
 
@@ -183,7 +167,7 @@ class Filler {
     QTextDocument& document_;
     const Content& content_;
     QTextCursor cursor_;
-    std::vector<QTextList*> lists_;
+    std::vector<QTextList*> lists_;  // as the paragraphs number them
     CharacterLook look_;
     QTextCharFormat format_;
     bool have_format_ = false;

@@ -1,5 +1,5 @@
-// Reads rich text into a document. Bounds: 128 MB of input, groups 200 deep, 200,000 paragraphs,
-// 500,000 runs; a picture of more than 30 million pixels is left out, and all after 100 million.
+// Reads rich text into a document. Bounds: those of rtf_bounds.h, and groups 200 deep; a picture of
+// more than 30 million pixels is left out, and all after 100 million.
 #pragma once
 
 #include <QTextDocument>

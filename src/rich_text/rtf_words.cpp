@@ -9,16 +9,17 @@ namespace tavernook::rtf {
 namespace {
 
 const std::set<std::string_view> left_out = {
-    "stylesheet", "info",     "header",    "headerl",   "headerr",   "headerf",      "footer",
-    "footerl",    "footerr",  "footerf",   "footnote",  "fldinst",   "nonshppict",   "listtable",
-    "revtbl",     "xe",       "tc",        "rxe",       "txe",       "nonesttables", "sp",
-    "sn",         "sv",       "shprslt",   "objdata",   "objclass",  "objname",      "filetbl",
-    "pntxta",     "pntxtb",   "atnid",     "atnauthor", "comment",   "annotation",   "ftnsep",
-    "ftnsepc",    "aftnsep",  "aftnsepc",  "mmathPr",   "bkmkstart", "bkmkend",      "generator",
-    "template",   "listname", "leveltext", "title",     "author",    "rsidtbl",      "themedata"};
+    "stylesheet", "info",      "header",    "headerl",   "headerr",      "headerf",    "footer",
+    "footerl",    "footerr",   "footerf",   "footnote",  "fldinst",      "nonshppict", "revtbl",
+    "xe",         "tc",        "rxe",       "txe",       "nonesttables", "sp",         "sn",
+    "sv",         "shprslt",   "objdata",   "objclass",  "objname",      "filetbl",    "pntxta",
+    "pntxtb",     "atnid",     "atnauthor", "comment",   "annotation",   "ftnsep",     "ftnsepc",
+    "aftnsep",    "aftnsepc",  "mmathPr",   "bkmkstart", "bkmkend",      "generator",  "template",
+    "listname",   "leveltext", "title",     "author",    "rsidtbl",      "themedata"};
 
 // Groups that are read although they are marked as ones to skip.
-const std::set<std::string_view> read_after_star = {"shppict", "shpinst", "pn"};
+const std::set<std::string_view> read_after_star = {
+    "shppict", "shpinst", "pn", "listtable", "listoverridetable", "nesttableprops"};
 
 bool is_on(const Token& token) {
     return !token.has_parameter || token.parameter != 0;
@@ -41,6 +42,9 @@ bool take_destination(Draft& draft, std::string_view word) {
     } else if (word == "pn") {
         draft.state.destination = Destination::list_form;
         draft.list_form = ListKind::disc;
+        draft.list_form_start = 1;
+    } else if (word == "listtable" || word == "listoverridetable") {
+        draft.state.destination = Destination::list_table;
     } else if (word == "pict") {
         draft.state.destination = Destination::picture;
         draft.picture = {};
@@ -77,8 +81,6 @@ bool take_font_word(Draft& draft, const Token& token) {
         draft.fonts.set_character_set(token.parameter);
     } else if (token.text == "cpg") {
         draft.fonts.set_code_page(token.parameter);
-    } else if (token.text == "u") {
-        draft.add_unicode(token.parameter);
     } else {
         return false;
     }
@@ -117,6 +119,10 @@ bool take_picture_word(Draft& draft, const Token& token) {
 }
 
 bool take_list_word(Draft& draft, const Token& token) {
+    if (token.text == "pnstart") {
+        draft.list_form_start = token.parameter;
+        return true;
+    }
     static const std::map<std::string_view, ListKind> kinds = {
         {"pnlvlblt", ListKind::disc},        {"pndec", ListKind::decimal},
         {"pnlvlbody", ListKind::decimal},    {"pnlcltr", ListKind::lower_letter},
@@ -195,6 +201,12 @@ bool take_paragraph_word(Draft& draft, const Token& token) {
         look = {};
     } else if (token.text == "ilvl") {
         look.list_level = std::clamp(token.parameter, 0, 8);
+    } else if (token.text == "ls") {
+        look.list_number = std::max(token.parameter, 0);
+    } else if (token.text == "intbl") {
+        look.table_depth = std::max(look.table_depth, 1);
+    } else if (token.text == "itap") {
+        look.table_depth = std::clamp(token.parameter, 0, 100);
     } else if (token.text == "rtlpar" || token.text == "ltrpar") {
         look.right_to_left = token.text == "rtlpar";
     } else {
@@ -210,10 +222,6 @@ bool take_text_word(Draft& draft, const Token& token) {
         {"bullet", u'\u2022'},  {"endash", u'\u2013'},    {"emdash", u'\u2014'},
         {"enspace", u'\u2002'}, {"emspace", u'\u2003'},   {"qmspace", u'\u2005'},
         {"zwj", u'\u200D'},     {"zwnj", u'\u200C'}};
-    if (token.text == "u") {
-        draft.add_unicode(token.parameter);
-        return true;
-    }
     const auto character = characters.find(token.text);
     if (character == characters.end()) return false;
     draft.add_character(character->second);
@@ -225,9 +233,9 @@ bool take_structure_word(Draft& draft, std::string_view word) {
     if (word == "par" || word == "sect") {
         draft.paragraphs.end_paragraph(draft.state.paragraph);
     } else if (word == "cell" || word == "nestcell") {
-        draft.paragraphs.end_cell();
+        draft.paragraphs.end_cell(word == "nestcell");
     } else if (word == "row" || word == "nestrow") {
-        draft.paragraphs.end_row(draft.state.paragraph);
+        draft.paragraphs.end_row(draft.state.paragraph, word == "nestrow");
     } else {
         return false;
     }
@@ -249,6 +257,9 @@ void take_word_of_group(Draft& draft, const Token& token) {
         case Destination::list_form:
             take_list_word(draft, token);
             return;
+        case Destination::list_table:
+            draft.lists.take(token.text, token.parameter);
+            return;
         default:
             take_character_word(draft, token) || take_toggle(draft, token) ||
                 take_paragraph_word(draft, token) || take_text_word(draft, token) ||
@@ -265,6 +276,8 @@ void take_word(Draft& draft, const Token& word, bool after_star) {
         draft.state.destination = Destination::skipped;
         return;
     }
+    // First, as whole texts are made of it.
+    if (word.text == "u") return draft.add_unicode(word.parameter);
     if (take_destination(draft, word.text) || take_document_word(draft, word)) return;
     take_word_of_group(draft, word);
 }

@@ -9,9 +9,12 @@
 #include <QUrl>
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <vector>
 
 #include "basics/code_page.h"
+#include "rich_text/rtf_lists.h"
+#include "rich_text/rtf_pictures.h"
 
 namespace tavernook::rtf {
 
@@ -21,6 +24,9 @@ constexpr int twips_in_pixel = 15;
 constexpr double most_pixels = 2000;  // twips have 16 bits
 constexpr int twips_in_list_level = 720;
 constexpr int twips_in_list_marker = 360;
+constexpr int deepest_level = 9;
+// A photograph is hardly larger so, and written in a third of the time.
+constexpr int quick_png = 85;
 
 int twips(double pixels) {
     return static_cast<int>(
@@ -82,7 +88,9 @@ QImage image_of(const QTextDocument& document, const QString& name) {
         const QImage image = resource.value<QImage>();
         if (!image.isNull()) return image;
     }
-    if (resource.typeId() == QMetaType::QByteArray) return QImage::fromData(resource.toByteArray());
+    if (resource.typeId() == QMetaType::QByteArray) {
+        return raster_picture(resource.toByteArray()).image;
+    }
     return {};
 }
 
@@ -108,6 +116,11 @@ class Writer {
     }
 
   private:
+    struct NumberedList {
+        int number = 0;  // from 1, as the paragraphs name it
+        int entries = 0;
+    };
+
     QString default_family() const { return document_.defaultFont().family(); }
 
     std::string header() const {
@@ -122,6 +135,16 @@ class Writer {
         for (const QRgb colour : colours_) {
             out += word("red", qRed(colour)) + word("green", qGreen(colour)) +
                    word("blue", qBlue(colour)) + ";";
+        }
+        return out + "}\r\n" + list_tables();
+    }
+
+    std::string list_tables() const {
+        if (numbered_.empty()) return {};
+        std::string out = "{\\*\\listtable\r\n" + list_table_ + "}\r\n{\\*\\listoverridetable\r\n";
+        for (int number = 1; number <= static_cast<int>(numbered_.size()); ++number) {
+            out += "{\\listoverride" + word("listid", number) + "\\listoverridecount0" +
+                   word("ls", number) + "}\r\n";
         }
         return out + "}\r\n";
     }
@@ -201,52 +224,89 @@ class Writer {
     void write_indent(const QTextBlock& block, const QTextBlockFormat& format) {
         const int left = twips(format.leftMargin() + format.indent() * document_.indentWidth());
         const QTextList* list = block.textList();
-        if (list != nullptr) return write_list_entry(block, *list, left);
+        if (list != nullptr) return write_list_entry(*list, left);
         if (left != 0) body_ += word("li", left);
         if (const int first = twips(format.textIndent())) body_ += word("fi", first);
     }
 
-    void write_list_entry(const QTextBlock& block, const QTextList& list, int left) {
-        const int level = std::clamp(list.format().indent(), 1, 9);
+    void write_list_entry(const QTextList& list, int left) {
+        const int level = std::clamp(list.format().indent(), 1, deepest_level);
         body_ += word("fi", -twips_in_list_marker) + word("li", left + level * twips_in_list_level);
-        const std::string marker = escaped(marker_text(block, list));
+        const ListKind kind = kind_of(list.format().style());
+        if (is_numbered(kind)) return write_number(list, kind, level);
+        const std::string marker = escaped(QString(bullet(kind)));
         // A marker before its form, so that readers of either find one.
-        body_ += "{\\pntext" + word("f", 0) + " " + marker + "\\tab}{\\*\\pn";
-        body_ += form_words(list.format().style(), marker) + "}";
+        body_ += "{\\pntext" + word("f", 0) + " " + marker + "\\tab}{\\*\\pn\\pnlvlblt";
+        body_ += word("pnf", 0) + word("pnindent", twips_in_list_marker);
+        body_ += "{\\pntxtb " + marker + "}}";
     }
 
-    static QString marker_text(const QTextBlock& block, const QTextList& list) {
-        switch (list.format().style()) {
-            case QTextListFormat::ListDisc:
-                return QString(QChar(u'\u2022'));
-            case QTextListFormat::ListCircle:
-                return QString(QChar(u'\u25CB'));
-            case QTextListFormat::ListSquare:
-                return QString(QChar(u'\u25AA'));
+    // Lists of the table go on counting behind other paragraphs.
+    void write_number(const QTextList& list, ListKind kind, int level) {
+        NumberedList& known = numbered_[&list];
+        if (known.number == 0) {
+            known.number = static_cast<int>(numbered_.size());
+            list_table_ += list_form(known.number, kind, level);
+        }
+        const QString marker = number_text(kind, ++known.entries) + u'.';
+        body_ += word("ls", known.number) + word("ilvl", level - 1);
+        body_ += "{\\listtext" + word("f", 0) + " " + escaped(marker) + "\\tab}";
+    }
+
+    // One level, or all nine, as word processors want it.
+    static std::string list_form(int number, ListKind kind, int level) {
+        const int levels = level == 1 ? 1 : deepest_level;
+        std::string out = "{\\list" + word("listtemplateid", number);
+        if (levels == 1) out += "\\listsimple1";
+        for (int i = 0; i < levels; ++i) {
+            out += "{\\listlevel" + word("levelnfc", number_form(kind)) +
+                   "\\leveljc0\\levelfollow0\\levelstartat1{\\leveltext\\'02\\'";
+            append_byte(out, static_cast<unsigned char>(i));
+            out += ".;}{\\levelnumbers\\'01;}" + word("fi", -twips_in_list_marker) +
+                   word("li", (i + 1) * twips_in_list_level) + "}";
+        }
+        return out + word("listid", number) + "}\r\n";
+    }
+
+    static int number_form(ListKind kind) {
+        switch (kind) {
+            case ListKind::upper_roman:
+                return 1;
+            case ListKind::lower_roman:
+                return 2;
+            case ListKind::upper_letter:
+                return 3;
+            case ListKind::lower_letter:
+                return 4;
             default:
-                return list.itemText(block);
+                return 0;
         }
     }
 
-    static std::string form_words(QTextListFormat::Style style, const std::string& marker) {
-        const std::string indent = word("pnindent", twips_in_list_marker);
-        const auto numbered = [&](const char* kind) {
-            return std::string("\\pnlvlbody") + kind + "\\pnstart1" + indent + "{\\pntxta .}";
-        };
+    static ListKind kind_of(QTextListFormat::Style style) {
         switch (style) {
             case QTextListFormat::ListDecimal:
-                return numbered("\\pndec");
+                return ListKind::decimal;
             case QTextListFormat::ListLowerAlpha:
-                return numbered("\\pnlcltr");
+                return ListKind::lower_letter;
             case QTextListFormat::ListUpperAlpha:
-                return numbered("\\pnucltr");
+                return ListKind::upper_letter;
             case QTextListFormat::ListLowerRoman:
-                return numbered("\\pnlcrm");
+                return ListKind::lower_roman;
             case QTextListFormat::ListUpperRoman:
-                return numbered("\\pnucrm");
+                return ListKind::upper_roman;
+            case QTextListFormat::ListCircle:
+                return ListKind::circle;
+            case QTextListFormat::ListSquare:
+                return ListKind::square;
             default:
-                return "\\pnlvlblt" + word("pnf", 0) + indent + "{\\pntxtb " + marker + "}";
+                return ListKind::disc;
         }
+    }
+
+    static QChar bullet(ListKind kind) {
+        if (kind == ListKind::circle) return u'\u25CB';
+        return kind == ListKind::square ? u'\u25AA' : u'\u2022';
     }
 
     void write_fragment(const QTextFragment& fragment) {
@@ -271,7 +331,7 @@ class Writer {
         QByteArray png;
         QBuffer buffer(&png);
         buffer.open(QIODevice::WriteOnly);
-        if (image.isNull() || !image.save(&buffer, "PNG")) return;
+        if (image.isNull() || !image.save(&buffer, "PNG", quick_png)) return;
         double width = format.width();
         double height = format.height();
         const double ratio = static_cast<double>(image.height()) / image.width();
@@ -291,6 +351,8 @@ class Writer {
     const QTextDocument& document_;
     std::vector<QString> fonts_;
     std::vector<QRgb> colours_;
+    std::map<const QTextList*, NumberedList> numbered_;
+    std::string list_table_;
     std::string body_;
 };
 

@@ -64,7 +64,7 @@ DocumentPane::~DocumentPane() = default;
 
 void DocumentPane::hold(Holds what) {
     holds_ = what;
-    if (holds_text()) owner_ = name_of(recipe_);
+    if (holds_text() || holds_ == Holds::bare_words) owner_ = name_of(recipe_);
     update_notice();
 }
 
@@ -103,10 +103,10 @@ void DocumentPane::lock() {
 }
 
 void DocumentPane::update_notice() {
-    const bool is_unread = holds_ == Holds::unread;
+    const bool has_notice = holds_ == Holds::unread || holds_ == Holds::bare_words;
     pane_->set_editable(holds_text());
-    ui_->document_notice->setVisible(is_unread);
-    if (!is_unread) return;
+    ui_->document_notice->setVisible(has_notice);
+    if (!has_notice) return;
     ui_->notice_text->setText(notice());
     ui_->write_anew_button->setVisible(can_begin_anew());
 }
@@ -117,6 +117,12 @@ QString DocumentPane::notice() const {
     }
     if (!has_name(recipe_.now())) {
         return tr("A recipe without a name has no text. Give it a name (F2), then press F5.");
+    }
+    if (holds_ == Holds::bare_words) {
+        return tr("The text of \"%1\" is too long, or changes its look too often, to be changed "
+                  "here. Below stand its words, or the first of them, to be read and copied. "
+                  "Nothing is changed in its file.")
+            .arg(name_of(recipe_));
     }
     const QString text = tr("The text of \"%1\" could not be read. Nothing is changed in its file.")
                              .arg(name_of(recipe_));
@@ -141,13 +147,15 @@ void DocumentPane::take(i16 slot) {
         clear();
         return hold(Holds::loaded);
     }
+    bool has_looks = false;
     {
         const QSignalBlocker silence(pane_);
-        pane_->load(stored.bytes);
+        has_looks = pane_->load(stored.bytes);
         pane_->set_unchanged();
     }
-    hold(Holds::loaded);
-    if (stored.kind == DocumentKind::old_form) store_document(slot, pane_->rich_text());
+    hold(has_looks ? Holds::loaded : Holds::bare_words);
+    if (has_looks && stored.kind == DocumentKind::old_form)
+        store_document(slot, pane_->rich_text());
 }
 
 bool DocumentPane::save(i16 slot) {
@@ -164,10 +172,15 @@ bool DocumentPane::save(i16 slot) {
 }
 
 bool DocumentPane::save_backup(i16 slot) {
-    return guarded([&] { store_document_backup(slot, pane_->rich_text()); },
-                   [&](const Fault& fault) {
-                       return failure("Save Error: ", fault, document_backup_path(slot));
-                   });
+    const bool is_whole = holds_ != Holds::bare_words;
+    return guarded(
+        [&] {
+            store_document_backup(slot,
+                                  is_whole ? pane_->rich_text() : stored_document(slot).bytes);
+        },
+        [&](const Fault& fault) {
+            return failure("Save Error: ", fault, document_backup_path(slot));
+        });
 }
 
 bool DocumentPane::keep_deleted(i16 slot) {

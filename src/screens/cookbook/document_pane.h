@@ -1,6 +1,6 @@
 // The text of the recipe on show, and the line above it that says why there is none. The pane knows
-// whose text it holds: what could not be read is never saved over, and a text that stands there
-// still from another recipe cannot be changed.
+// whose text it holds: what could not be read, or only shown without its looks, is never saved
+// over, and a text that stands there still from another recipe cannot be changed.
 #pragma once
 
 #include <QStringList>
@@ -29,9 +29,9 @@ class DocumentPane : public QWidget {
     // Whose text belongs here from now on. What the pane holds stays.
     void set_recipe(const RowRef& recipe) { recipe_ = recipe; }
 
-    // The four things the pane can hold. Nothing, for no recipe; an empty text that its recipe does
-    // not have on the disk yet; nothing of the recipe, and what stood there before still stands;
-    // and, by `load`, the recipe's text.
+    // The things the pane can hold. Nothing, for no recipe; an empty text that its recipe does not
+    // have on the disk yet; nothing of the recipe, and what stood there before still stands; and,
+    // by `load`, the recipe's text, or its bare words where the text is too much to be shown.
     void hold_nothing();
     void hold_fresh();
     void hold_unread();
@@ -41,13 +41,13 @@ class DocumentPane : public QWidget {
     bool has_unsaved_text() const;
 
     // Each false after a failure, which one box has told. A text that cannot be loaded leaves the
-    // pane as it was.
+    // pane as it was; one that could not be read again is not saved.
     bool load(i16 slot);
     bool save(i16 slot);
     bool save_backup(i16 slot);
 
-    // Of a recipe that has just been deleted, into its backup file. A text that could not be read
-    // is kept as its file has it.
+    // Of a recipe that has just been deleted, into its backup file. A text that could not be read,
+    // or not shown with its looks, is kept as its file has it.
     bool keep_deleted(i16 slot);
 
     // Nothing can be typed until `update_notice`.
@@ -73,7 +73,7 @@ class DocumentPane : public QWidget {
     void new_text_wanted();
 
   private:
-    enum class Holds { none, loaded, fresh, unread };
+    enum class Holds { none, loaded, fresh, unread, bare_words };
 
     void hold(Holds what);
     void take(i16 slot);

@@ -23,10 +23,10 @@ QImage picture_of(const QTextDocument& document, const QTextImageFormat& format)
 }
 
 // A length that the format does not tell follows the other one.
-QSizeF told_size(const QTextDocument& document, const QTextImageFormat& format) {
+QSizeF given_size(const QTextDocument& document, const QTextImageFormat& format) {
     QSizeF size(format.width(), format.height());
     if (size.width() > 0 && size.height() > 0) return size;
-    const QSizeF dots(picture_of(document, format).size());
+    const QSizeF dots(picture_dots(document, format));
     if (dots.isEmpty()) return {smallest_room, smallest_room};
     if (size.width() > 0) return dots * (size.width() / dots.width());
     if (size.height() > 0) return dots * (size.height() / dots.height());
@@ -78,11 +78,25 @@ void for_each_picture(QTextDocument& document,
     }
 }
 
+QSize picture_dots(const QTextDocument& document, const QTextImageFormat& format) {
+    return picture_of(document, format).size();
+}
+
+double FittingPictures::room(const QTextDocument& document, int place) const {
+    return room_at(document, place) / scale_;
+}
+
+QSizeF FittingPictures::shown_size(const QTextDocument& document, int place,
+                                   const QTextImageFormat& format) const {
+    const QSizeF size = given_size(document, format);
+    const double widest = room(document, place);
+    return document.textWidth() > 0 && size.width() > widest ? size * (widest / size.width())
+                                                             : size;
+}
+
 QSizeF FittingPictures::intrinsicSize(QTextDocument* document, int place,
                                       const QTextFormat& format) {
-    const QSizeF size = told_size(*document, format.toImageFormat()) * scale_;
-    const double room = room_at(*document, place);
-    return document->textWidth() > 0 && size.width() > room ? size * (room / size.width()) : size;
+    return shown_size(*document, place, format.toImageFormat()) * scale_;
 }
 
 void FittingPictures::drawObject(QPainter* painter, const QRectF& area, QTextDocument* document,

@@ -9,6 +9,8 @@ namespace tavernook {
 
 namespace {
 
+constexpr int most_bullets = 500;
+
 QString family_of(const QTextCharFormat& format, const QFont& standard) {
     const QStringList families = format.fontFamilies().toStringList();
     return families.isEmpty() ? standard.family() : families.front();
@@ -118,7 +120,8 @@ void set_bullets(QTextEdit& text, bool wanted) {
     for_each_block(text.textCursor(), [&](const QTextBlock& block) {
         if (has_bullet(block) == wanted) return;
         QTextCursor here(block);
-        if (wanted && added == nullptr) {
+        // The time for each entry grows with their number.
+        if (wanted && (added == nullptr || added->count() >= most_bullets)) {
             added = here.createList(bullets);
         } else if (wanted) {
             added->add(block);

@@ -1,19 +1,31 @@
 #include "screens/text/recipe_pane.h"
 
+#include <QClipboard>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 #include "barcodes/code39.h"
 #include "platform/platform.h"
+#include "rich_text/rtf_bounds.h"
 #include "rich_text/rtf_reader.h"
 #include "rich_text/rtf_writer.h"
 #include "screens/parts/guard.h"
+#include "screens/parts/screen.h"
 #include "screens/text/picture_files.h"
 #include "screens/text/recipe_text.h"
 #include "screens/text/recipe_toolbar.h"
 
 namespace tavernook {
+
+namespace {
+
+constexpr const char* picture_filter =
+    "Bitmap Files (*.bmp)|*.bmp|"
+    "Photographs (*.jpg;*.jpeg;*.png;*.gif)|*.jpg;*.jpeg;*.png;*.gif";
+
+}  // namespace
 
 RecipePane::RecipePane(QWidget* parent)
     : QWidget(parent), text_(new RecipeText(this)), toolbar_(new RecipeToolbar(*text_, *this)) {
@@ -32,6 +44,7 @@ RecipePane::RecipePane(QWidget* parent)
     connect(text_, &RecipeText::pointer_moved, toolbar_, &RecipeToolbar::follow_caret);
     connect(text_, &RecipeText::picture_refused, this, &RecipePane::tell_refused_picture,
             Qt::QueuedConnection);
+    connect(text_, &RecipeText::told, this, [](const QString& words) { say(words); });
     connect(toolbar_, &RecipeToolbar::picture_wanted, this, &RecipePane::InsertImage);
     connect(toolbar_, &RecipeToolbar::barcode_wanted, this, &RecipePane::barcode_wanted);
     connect(toolbar_, &RecipeToolbar::information_wanted, this, &RecipePane::information_wanted);
@@ -44,15 +57,22 @@ void RecipePane::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) text_->take_paper(palette());
 }
 
-void RecipePane::load(std::string_view rich_text) {
+bool RecipePane::load(std::string_view rich_text) {
     const rtf::Content content = rtf::parse(rich_text);
+    const bool is_light = rtf::is_light(rtf::extent_of(content));
     const QScopedValueRollback<bool> quiet(loading_, true);
-    text_->replace_with(content);
+    if (is_light) {
+        text_->replace_with(content);
+    } else {
+        text_->replace_with(rtf::with_short_paragraphs(rtf::plain_text(content)));
+    }
     settle_text();
     toolbar_->follow_caret();
+    return is_light;
 }
 
 std::string RecipePane::rich_text() const {
+    rtf::require_readable(rtf::extent_of(*text_->document()));
     return rtf::written(*text_->document());
 }
 
@@ -86,8 +106,8 @@ void RecipePane::settle_text() {
 }
 
 void RecipePane::add_text(const QString& text) {
-    text_->textCursor().insertText(text);
-    text_->ensureCursorVisible();
+    QGuiApplication::clipboard()->setText(text);
+    text_->paste();
 }
 
 void RecipePane::add_lines(const QStringList& lines) {
@@ -107,12 +127,12 @@ bool RecipePane::insert_picture(const QImage& picture) {
 }
 
 void RecipePane::insert_picture_file(const std::string& path) {
-    const FilePicture file = picture_in_file(path);
+    const rtf::RasterPicture file = picture_in_file(path);
     if (file.is_too_large) {
         boxes().message("This picture is too large for a recipe. Please make it smaller first.");
-    } else if (file.picture.isNull()) {
+    } else if (file.image.isNull()) {
         boxes().message("This file holds no picture that can be shown.");
-    } else if (!insert_picture(file.picture)) {
+    } else if (!insert_picture(file.image)) {
         boxes().message("The recipe has no room for a further picture of this size.");
     }
 }
@@ -127,8 +147,7 @@ void RecipePane::tell_refused_picture() {
 
 void RecipePane::InsertImage() {
     guarded([&] {
-        insert_picture_file(
-            file_dialogs().open_file({"Insert Picture", "Bitmap Files (*.bmp)|*.bmp", ""}));
+        insert_picture_file(file_dialogs().open_file({"Insert Picture", picture_filter, ""}));
     });
     setFocus();
 }

@@ -25,9 +25,12 @@ class RecipePane : public QWidget {
   public:
     explicit RecipePane(QWidget* parent = nullptr);
 
-    // Replaces the document and its undo history; the caret goes to its start. Fault 13: no rich
-    // text. Fault 63: cut short or beyond the bounds. After a fault all is as it was.
-    void load(std::string_view rich_text);
+    // Replaces the document and its undo history; the caret goes to its start. False: the text is
+    // too much to be laid out with its looks. Its words stand there without them, if need be not to
+    // its end, and must not be saved in its place. Fault 13: no rich text. Fault 63: cut short or
+    // beyond the bounds. After a fault all is as it was.
+    bool load(std::string_view rich_text);
+    // Fault 6, with a sentence for the user, for a text that could not be read again.
     std::string rich_text() const;
     void clear();
 
@@ -39,13 +42,15 @@ class RecipePane : public QWidget {
     // copied. So it is at first.
     void set_editable(bool editable);
 
-    // In place of the selection, in the format of the caret.
+    // Puts the text on the clipboard and pastes it: in place of the selection, in the look of the
+    // caret.
     void add_text(const QString& text);
     // The caret goes to the end; each line and its line break follow. One undo takes all back.
     void add_lines(const QStringList& lines);
 
-    // At the caret, shown no wider than the pane. False, and nothing is changed, where it is none
-    // or too large for a recipe.
+    // At the caret, in a paragraph of its own, at most two thirds as wide as the pane. A picture
+    // whose longer side is above 1,600 dots is kept with 1,600. False, and nothing is changed,
+    // where it is none or too large for a recipe.
     [[nodiscard]] bool insert_picture(const QImage& picture);
 
     // Asks for a file. Cancel leaves all as it is; so does a file that cannot be read, is no

@@ -3,19 +3,24 @@
 #include <QAbstractTextDocumentLayout>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QUrl>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <utility>
 
+#include "rich_text/rtf_bounds.h"
 #include "rich_text/rtf_pictures.h"
 #include "rich_text/rtf_reader.h"
 #include "screens/parts/guard.h"
+#include "screens/text/closed_document.h"
 #include "screens/text/fitting_pictures.h"
+#include "screens/text/text_arrival.h"
 #include "screens/text/text_exchange.h"
+#include "screens/text/text_paper.h"
 
 namespace tavernook {
 
@@ -24,43 +29,14 @@ namespace {
 constexpr int smallest_zoom = 50;
 constexpr int largest_zoom = 400;
 constexpr int zoom_step = 10;
-constexpr double largest_side = 1900;
+constexpr double narrowest_picture_room = 160;
 constexpr double metres_in_inch = 0.0254;
+constexpr QKeyCombination larger_keys = Qt::AltModifier | Qt::Key_Up;
+constexpr QKeyCombination smaller_keys = Qt::AltModifier | Qt::Key_Down;
+constexpr QKeyCombination original_keys = Qt::AltModifier | Qt::Key_Home;
 
 QFont first_font() {
     return {QStringLiteral("Arial"), 10};
-}
-
-QColor mixed(const QColor& one, const QColor& other) {
-    return QColor((one.red() + other.red()) / 2, (one.green() + other.green()) / 2,
-                  (one.blue() + other.blue()) / 2);
-}
-
-// A recipe's own colours are meant for light paper, so that a dark palette's pair changes places.
-QPalette paper(const QPalette& around) {
-    QPalette result;
-    QColor base = around.color(QPalette::Active, QPalette::Base);
-    QColor ink = around.color(QPalette::Active, QPalette::Text);
-    if (base.lightness() < ink.lightness()) std::swap(base, ink);
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        result.setColor(group, QPalette::Base, base);
-        result.setColor(group, QPalette::Text, ink);
-        result.setColor(group, QPalette::PlaceholderText, mixed(ink, mixed(ink, base)));
-    }
-    // Without a recipe there is no paper.
-    const auto none = QPalette::Disabled;
-    result.setColor(none, QPalette::Base, around.color(QPalette::Active, QPalette::Window));
-    result.setColor(none, QPalette::Text, around.color(none, QPalette::WindowText));
-    const QColor hint = around.color(QPalette::Active, QPalette::WindowText);
-    result.setColor(none, QPalette::PlaceholderText, hint);
-    return result;
-}
-
-// Beyond this a rich text could not tell the picture's size any more.
-QSizeF shown_size(const QSize& dots) {
-    const QSizeF size(dots);
-    const double longest = std::max(size.width(), size.height());
-    return longest <= largest_side ? size : size * (largest_side / longest);
 }
 
 }  // namespace
@@ -69,6 +45,7 @@ RecipeText::RecipeText(QWidget* parent)
     : QTextEdit(parent),
       pictures_(new FittingPictures(this)),
       zoomed_device_(1, 1, QImage::Format_RGB32) {
+    setDocument(new ClosedDocument(this));
     setAcceptRichText(true);
     setTabChangesFocus(true);
     setFont(first_font());
@@ -80,6 +57,14 @@ RecipeText::RecipeText(QWidget* parent)
 void RecipeText::replace_with(const rtf::Content& content) {
     rtf::fill(*document(), content);
     moveCursor(QTextCursor::Start);
+    document()->setModified(false);
+}
+
+void RecipeText::replace_with(const QString& plain_words) {
+    empty();
+    document()->setPlainText(plain_words);
+    moveCursor(QTextCursor::Start);
+    document()->clearUndoRedoStacks();
     document()->setModified(false);
 }
 
@@ -107,19 +92,39 @@ bool RecipeText::has_room_for(long long dots) const {
     return dots <= rtf::most_picture_pixels;
 }
 
+// Two thirds of the width that the text has once there is a scroll bar.
+double RecipeText::room_of_new_picture() const {
+    const QScrollBar& bar = *verticalScrollBar();
+    const int width = viewport()->width() - (bar.isVisible() ? 0 : bar.sizeHint().width());
+    return std::max(width * 2 / 3.0 * 100 / zoom_, narrowest_picture_room);
+}
+
 bool RecipeText::insert_picture(const QImage& picture) {
-    const long long dots = dots_of(picture);
-    if (dots == 0 || dots > rtf::largest_picture || !has_room_for(dots)) return false;
+    const QImage kept = rtf::kept_picture(picture);
+    const long long dots = dots_of(kept);
+    if (dots == 0 || dots_of(picture) > rtf::largest_picture || !has_room_for(dots)) return false;
+    const QSizeF size = told_size(kept.size(), room_of_new_picture());
     QTextImageFormat format;
-    format.setName(add_picture(picture));
-    const QSizeF size = shown_size(picture.size());
+    format.setName(add_picture(kept));
     format.setWidth(size.width());
     format.setHeight(size.height());
+    QTextCursor caret = textCursor();
     const QTextCharFormat letters = currentCharFormat();
-    textCursor().insertImage(format);
+    insert_picture_paragraph(caret, format);
+    setTextCursor(caret);
     if (!letters.isImageFormat()) setCurrentCharFormat(letters);
     ensureCursorVisible();
     return true;
+}
+
+void RecipeText::resize_picture(PictureStep step) {
+    const QTextCursor picture = picture_at_caret(*this);
+    if (picture.isNull() || isReadOnly()) return;
+    const int place = picture.selectionStart();
+    const QSizeF shown =
+        pictures_->shown_size(*document(), place, picture.charFormat().toImageFormat());
+    tavernook::resize_picture(picture, step, shown, pictures_->room(*document(), place));
+    ensureCursorVisible();
 }
 
 // What the layout takes for the resolution of the screen; points and lengths grow with it.
@@ -156,7 +161,7 @@ void RecipeText::changeEvent(QEvent* event) {
     }
 }
 
-RecipeText::Key RecipeText::key_of(const QKeyEvent& event) {
+RecipeText::Key RecipeText::key_of(const QKeyEvent& event) const {
     const auto keys = event.keyCombination();
     const auto shifted = Qt::ControlModifier | Qt::ShiftModifier;
     if (event.matches(QKeySequence::ZoomIn) || keys == (Qt::ControlModifier | Qt::Key_Equal) ||
@@ -166,7 +171,10 @@ RecipeText::Key RecipeText::key_of(const QKeyEvent& event) {
     if (event.matches(QKeySequence::ZoomOut)) return Key::zoom_out;
     if (keys == (Qt::ControlModifier | Qt::Key_0)) return Key::true_size;
     if (keys == (Qt::ControlModifier | Qt::Key_Y)) return Key::redo;
-    return Key::none;
+    if (isReadOnly() || picture_at_caret(*this).isNull()) return Key::none;
+    if (keys == larger_keys) return Key::larger;
+    if (keys == smaller_keys) return Key::smaller;
+    return keys == original_keys ? Key::original : Key::none;
 }
 
 void RecipeText::run(Key key) {
@@ -180,6 +188,12 @@ void RecipeText::run(Key key) {
         case Key::redo:
             if (!isReadOnly()) redo();
             return;
+        case Key::larger:
+            return resize_picture(PictureStep::larger);
+        case Key::smaller:
+            return resize_picture(PictureStep::smaller);
+        case Key::original:
+            return resize_picture(PictureStep::original);
         case Key::none:
             return;
     }
@@ -214,6 +228,36 @@ void RecipeText::mouseMoveEvent(QMouseEvent* event) {
     Q_EMIT pointer_moved();
 }
 
+// A click on a picture selects it.
+void RecipeText::mouseReleaseEvent(QMouseEvent* event) {
+    QTextEdit::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || textCursor().hasSelection()) return;
+    const QTextCursor picture = picture_at(*this, event->position().toPoint());
+    if (!picture.isNull() && !isReadOnly()) setTextCursor(picture);
+}
+
+void RecipeText::contextMenuEvent(QContextMenuEvent* event) {
+    const QTextCursor picture = picture_at(*this, event->pos());
+    const bool by_mouse = event->reason() == QContextMenuEvent::Mouse;
+    if (by_mouse && !picture.isNull() && !isReadOnly()) setTextCursor(picture);
+    QMenu* menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!isReadOnly() && !picture_at_caret(*this).isNull()) add_picture_commands(*menu);
+    menu->popup(event->globalPos());
+}
+
+void RecipeText::add_picture_commands(QMenu& menu) {
+    const auto add = [&](const QString& text, QKeyCombination keys, PictureStep step) {
+        QAction* action = menu.addAction(text, this, [this, step] { resize_picture(step); });
+        action->setShortcut(keys);
+        action->setShortcutVisibleInContextMenu(true);
+    };
+    menu.addSeparator();
+    add(tr("&Larger Picture"), larger_keys, PictureStep::larger);
+    add(tr("S&maller Picture"), smaller_keys, PictureStep::smaller);
+    add(tr("&Original Size"), original_keys, PictureStep::original);
+}
+
 // --- clipboard and drops ---------------------------------------------------------------------
 
 void RecipeText::dragEnterEvent(QDragEnterEvent* event) {
@@ -234,7 +278,7 @@ void RecipeText::dropEvent(QDropEvent* event) {
 bool RecipeText::canInsertFromMimeData(const QMimeData* source) const {
     if (source->hasImage()) return true;
     return !is_of_files(*source) &&
-           (!rich_text_in(*source).isEmpty() || QTextEdit::canInsertFromMimeData(source));
+           (has_rich_text(*source) || QTextEdit::canInsertFromMimeData(source));
 }
 
 void RecipeText::insertFromMimeData(const QMimeData* source) {
@@ -243,37 +287,45 @@ void RecipeText::insertFromMimeData(const QMimeData* source) {
 }
 
 void RecipeText::insert_data(const QMimeData& data) {
-    if (insert_rich_text(rich_text_in(data).toStdString())) return;
-    if (data.hasImage()) {
-        if (!insert_picture(qvariant_cast<QImage>(data.imageData()))) Q_EMIT picture_refused();
-        return;
-    }
-    const QFont font = document()->defaultFont();
-    if (data.hasHtml() && insert_rich_text(rich_text_of_page(data.html(), font))) return;
-    if (data.hasText()) textCursor().insertText(data.text());
+    const Arrival arrival =
+        arrival_of(data, document()->defaultFont(), rtf::extent_of(*document()));
+    if (arrival.content) insert_content(*arrival.content);
+    if (!arrival.words.isEmpty()) insert_words(arrival.words);
+    if (arrival.has_picture && !insert_picture(arrival.picture)) Q_EMIT picture_refused();
+    if (!arrival.notice.isEmpty()) Q_EMIT told(arrival.notice);
+}
+
+void RecipeText::insert_words(const QString& words) {
+    QTextCursor caret = textCursor();
+    caret.beginEditBlock();
+    make_room_in_paragraph(caret, rtf::extent_of(words));
+    caret.insertText(words);
+    caret.endEditBlock();
+    setTextCursor(caret);
     ensureCursorVisible();
 }
 
-// False, and nothing is changed, when there is nothing to see in it.
-bool RecipeText::insert_rich_text(std::string_view bytes) {
-    const std::optional<rtf::Content> content = content_in(bytes);
-    if (content) insert_content(*content);
-    return content.has_value();
-}
-
 void RecipeText::insert_content(const rtf::Content& content) {
-    long long dots = 0;
-    for (const rtf::Picture& picture : content.pictures) dots += dots_of(picture.image);
-    if (dots > 0 && !has_room_for(dots)) return Q_EMIT picture_refused();
-    QTextDocument piece;
+    ClosedDocument piece;
     piece.setDefaultFont(document()->defaultFont());
     rtf::fill(piece, content);
+    long long dots = 0;
+    for_each_picture(piece, [&](const QTextCursor&, const QTextImageFormat& format) {
+        const QSize size = picture_dots(piece, format);
+        dots += static_cast<long long>(size.width()) * size.height();
+    });
+    if (dots > 0 && !has_room_for(dots)) return Q_EMIT picture_refused();
     for_each_picture(piece, [&](QTextCursor place, QTextImageFormat format) {
         const QVariant picture = piece.resource(QTextDocument::ImageResource, format.name());
         format.setName(add_picture(picture.value<QImage>()));
         place.setCharFormat(format);
     });
-    insert_document(textCursor(), piece);
+    QTextCursor caret = textCursor();
+    caret.beginEditBlock();
+    make_room_in_paragraph(caret, rtf::extent_of(content));
+    setTextCursor(caret);
+    insert_document(caret, piece);
+    caret.endEditBlock();
     ensureCursorVisible();
 }
 

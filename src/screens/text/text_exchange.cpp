@@ -7,35 +7,18 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "rich_text/rtf_reader.h"
 #include "rich_text/rtf_writer.h"
-#include "screens/parts/guard.h"
+#include "screens/text/closed_document.h"
 #include "screens/text/fitting_pictures.h"
 
 namespace tavernook {
 
 namespace {
 
-const char* const rich_text_names[] = {"text/rtf", "text/richtext", "application/rtf"};
-
-// A pasted page reaches for no file and no address: only the pictures that it carries count.
-class PastedPage : public QTextDocument {
-  protected:
-    QVariant loadResource(int type, const QUrl& name) override {
-        const bool carried = type == ImageResource && name.scheme() == QLatin1String("data");
-        return carried ? QTextDocument::loadResource(type, name) : QVariant();
-    }
-};
-
 // What the program's own trees drag about: "i" or "m" and a number.
 bool is_of_own_trees(const QMimeData& data) {
     static const QRegularExpression form(QStringLiteral("^[im][0-9]{1,5}$"));
     return !data.hasHtml() && data.hasText() && form.match(data.text()).hasMatch();
-}
-
-bool shows_nothing(const rtf::Content& content) {
-    return std::all_of(content.paragraphs.begin(), content.paragraphs.end(),
-                       [](const rtf::Paragraph& paragraph) { return paragraph.runs.empty(); });
 }
 
 // Words from one paragraph, without the paragraph's own form.
@@ -76,26 +59,16 @@ bool is_no_text(const QMimeData& data) {
     return is_of_files(data) || is_of_own_trees(data);
 }
 
-QByteArray rich_text_in(const QMimeData& data) {
-    for (const char* name : rich_text_names) {
-        const QByteArray bytes = data.data(QLatin1String(name));
-        if (!bytes.isEmpty()) return bytes;
-    }
-    return {};
-}
-
-std::optional<rtf::Content> content_in(std::string_view rich_text) {
-    rtf::Content content;
-    const bool is_read = quietly([&] { content = rtf::parse(rich_text); });
-    if (!is_read || shows_nothing(content)) return std::nullopt;
-    return content;
-}
-
-std::string rich_text_of_page(const QString& html, const QFont& font) {
-    PastedPage page;
-    page.setDefaultFont(font);
-    page.setHtml(html);
-    return rtf::written(page);
+void make_room_in_paragraph(QTextCursor& caret, const rtf::Extent& text) {
+    rtf::Extent joined = rtf::extent_of(caret.block());
+    joined.longest_paragraph += text.longest_paragraph;
+    joined.longest_word += text.longest_word;
+    joined.most_runs_of_paragraph += text.most_runs_of_paragraph;
+    if (rtf::is_light(joined)) return;
+    caret.removeSelectedText();
+    caret.insertBlock();
+    caret.insertBlock();
+    caret.movePosition(QTextCursor::PreviousBlock);
 }
 
 void insert_document(QTextCursor cursor, const QTextDocument& document) {
@@ -110,7 +83,7 @@ void insert_document(QTextCursor cursor, const QTextDocument& document) {
 }
 
 QMimeData* selection_data(const QTextDocument& document, const QTextCursor& selection) {
-    QTextDocument piece;
+    ClosedDocument piece;
     piece.setDefaultFont(document.defaultFont());
     const QTextDocumentFragment selected = selection.selection();
     insert_paragraphs(QTextCursor(&piece), selected, paragraphs_in(selection));

@@ -1,5 +1,7 @@
 // The texts of the recipe manager and their files: nothing that was written is lost, and what
 // could not be read is never saved over.
+#include <QClipboard>
+
 #include "core/program_folders.h"
 #include "rich_text/rtf_reader.h"
 #include "screens/cookbook/mealbuilder_fixture.h"
@@ -455,7 +457,7 @@ TEST_F(RecipeDocuments, TheBarcodeOfTheRecipeGoesIntoItsText) {
     mark("1c");
     part<QAction>("recipe_barcode").trigger();
     EXPECT_TRUE(platform.disk.exists(platform.system.program + "/barcode/m1.bmp"));
-    EXPECT_EQ(document().toPlainText(), QString(QChar::ObjectReplacementCharacter));
+    EXPECT_EQ(document().toPlainText(), QString(QChar::ObjectReplacementCharacter) + '\n');
     EXPECT_EQ(project_modified, i16_true);
 }
 
@@ -465,6 +467,79 @@ TEST_F(RecipeDocuments, TextIsAddedAtTheCaret) {
     mark("1c");
     screen().add_text("Caf\xE9: ");
     EXPECT_EQ(pane_text(), "Caf\u00E9: Beat the eggs.");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "Caf\u00E9: ");
+}
+
+// More paragraphs than the reader takes.
+TEST_F(RecipeDocuments, ATextThatCouldNotBeReadAgainIsNotSaved) {
+    put_document(1, plain_rtf);
+    open();
+    mark("1c");
+    document().document()->setPlainText(QString(200'000, u'\n'));
+    expect_save_error("The text has too many paragraphs for a recipe.  Take some out.",
+                      "home000001.rtf");
+    mark("2c");
+    EXPECT_EQ(marked(), "1c");
+    EXPECT_EQ(document().document()->blockCount(), 200'001);
+    EXPECT_FALSE(document().isReadOnly());
+    EXPECT_EQ(file_bytes("home000001.rtf"), plain_rtf);
+    document().document()->setPlainText("Fry.");
+    mark("2c");
+    EXPECT_EQ(text_in("home000001.rtf"), "Fry.");
+}
+
+// Laid out with its looks it would hold the window for minutes.
+class HeavyRecipeDocuments : public RecipeDocuments {
+  protected:
+    static std::string heavy_rtf() {
+        std::string bytes = "{\\rtf1 ";
+        for (int run = 0; run < 1'000; ++run) bytes += "{\\b a}b";
+        return bytes + "}";
+    }
+    static std::string heavy_words() { return QStringLiteral("ab").repeated(1'000).toStdString(); }
+};
+
+TEST_F(HeavyRecipeDocuments, AreShownInBareWordsAndStayAsTheyAre) {
+    put_document(1, heavy_rtf());
+    open();
+    mark("1c");
+    EXPECT_EQ(pane_text(), heavy_words());
+    EXPECT_TRUE(document().isReadOnly());
+    EXPECT_TRUE(notice());
+    EXPECT_EQ(label("notice_text"),
+              "The text of \"Pancakes\" is too long, or changes its look too often, to be changed "
+              "here. Below stand its words, or the first of them, to be read and copied. Nothing "
+              "is changed in its file.");
+    EXPECT_FALSE(part<QWidget>("write_anew_button").isVisible());
+    write("x");
+    screen().add_text("y");
+    screen().AddMealInfo();
+    EXPECT_EQ(pane_text(), heavy_words());
+    EXPECT_FALSE(screen().Save_RTF(1));
+    mark("2c");
+    EXPECT_FALSE(notice());
+    close();
+    settle();
+    EXPECT_EQ(file_bytes("home000001.rtf"), heavy_rtf());
+}
+
+TEST_F(HeavyRecipeDocuments, OfTheOldFormStayInTheProject) {
+    meal_documents[1] = heavy_rtf();
+    open();
+    mark("1c");
+    EXPECT_EQ(pane_text(), heavy_words());
+    EXPECT_EQ(meal_documents[1], heavy_rtf());
+    EXPECT_FALSE(has_file("home000001.rtf"));
+}
+
+TEST_F(HeavyRecipeDocuments, AreKeptWholeWhenTheirRecipeIsDeleted) {
+    put_document(1, heavy_rtf());
+    open();
+    mark("1c");
+    EXPECT_TRUE(screen().Save_RTF_bak(1));
+    EXPECT_EQ(file_bytes("home000001.bak"), heavy_rtf());
+    command("Toolbar1_3");
+    EXPECT_EQ(file_bytes("home000001.bak"), heavy_rtf());
 }
 
 TEST_F(RecipeDocuments, ARecipeThatOnlyCountsAsShownTakesNoText) {

@@ -41,7 +41,9 @@ class RecipePaneExchange : public RecipePaneTest {
     }
     void insert_image(std::optional<std::string> path) {
         platform.dialogs.expect_open("Insert Picture", std::move(path))
-            .filter("Bitmap Files (*.bmp)|*.bmp");
+            .filter(
+                "Bitmap Files (*.bmp)|*.bmp|"
+                "Photographs (*.jpg;*.jpeg;*.png;*.gif)|*.jpg;*.jpeg;*.png;*.gif");
         click("picture");
     }
     void paste(QMimeData* data) {
@@ -57,6 +59,7 @@ class RecipePaneExchange : public RecipePaneTest {
         QApplication::sendEvent(target, &event);
         return enter.isAccepted();
     }
+    const std::string& status() const { return platform.main.status[message_panel]; }
     static std::string data_address(const QImage& picture) {
         QByteArray bytes;
         QBuffer buffer(&bytes);
@@ -70,7 +73,7 @@ TEST_F(RecipePaneExchange, ABitmapComesAtTheCaret) {
     pane.load(R"({\rtf1 Soup\par})");
     put_caret(2);
     insert_image(file_with("soup.bmp", bitmap_of_two_dots()));
-    EXPECT_EQ(text().toPlainText(), QStringLiteral("So\uFFFCup"));
+    EXPECT_EQ(text().toPlainText(), QStringLiteral("So\n\uFFFC\nup"));
     const auto pictures = saved_pictures();
     ASSERT_EQ(pictures.size(), 1u);
     ASSERT_EQ(pictures[0].image.size(), QSize(2, 1));
@@ -127,9 +130,9 @@ TEST_F(RecipePaneExchange, PicturesWithoutDotsOrWithTooManyAreRefused) {
 // What is read again takes no further picture beyond 100 million dots.
 TEST_F(RecipePaneExchange, PicturesThatAreTooMuchTogetherAreRefused) {
     pane.hide();
-    QImage large(5000, 6000, QImage::Format_Mono);
+    QImage large(1600, 1600, QImage::Format_Mono);
     large.fill(0);
-    for (int count = 0; count < 3; ++count) ASSERT_TRUE(pane.insert_picture(large));
+    for (int count = 0; count < 39; ++count) ASSERT_TRUE(pane.insert_picture(large));
     pane.set_unchanged();
     EXPECT_FALSE(pane.insert_picture(large));
     platform.boxes.expect_message("The recipe has no room for a further picture of this size.");
@@ -192,6 +195,207 @@ TEST_F(RecipePaneExchange, APastedPageReachesForNoFile) {
     paste(data);
     EXPECT_TRUE(saved_text().starts_with("Soup"));
     EXPECT_TRUE(saved_pictures().empty());
+}
+
+// What reaches for a file would find the picture.
+TEST_F(RecipePaneExchange, ADrawingInAPastedPageReachesForNoFile) {
+    const std::string path = platform.path("private.png");
+    plain_picture(3, 3).save(QString::fromStdString(path));
+    const QByteArray drawing = QByteArray::fromStdString(
+        "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+        "width='3' height='3'><image xlink:href='file://" +
+        path + "' width='3' height='3'/></svg>");
+    auto* data = new QMimeData;
+    data->setHtml("<p>Soup<img src='data:image/svg+xml;base64," + drawing.toBase64() +
+                  "'><img src='data:image/png;base64," + drawing.toBase64() + "'></p>");
+    paste(data);
+    EXPECT_EQ(saved_text(), "Soup");
+    EXPECT_TRUE(saved_pictures().empty());
+}
+
+// As the clipboard of the desktop tells of a drawing: it would have the drawing drawn.
+class DrawingData : public QMimeData {
+  public:
+    explicit DrawingData(bool& is_drawn) : is_drawn_(is_drawn) {}
+    QStringList formats() const override { return {"image/svg+xml", "application/x-qt-image"}; }
+    bool hasFormat(const QString& name) const override { return formats().contains(name); }
+
+  protected:
+    QVariant retrieveData(const QString& name, QMetaType) const override {
+        if (name != "application/x-qt-image") return QByteArray("<svg/>");
+        is_drawn_ = true;
+        return plain_drawing();
+    }
+
+  private:
+    static QImage plain_drawing() { return QImage(3, 3, QImage::Format_RGB32); }
+
+    bool& is_drawn_;
+};
+
+TEST_F(RecipePaneExchange, ADrawingAloneIsNeverDrawn) {
+    bool is_drawn = false;
+    platform.boxes.expect_message(
+        "This picture is too large for a recipe, there is no room for it, or it cannot be shown.");
+    paste(new DrawingData(is_drawn));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(is_drawn);
+    EXPECT_TRUE(saved_pictures().empty());
+}
+
+TEST_F(RecipePaneExchange, TheDocumentReachesForNoFile) {
+    const QString path = QString::fromStdString(platform.path("private.png"));
+    plain_picture(3, 3).save(path);
+    EXPECT_FALSE(text()
+                     .document()
+                     ->resource(QTextDocument::ImageResource, QUrl::fromLocalFile(path))
+                     .isValid());
+}
+
+TEST_F(RecipePaneExchange, APictureOfAPageThatIsTooLargeIsLeftOutAndTold) {
+    QImage large(5000, 6001, QImage::Format_Mono);
+    large.fill(0);
+    auto* data = new QMimeData;
+    data->setHtml(QString::fromStdString("<p>Soup<img src='" + data_address(large) + "'></p>"));
+    paste(data);
+    EXPECT_EQ(saved_text(), "Soup");
+    EXPECT_EQ(status(), "A picture of the pasted page is too large and was left out.");
+}
+
+TEST_F(RecipePaneExchange, BytesOfAPictureArePasted) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    plain_picture(2000, 1000, Qt::green).save(&buffer, "JPEG");
+    auto* data = new QMimeData;
+    data->setData("image/jpeg", bytes);
+    data->setData("application/x-qt-image", "not drawn");
+    paste(data);
+    ASSERT_EQ(saved_pictures().size(), 1u);
+    EXPECT_EQ(saved_pictures()[0].image.size(), QSize(1600, 800));
+}
+
+TEST_F(RecipePaneExchange, APhotographIsKeptSmaller) {
+    const std::string path = platform.path("soup.jpg");
+    plain_picture(4000, 3000).save(QString::fromStdString(path));
+    insert_image(path);
+    ASSERT_EQ(saved_pictures().size(), 1u);
+    EXPECT_EQ(saved_pictures()[0].image.size(), QSize(1600, 1200));
+}
+
+// --- too much of it --------------------------------------------------------------------------
+
+constexpr const char* pasted_plain =
+    "The text is too long, or changes its look too often: it was pasted as plain text.";
+constexpr const char* no_room = "The recipe has no room for so long a text. Nothing was pasted.";
+
+TEST_F(RecipePaneExchange, APageOfTooManyTagsIsPastedAsPlainText) {
+    const QString deep =
+        QStringLiteral("<b>").repeated(100'000) + "soup" + QStringLiteral("</b>").repeated(100'000);
+    const QString many = QStringLiteral("<b>so</b>up ").repeated(30'000);
+    const QString pictures = QStringLiteral("<img src='x'>").repeated(20'000);
+    const QString wide = "<table><tr><td colspan=100000>x</td></tr></table>";
+    const QString table = "<table><tr>" + QStringLiteral("<td>x").repeated(5'000) +
+                          QStringLiteral("<tr>").repeated(5'000) + "</table>";
+    for (const QString& html : {deep, many, pictures, wide, table}) {
+        pane.clear();
+        auto* data = new QMimeData;
+        data->setHtml(html);
+        data->setText("plain soup");
+        paste(data);
+        EXPECT_EQ(saved_text(), "plain soup") << html.left(10).toStdString();
+        EXPECT_EQ(saved_look("plain").fontWeight(), QFont::Normal);
+        EXPECT_EQ(status(), pasted_plain);
+    }
+}
+
+TEST_F(RecipePaneExchange, AnOrdinaryPageIsLight) {
+    auto* data = new QMimeData;
+    data->setHtml("<style>p { margin: 0 }</style><div>" +
+                  QStringLiteral("<p>salt <b>and</b> pepper<br>").repeated(1'000) +
+                  "</div><table>" + QStringLiteral("<tr><td>a<td colspan=2>b").repeated(300) +
+                  "</table>");
+    data->setText("plain");
+    paste(data);
+    EXPECT_EQ(saved_look("and").fontWeight(), QFont::Bold);
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(RecipePaneExchange, APageOfTooManyTagsAloneIsNotPasted) {
+    auto* data = new QMimeData;
+    data->setHtml(QStringLiteral("<b>").repeated(100'000) + "soup");
+    paste(data);
+    EXPECT_FALSE(pane.is_changed());
+    EXPECT_EQ(status(), "The page is too long for a recipe. Nothing was pasted.");
+}
+
+TEST_F(RecipePaneExchange, RichTextOfTooManyLooksIsPastedAsPlainText) {
+    std::string bytes = "{\\rtf1 ";
+    for (int run = 0; run < 1'000; ++run) bytes += "{\\b a}b";
+    auto* data = new QMimeData;
+    data->setData("text/rtf", QByteArray::fromStdString(bytes + "}"));
+    paste(data);
+    EXPECT_EQ(text().toPlainText(), QStringLiteral("ab").repeated(1'000));
+    EXPECT_EQ(text().document()->begin().begin().fragment().length(), 2'000);
+    EXPECT_EQ(status(), pasted_plain);
+}
+
+TEST_F(RecipePaneExchange, AVeryLongParagraphIsPastedInParts) {
+    auto* data = new QMimeData;
+    data->setText(QStringLiteral("salt ").repeated(80'000));
+    paste(data);
+    EXPECT_EQ(text().document()->blockCount(), 20);
+    QString pasted = text().toPlainText();
+    EXPECT_EQ(pasted.remove(u'\n').size(), 400'000);
+    EXPECT_EQ(status(), "A very long paragraph was parted into shorter ones.");
+}
+
+TEST_F(RecipePaneExchange, TooManyLinesAreNotPasted) {
+    type("Soup");
+    for (const QString& words :
+         {QStringLiteral("a\n").repeated(300'000), QStringLiteral("salt\n").repeated(300'000)}) {
+        auto* data = new QMimeData;
+        data->setText(words);
+        paste(data);
+        EXPECT_EQ(saved_text(), "Soup");
+        EXPECT_EQ(status(), no_room);
+    }
+}
+
+TEST_F(RecipePaneExchange, WhatIsThereCountsWithWhatComes) {
+    auto* data = new QMimeData;
+    data->setText(QStringLiteral("salt\n").repeated(12'000));
+    paste(data);
+    EXPECT_EQ(text().document()->blockCount(), 12'001);
+    EXPECT_EQ(status(), "");
+    press("Ctrl+V");
+    EXPECT_EQ(text().document()->blockCount(), 12'001);
+    EXPECT_EQ(status(), no_room);
+}
+
+TEST_F(RecipePaneExchange, APasteMakesNoParagraphTooLong) {
+    auto* data = new QMimeData;
+    data->setText(QStringLiteral("salt ").repeated(3'000));
+    paste(data);
+    put_caret(5'000);
+    press("Ctrl+V");
+    const QStringList lines = text().toPlainText().split(u'\n');
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0].size(), 5'000);
+    EXPECT_EQ(lines[1].size(), 15'000);
+    EXPECT_EQ(lines[2].size(), 10'000);
+    press("Ctrl+Z");
+    EXPECT_EQ(text().document()->blockCount(), 1);
+}
+
+TEST_F(RecipePaneExchange, APasteMakesNoWordTooLong) {
+    auto* data = new QMimeData;
+    data->setText(QString(1'500, u'x'));
+    paste(data);
+    press("Ctrl+V");
+    EXPECT_EQ(text().toPlainText(), QString(1'500, u'x') + u'\n' + QString(1'500, u'x') + u'\n');
+    const std::string bytes = pane.rich_text();
+    EXPECT_TRUE(pane.load(bytes));
 }
 
 TEST_F(RecipePaneExchange, APictureIsPasted) {
@@ -325,9 +529,22 @@ TEST_F(RecipePaneExchange, DroppedTextIsTaken) {
     EXPECT_EQ(saved_text(), "milk");
 }
 
-TEST_F(RecipePaneExchange, AddingATextLeavesTheClipboardAlone) {
+TEST_F(RecipePaneExchange, AnAddedTextGoesByTheClipboard) {
     QApplication::clipboard()->setText("hers");
-    pane.add_text("salt");
+    pane.load(R"({\rtf1 Soup\par})");
+    put_caret(2);
+    pane.add_text("sa\nlt");
+    EXPECT_EQ(QApplication::clipboard()->text(), "sa\nlt");
+    EXPECT_EQ(saved_text(), "Sosa\nltup");
+    press("Ctrl+V");
+    EXPECT_EQ(saved_text(), "Sosa\nltsa\nltup");
+    pane.set_editable(false);
+    pane.add_text("pepper");
+    EXPECT_EQ(saved_text(), "Sosa\nltsa\nltup");
+}
+
+TEST_F(RecipePaneExchange, LinesAndPicturesLeaveTheClipboardAlone) {
+    QApplication::clipboard()->setText("hers");
     pane.add_lines({"pepper"});
     ASSERT_TRUE(pane.insert_picture(plain_picture(4, 2)));
     pane.insert_barcode_of(7);

@@ -34,7 +34,8 @@ class RecipePaneTest : public testing::Test {
                       .boxes = &platform.boxes,
                       .file_dialogs = &platform.dialogs,
                       .files = &platform.files,
-                      .system_info = &platform.system});
+                      .system_info = &platform.system,
+                      .main = &platform.main});
         pane.set_editable(true);
         pane.resize(1000, 600);
         pane.show();

@@ -431,6 +431,30 @@ TEST_F(RecipePaneTest, TheScreenIsAskedForBarcodeAndInformation) {
     EXPECT_EQ(information.count(), 1);
 }
 
+TEST_F(RecipePaneTest, ATextOfTooManyLooksIsLoadedAsBareWords) {
+    std::string bytes = "{\\rtf1 ";
+    for (int run = 0; run < 1'000; ++run) bytes += "{\\b a}b";
+    EXPECT_FALSE(pane.load(bytes + "}"));
+    EXPECT_EQ(text().toPlainText(), QStringLiteral("ab").repeated(1'000));
+    EXPECT_EQ(text().document()->begin().begin().fragment().length(), 2'000);
+    EXPECT_FALSE(pane.is_changed());
+    EXPECT_FALSE(pane.load("{\\rtf1 " + std::string(30'000, 'x') + "}"));
+    EXPECT_EQ(text().document()->begin().length() - 1, 2'000);
+    EXPECT_TRUE(pane.load(soup));
+    EXPECT_EQ(text().toPlainText().toStdString(), "Boil water, then stir.\nServe hot.");
+}
+
+TEST_F(RecipePaneTest, BulletsBeforeManyLinesAreSeveralLists) {
+    text().document()->setPlainText(QString(1'100, u'\n'));
+    press("Ctrl+A");
+    click("bullet");
+    const QTextBlock last = text().document()->lastBlock();
+    for (QTextBlock line = text().document()->begin(); line != last; line = line.next()) {
+        ASSERT_NE(line.textList(), nullptr);
+        EXPECT_LE(line.textList()->count(), 500);
+    }
+}
+
 // Ten thousand words, every fifth one bold: about 150 KB.
 TEST_F(RecipePaneTest, ALongDocumentIsLoadedWhole) {
     std::string document = R"({\rtf1\ansi )";

@@ -61,7 +61,7 @@ TEST_F(RecipePaneView, TheWheelZoomsWithTheControlKey) {
     EXPECT_GT(height(), true_height);
 }
 
-TEST_F(RecipePaneView, ALargePictureFitsThePaneAndStaysLargeInTheFile) {
+TEST_F(RecipePaneView, ALargePictureIsShownTwoThirdsAsWideAsThePaneAndStaysLargeInTheFile) {
     pane.resize(500, 500);
     ASSERT_TRUE(pane.insert_picture(plain_picture(1600, 400)));
     EXPECT_LE(text().document()->size().width(), text().viewport()->width());
@@ -70,7 +70,20 @@ TEST_F(RecipePaneView, ALargePictureFitsThePaneAndStaysLargeInTheFile) {
     const auto pictures = saved_pictures();
     ASSERT_EQ(pictures.size(), 1u);
     EXPECT_EQ(pictures[0].image.size(), QSize(1600, 400));
-    EXPECT_EQ(pictures[0].size, QSizeF(1600, 400));
+    EXPECT_LE(pictures[0].size.width(), text().viewport()->width() * 2 / 3.0);
+    EXPECT_GT(pictures[0].size.width(), text().viewport()->width() * 0.6);
+    EXPECT_NEAR(pictures[0].size.width() / pictures[0].size.height(), 4, 0.1);
+}
+
+TEST_F(RecipePaneView, ALargePictureOfAFileFitsThePane) {
+    ASSERT_TRUE(pane.insert_picture(plain_picture(1600, 400)));
+    std::string bytes = pane.rich_text();
+    const std::size_t goal = bytes.find("\\picwgoal");
+    bytes.replace(goal, bytes.find_first_of("\r ", goal) - goal, "\\picwgoal24000\\pichgoal6000");
+    pane.load(bytes);
+    pane.resize(500, 500);
+    QCoreApplication::processEvents();
+    EXPECT_LE(text().document()->size().width(), text().viewport()->width());
     const double narrow = height();
     pane.resize(1000, 500);
     QCoreApplication::processEvents();
@@ -89,7 +102,7 @@ TEST_F(RecipePaneView, APictureBeyondTheFormatsLengthsKeepsItsShape) {
     ASSERT_TRUE(pane.insert_picture(plain_picture(4000, 1000)));
     const auto pictures = saved_pictures();
     ASSERT_EQ(pictures.size(), 1u);
-    EXPECT_EQ(pictures[0].image.size(), QSize(4000, 1000));
+    EXPECT_EQ(pictures[0].image.size(), QSize(1600, 400));
     EXPECT_NEAR(pictures[0].size.width() / pictures[0].size.height(), 4, 0.01);
 }
 
