@@ -1,8 +1,10 @@
 #include "platform_qt/qt_boxes.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -10,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "platform_qt/dialog_parent.h"
+#include "platform_qt/long_text.h"
 #include "platform_qt/qt_text.h"
 
 namespace tavernook {
@@ -102,6 +105,21 @@ QDialogButtonBox* ok_and_cancel(QDialog* dialog) {
     return buttons;
 }
 
+QWidget* prompt_part(const QString& prompt, QWidget* parent) {
+    if (LongText::is_needed(prompt, *parent)) return new LongText(prompt, *parent);
+    return prompt_label(prompt, parent);
+}
+
+// In the place of the label; Enter presses the same button as over a short text.
+void let_text_scroll(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    delete box.layout()->replaceWidget(label, new LongText(box.text(), box));
+    label->hide();
+    if (box.defaultButton() != nullptr) return;
+    const bool asks = box.button(QMessageBox::Yes) != nullptr;
+    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+}
+
 // Both boxes live on the heap: the window under them may go, and take them along, while they ask.
 Answer ask(QMessageBox::Icon icon, std::string_view text, Buttons buttons, std::string_view title,
            DefaultButton default_button) {
@@ -109,12 +127,14 @@ Answer ask(QMessageBox::Icon icon, std::string_view text, Buttons buttons, std::
                                                       standard_buttons(buttons), dialog_parent());
     box->setObjectName(QStringLiteral("message_box"));
     box->setTextFormat(Qt::PlainText);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->setText(shown_text(text));
     box->setAccessibleName(box->windowTitle());
     box->setAccessibleDescription(box->text());
     box->setEscapeButton(button_of_escape(buttons));
     if (default_button == DefaultButton::no) box->setDefaultButton(QMessageBox::No);
     name_buttons(*box);
+    if (LongText::is_needed(box->text(), *box)) let_text_scroll(*box);
     const int pressed = box->exec();
     if (box.isNull()) return answer_of(button_of_escape(buttons));
     delete box;
@@ -133,6 +153,16 @@ void QtBoxes::warning(std::string_view text, std::string_view title) {
     ask(QMessageBox::Warning, text, Buttons::ok, title, DefaultButton::first);
 }
 
+Answer QtBoxes::critical(std::string_view text, Buttons buttons, std::string_view title,
+                         DefaultButton default_button) {
+    return ask(QMessageBox::Critical, text, buttons, title, default_button);
+}
+
+bool QtBoxes::is_open() {
+    return QApplication::activeModalWidget() != nullptr ||
+           QApplication::activePopupWidget() != nullptr;
+}
+
 std::optional<std::string> QtBoxes::input(std::string_view prompt, std::string_view title,
                                           std::string_view initial) {
     const QPointer<QDialog> box = new QDialog(dialog_parent());
@@ -143,7 +173,7 @@ std::optional<std::string> QtBoxes::input(std::string_view prompt, std::string_v
     box->setAccessibleDescription(shown_prompt);
     auto* field = input_field(shown_prompt, text_to_qstring(initial), box);
     auto* layout = new QVBoxLayout(box);
-    layout->addWidget(prompt_label(shown_prompt, box));
+    layout->addWidget(prompt_part(shown_prompt, box));
     layout->addWidget(field);
     layout->addWidget(ok_and_cancel(box));
     field->setFocus();

@@ -7,12 +7,19 @@ namespace tavernook {
 
 // For tests and assistive technology the boxes bear the object names "message_box" and
 // "input_box", their buttons "button_ok", "button_yes", "button_no" and "button_cancel", and the
-// field of the input box "input_field".
+// field of the input box "input_field". A text that would push the buttons off the screen scrolls
+// in a pane "long_text", also by the Page keys from wherever the focus is.
 class QtBoxes : public Boxes {
   public:
     Answer message(std::string_view text, Buttons buttons, std::string_view title,
                    DefaultButton default_button = DefaultButton::first) override;
     void warning(std::string_view text, std::string_view title) override;
+    Answer critical(std::string_view text, Buttons buttons, std::string_view title,
+                    DefaultButton default_button) override;
+
+    // Counts every modal window and every popup of the program, the file dialogs among them, also
+    // the desktop's own.
+    bool is_open() override;
     std::optional<std::string> input(std::string_view prompt, std::string_view title,
                                      std::string_view initial) override;
 };

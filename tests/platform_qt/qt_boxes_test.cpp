@@ -1,10 +1,16 @@
 #include "platform_qt/qt_boxes.h"
 
+#include <QClipboard>
 #include <QDialog>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -142,6 +148,199 @@ TEST(MessageBox, SurvivesTheEndOfTheWindowUnderIt) {
     QApplication::processEvents();
     when_modal<QMessageBox>([&](QMessageBox&) { window.reset(); });
     EXPECT_EQ(QtBoxes().message("Save?", Buttons::yes_no_cancel, "Tavernook"), Answer::cancel);
+}
+
+// The text that a box in use may come to: every name of a full household.
+std::string names(int count) {
+    std::string text = "This Store is used by ";
+    for (int item = 1; item <= count; ++item) {
+        text +=
+            (item == 1 ? "ITEM:" : ",ITEM:") + ("Item number " + std::to_string(item) + " of all");
+    }
+    return text;
+}
+const std::string all_names = names(10'000);
+
+void expect_inside(const QDialog& box) {
+    QApplication::processEvents();
+    EXPECT_TRUE(box.screen()->availableGeometry().contains(QRect(QPoint(), box.frameSize())));
+    for (const auto* button : box.findChildren<QPushButton*>()) {
+        EXPECT_TRUE(button->isVisible());
+        const QRect place(button->mapTo(&box, QPoint()), button->size());
+        EXPECT_TRUE(box.rect().contains(place)) << button->objectName().toStdString();
+    }
+    auto& text = child<QPlainTextEdit>(box, "long_text");
+    EXPECT_TRUE(text.isVisible());
+    EXPECT_TRUE(box.rect().contains(QRect(text.mapTo(&box, QPoint()), text.size())));
+    EXPECT_GT(text.verticalScrollBar()->maximum(), 0);
+    EXPECT_GE(text.viewport()->height(), 4 * text.fontMetrics().lineSpacing());
+}
+
+// At the usual size of text, and at twice that.
+template <typename Check>
+void at_both_text_sizes(Check check) {
+    check();
+    const QFont before = QApplication::font();
+    QFont twice = before;
+    twice.setPointSizeF(before.pointSizeF() * 2);
+    QApplication::setFont(twice);
+    check();
+    QApplication::setFont(before);
+}
+
+TEST(LongTextInABox, TheBoxFitsTheScreenWithItsButtons) {
+    ASSERT_GE(all_names.size(), 270'000u);
+    at_both_text_sizes([] {
+        when_modal<QMessageBox>([](QMessageBox& box) {
+            expect_inside(box);
+            press_key(box, Qt::Key_Return);
+        });
+        EXPECT_EQ(QtBoxes().message(all_names, Buttons::yes_no_cancel, "Tavernook"), Answer::yes);
+        when_modal<QMessageBox>([](QMessageBox& box) {
+            expect_inside(box);
+            press_key(box, Qt::Key_Return);
+        });
+        EXPECT_EQ(QtBoxes().message(names(90), Buttons::yes_no, "Tavernook", DefaultButton::no),
+                  Answer::no);
+    });
+}
+
+TEST(LongTextInABox, SoDoesThePrompt) {
+    at_both_text_sizes([] {
+        when_modal<QDialog>([](QDialog& box) {
+            expect_inside(box);
+            EXPECT_EQ(box.accessibleDescription().toStdString(), all_names);
+            EXPECT_EQ(box.focusWidget(), &child<QLineEdit>(box, "input_field"));
+            press_key(box, Qt::Key_Return);
+        });
+        EXPECT_EQ(QtBoxes().input(all_names, "Tavernook", "old"), Optional("old"));
+    });
+}
+
+TEST(LongTextInABox, ALineWithoutABlankIsWrapped) {
+    when_modal<QDialog>([](QDialog& box) {
+        QApplication::processEvents();
+        const QScreen& screen = *box.screen();
+        EXPECT_LT(box.width(), screen.availableGeometry().width());
+        const auto& text = child<QPlainTextEdit>(box, "long_text");
+        EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0);
+        EXPECT_LT(text.height(), 10 * text.fontMetrics().lineSpacing());
+        box.close();
+    });
+    QtBoxes().input(std::string(200, 'w'), "Tavernook", "");
+}
+
+TEST(LongTextInABox, ThePageKeysScrollItWhereverTheFocusIs) {
+    const auto scroll = [](QDialog& box, QWidget& focused) {
+        QApplication::processEvents();
+        const QScrollBar& bar = *child<QPlainTextEdit>(box, "long_text").verticalScrollBar();
+        EXPECT_EQ(bar.value(), 0);
+        press_key(focused, Qt::Key_PageDown);
+        const int page = bar.value();
+        EXPECT_GT(page, 2);
+        press_key(focused, Qt::Key_PageDown);
+        press_key(focused, Qt::Key_PageUp);
+        EXPECT_EQ(bar.value(), page);
+        box.close();
+    };
+    when_modal<QMessageBox>([&](QMessageBox& box) { scroll(box, *box.buttons().constFirst()); });
+    QtBoxes().message(names(500), Buttons::yes_no, "Tavernook");
+    when_modal<QDialog>([&](QDialog& box) { scroll(box, child<QLineEdit>(box, "input_field")); });
+    QtBoxes().input(names(500), "Tavernook", "");
+}
+
+TEST(LongTextInABox, ItCanBeSelectedCopiedAndHeard) {
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        auto& text = child<QPlainTextEdit>(box, "long_text");
+        EXPECT_TRUE(text.isReadOnly());
+        EXPECT_EQ(text.focusPolicy() & Qt::TabFocus, Qt::TabFocus);
+        text.selectAll();
+        text.copy();
+        EXPECT_EQ(QApplication::clipboard()->text().toStdString(), all_names);
+        EXPECT_EQ(box.accessibleDescription().toStdString(), all_names);
+        EXPECT_EQ(text.accessibleName(), "Stores");
+        text.setFocus();
+        press_key(text, Qt::Key_Tab, QStringLiteral("\t"));
+        EXPECT_NE(box.focusWidget(), &text);
+        box.close();
+    });
+    QtBoxes().message(all_names, Buttons::ok, "Stores");
+}
+
+TEST(LongTextInABox, AShortTextStandsInALabelAndCanBeSelected) {
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.findChild<QPlainTextEdit*>("long_text"), nullptr);
+        EXPECT_TRUE(box.textInteractionFlags() & Qt::TextSelectableByMouse);
+        box.close();
+    });
+    QtBoxes().message(names(3), Buttons::ok, "Stores");
+    when_modal<QDialog>([](QDialog& box) {
+        EXPECT_EQ(box.findChild<QPlainTextEdit*>("long_text"), nullptr);
+        box.close();
+    });
+    QtBoxes().input(names(3), "Stores", "");
+}
+
+TEST(MessageBox, ACriticalQuestionBearsItsIcon) {
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Kitchen"));
+        EXPECT_EQ(box.buttons().size(), 2);
+        press_key(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtBoxes().critical("Go on?", Buttons::yes_no, "Kitchen", DefaultButton::no),
+              Answer::no);
+}
+
+bool box_is_open() {
+    return QtBoxes().is_open();
+}
+
+TEST(OpenBox, BoxesCount) {
+    EXPECT_FALSE(box_is_open());
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        EXPECT_TRUE(box_is_open());
+        box.close();
+    });
+    QtBoxes().message("Save?", Buttons::ok, "Tavernook");
+    EXPECT_FALSE(box_is_open());
+    when_modal<QDialog>([](QDialog& box) {
+        EXPECT_TRUE(box_is_open());
+        box.close();
+    });
+    QtBoxes().input("Name:", "Tavernook", "");
+    EXPECT_FALSE(box_is_open());
+}
+
+TEST(OpenBox, ModalScreensAndMenusCount) {
+    QWidget window;
+    window.show();
+    EXPECT_FALSE(box_is_open());
+    QDialog screen(&window);
+    screen.open();
+    EXPECT_TRUE(box_is_open());
+    screen.close();
+    EXPECT_FALSE(box_is_open());
+    QMenu menu(&window);
+    menu.addAction("Cut");
+    menu.popup(QPoint());
+    EXPECT_TRUE(box_is_open());
+    menu.close();
+    EXPECT_FALSE(box_is_open());
+}
+
+// The desktop's own is a dialog of the program that is not painted by it.
+TEST(OpenBox, FileDialogsCountAlsoTheDesktopsOwn) {
+    QFileDialog ours;
+    ours.open();
+    EXPECT_TRUE(box_is_open());
+    ours.close();
+    QDialog desktops;
+    desktops.setAttribute(Qt::WA_DontShowOnScreen);
+    desktops.open();
+    EXPECT_TRUE(box_is_open());
+    desktops.close();
+    EXPECT_FALSE(box_is_open());
 }
 
 Optional answer_to_typing(const QString& typed, const char* button) {

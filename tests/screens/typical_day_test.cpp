@@ -319,7 +319,7 @@ TEST_F(HouseholdDay, IsMadeUpForWhenTheProjectIsOpenedLater) {
     audit_on_startup = i16_true;
     save_after_audit = i16_true;
     press("Ctrl+S");
-    choose("Alt+F", "mnuFile_Close");
+    action("mnuFile_Close").trigger();
     platform.clock.time = may_15 + 1 + 8.0 / 24;
     for (const int opened : {1, 2}) {
         SCOPED_TRACE(opened);
@@ -342,7 +342,7 @@ TEST_F(HouseholdDay, IsMadeUpForWhenTheProjectIsOpenedLater) {
         click_cell(cell_of_may_15);
         EXPECT_EQ(label("day_state"), "Audited: taken out of the stock");
         EXPECT_EQ(project_modified, i16_false);
-        choose("Alt+F", "mnuFile_Close");
+        action("mnuFile_Close").trigger();
         EXPECT_FALSE(is_open("MealPlan"));
     }
 }

@@ -1,7 +1,6 @@
 #include "screens/frame/Main.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMetaObject>
@@ -115,7 +114,11 @@ void Main::set_status(int panel, std::string_view text) {
 }
 
 void Main::set_toolbar_state(int mode) {
-    actions_->allow_project_buttons(mode == 2);
+    const bool open = mode == 2;
+    if (!open) {
+        for (const int panel : {message_panel, audit_time_panel}) set_status(panel, "");
+    }
+    actions_->allow_project_buttons(open);
     actions_->refresh(children_->has_child_window());
 }
 
@@ -186,8 +189,7 @@ bool Main::may_close() {
 }
 
 void Main::first_tick() {
-    const bool quiet =
-        busy_ == 0 && !progress_->work_is_running() && QApplication::activeModalWidget() == nullptr;
+    const bool quiet = busy_ == 0 && !progress_->work_is_running() && !boxes().is_open();
     if (!quiet) return;
     {
         const Busy busy(*this);
@@ -240,6 +242,7 @@ void Main::tell_when_not_opened(const std::string& path) {
     const QString name = shown_path(file_name_part(path));
     set_status(message_panel,
                text_from_utf8(tr("%1 could not be opened.").arg(name).toStdString()));
+    children_->set_recent_files(actions_->recent_files());
 }
 
 void Main::show_about() {

@@ -53,6 +53,7 @@ ProjectSetup::ProjectSetup(QWidget* parent)
     settle_settings();
     show_settings();
     connect_settings();
+    keep_lists_from_wheel();
     ui_->hour_list->setFocus();
 }
 
@@ -63,6 +64,20 @@ void ProjectSetup::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (event->spontaneous()) return;
     QMetaObject::invokeMethod(this, &ProjectSetup::take_room, Qt::QueuedConnection);
+}
+
+void ProjectSetup::keep_lists_from_wheel() {
+    for (QComboBox* list : findChildren<QComboBox*>()) {
+        list->setFocusPolicy(Qt::StrongFocus);
+        list->installEventFilter(this);
+    }
+}
+
+// A list passes the wheel on: it scrolls the page and chooses nothing.
+bool ProjectSetup::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Wheel) return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 // All of it in sight where the screen has the room for it and for the window's frame; the rest

@@ -29,9 +29,11 @@ class ProjectSetup : public QDialog {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void take_room();
+    void keep_lists_from_wheel();
     void fill_lists();
     void show_settings();
     void show_audit_time_lists();

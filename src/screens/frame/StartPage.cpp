@@ -3,9 +3,16 @@
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 
+#include "core/project/previous_version.h"
+#include "platform/platform.h"
+#include "screens/frame/recent_names.h"
+#include "screens/parts/guard.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/list_parts.h"
 #include "screens/parts/shown_text.h"
 #include "ui_StartPage.h"
 
@@ -42,6 +49,25 @@ void dress_button(QToolButton* button, const QString& icon_name) {
     button->setMinimumSize(line * 10, line * 5);
 }
 
+// Wider than the two buttons beneath it together.
+void dress_main_button(QToolButton* button, const QFont& base) {
+    set_text_size(button, base, 1.3);
+    const int line = QFontMetrics(base).height();
+    button->setIcon(icon(QStringLiteral("app")));
+    button->setIconSize(QSize(line * 4, line * 4));
+    button->setMinimumSize(line * 22, line * 7);
+}
+
+// The first path with a file of a project, or with what an unfinished save has left of one.
+int newest_there(const std::vector<std::string>& paths) {
+    const auto found = std::find_if(paths.begin(), paths.end(), [](const std::string& path) {
+        bool is_there = false;
+        quietly([&] { is_there = files().exists(path) || previous_version_exists(path); });
+        return is_there;
+    });
+    return found == paths.end() ? -1 : static_cast<int>(found - paths.begin());
+}
+
 QString folder_shown(const QString& path) {
     const QString folder = QFileInfo(path).path();
     const QString home = QDir::homePath();
@@ -54,10 +80,12 @@ QString folder_shown(const QString& path) {
 
 StartPage::StartPage(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::StartPage>()) {
     ui_->setupUi(this);
-    for (QToolButton* button : {ui_->start_new, ui_->start_open}) {
+    for (QToolButton* button : {ui_->start_continue, ui_->start_new, ui_->start_open}) {
         button->setFocusPolicy(Qt::StrongFocus);
         button->setAccessibleName(button->text());
     }
+    connect(ui_->start_continue, &QToolButton::clicked, this,
+            [this] { Q_EMIT recent_wanted(newest_); });
     ui_->start_sample->setAutoDefault(true);
     ui_->start_sample->setCursor(Qt::PointingHandCursor);
     connect(ui_->start_new, &QToolButton::clicked, this, &StartPage::new_wanted);
@@ -73,7 +101,9 @@ StartPage::~StartPage() = default;
 void StartPage::show_idle() {
     ui_->start_heading->setText(QStringLiteral("Tavernook"));
     ui_->start_line->setText(tr("Open a project or start a new one."));
-    show_parts(true);
+    if (idle_) return;
+    idle_ = true;
+    offer_to_continue();
 }
 
 void StartPage::show_project(const QString& name, const QString& line) {
@@ -83,11 +113,15 @@ void StartPage::show_project(const QString& name, const QString& line) {
 }
 
 void StartPage::focus_first() {
-    if (idle_) ui_->start_new->setFocus(Qt::TabFocusReason);
+    QToolButton* first = newest_ < 0 ? ui_->start_new : ui_->start_continue;
+    if (!idle_) return;
+    first->setFocus(Qt::TabFocusReason);
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is seen from the start
 }
 
 void StartPage::show_parts(bool idle) {
     idle_ = idle;
+    ui_->start_continue->setVisible(idle && newest_ >= 0);
     ui_->start_new->setVisible(idle);
     ui_->start_open->setVisible(idle);
     ui_->start_sample->setVisible(idle);
@@ -104,30 +138,56 @@ void StartPage::set_recent_files(const std::vector<std::string>& paths) {
         item->widget()->deleteLater();
         delete item;
     }
+    paths_ = paths;
     QWidget* before = ui_->start_sample;
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        add_link(static_cast<int>(i), paths[i]);
-        QWidget* link = ui_->recent_links->itemAt(static_cast<int>(i))->widget();
+    for (std::size_t place = 0; place < paths_.size(); ++place) {
+        add_link(place);
+        QWidget* link = ui_->recent_links->itemAt(static_cast<int>(place))->widget();
         setTabOrder(before, link);
         before = link;
     }
     follow_palette_and_font();
+    offer_to_continue();
+}
+
+void StartPage::offer_to_continue() {
+    newest_ = newest_there(paths_);
+    if (newest_ >= 0) {
+        const QString path = shown_path(paths_[static_cast<std::size_t>(newest_)]);
+        const QString name = QFileInfo(path).fileName();
+        QToolButton& button = *ui_->start_continue;
+        button.setText(
+            without_mnemonics(tr("Continue with %1").arg(shortened(name, fontMetrics()))));
+        button.setToolTip(path);
+        button.setAccessibleName(tr("Continue with %1").arg(name));
+        button.setAccessibleDescription(path);
+    }
     show_parts(idle_);
 }
 
-void StartPage::add_link(int index, const std::string& path) {
-    const QString full = shown_path(path);
+// As much of the folder as there is room for; where that could be another one's, what tells it.
+QString StartPage::folder_of_link(std::size_t place) const {
+    const QString folder = folder_shown(shown_path(paths_[place]));
+    const QString whole = shortened(folder, fontMetrics());
+    const QString telling = telling_folder(place, paths_);
+    return whole == folder || telling.isEmpty() ? whole : shortened(telling, fontMetrics());
+}
+
+void StartPage::add_link(std::size_t place) {
+    const QString full = shown_path(paths_[place]);
     const QString name = QFileInfo(full).fileName();
-    auto* link =
-        new QPushButton(without_mnemonics(tr("%1   in %2").arg(name, folder_shown(full))), this);
-    link->setObjectName(QStringLiteral("recent_link_%1").arg(index + 1));
+    const QString text =
+        tr("%1   in %2").arg(shortened(name, fontMetrics()), folder_of_link(place));
+    auto* link = new QPushButton(without_mnemonics(text), this);
+    link->setObjectName(QStringLiteral("recent_link_%1").arg(place + 1));
     link->setFlat(true);
     link->setAutoDefault(true);
     link->setCursor(Qt::PointingHandCursor);
     link->setToolTip(full);
     link->setAccessibleName(tr("Open %1").arg(name));
     link->setAccessibleDescription(full);
-    connect(link, &QPushButton::clicked, this, [this, index] { Q_EMIT recent_wanted(index); });
+    connect(link, &QPushButton::clicked, this,
+            [this, place] { Q_EMIT recent_wanted(static_cast<int>(place)); });
     ui_->recent_links->addWidget(link);
 }
 
@@ -139,6 +199,7 @@ void StartPage::follow_palette_and_font() {
     for (QLabel* label : {ui_->start_line, ui_->recent_heading}) {
         set_text_colour(label, QPalette::WindowText, calm_colour(present));
     }
+    dress_main_button(ui_->start_continue, font());
     dress_button(ui_->start_new, QStringLiteral("new"));
     dress_button(ui_->start_open, QStringLiteral("open"));
     set_text_colour(ui_->start_sample, QPalette::ButtonText, present.color(QPalette::Link));
@@ -147,6 +208,19 @@ void StartPage::follow_palette_and_font() {
                         present.color(QPalette::Link));
     }
     following_ = false;
+}
+
+// Files may have come or gone meanwhile.
+void StartPage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    offer_to_continue();
+}
+
+// What Enter does to the other buttons by itself.
+void StartPage::keyPressEvent(QKeyEvent* event) {
+    auto* button = qobject_cast<QToolButton*>(focusWidget());
+    if (button != nullptr && is_enter(*event)) return button->click();
+    QWidget::keyPressEvent(event);
 }
 
 void StartPage::changeEvent(QEvent* event) {

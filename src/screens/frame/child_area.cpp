@@ -13,8 +13,11 @@
 
 namespace tavernook {
 
+// The start page lies over the area, not in it: to assistive technology an area has child windows
+// and nothing else.
 ChildArea::ChildArea(QMdiArea& area, ScreenRegistry& registry, QObject* parent)
-    : QObject(parent), area_(area), start_page_(new StartPage(area.viewport())) {
+    : QObject(parent), area_(area), start_page_(new StartPage(area.window())) {
+    area_.installEventFilter(this);
     area_.viewport()->installEventFilter(this);
     area_.setMinimumSize(start_page_->minimumSizeHint());
     connect(&area_, &QMdiArea::subWindowActivated, this, &ChildArea::changed);
@@ -24,6 +27,7 @@ ChildArea::ChildArea(QMdiArea& area, ScreenRegistry& registry, QObject* parent)
 void ChildArea::let_go() {
     gone_ = true;
     disconnect(&area_, nullptr, this, nullptr);
+    area_.removeEventFilter(this);
     area_.viewport()->removeEventFilter(this);
 }
 
@@ -44,8 +48,8 @@ void ChildArea::set_recent_files(const std::vector<std::string>& paths) {
 
 void ChildArea::refresh(bool project_is_open) {
     const bool wanted = !has_child_window();
+    const bool offered_already = !start_page_->isHidden() && start_page_->is_idle();
     if (wanted) {
-        start_page_->setGeometry(area_.viewport()->rect());
         if (project_is_open) {
             start_page_->show_project(
                 shown_path(project_name),
@@ -54,7 +58,20 @@ void ChildArea::refresh(bool project_is_open) {
             start_page_->show_idle();
         }
     }
-    if (start_page_->isHidden() == wanted) start_page_->setVisible(wanted);
+    if (start_page_->isHidden() == wanted) {
+        cover_area();
+        start_page_->setVisible(wanted);
+        start_page_->raise();
+    }
+    if (!wanted || offered_already) return;
+    // Later, as a menu may still be about to close.
+    QMetaObject::invokeMethod(this, &ChildArea::focus_start_page, Qt::QueuedConnection);
+}
+
+void ChildArea::cover_area() {
+    const QWidget& viewport = *area_.viewport();
+    start_page_->setGeometry(
+        QRect(viewport.mapTo(start_page_->parentWidget(), QPoint()), viewport.size()));
 }
 
 void ChildArea::focus_child() {
@@ -63,20 +80,25 @@ void ChildArea::focus_child() {
 }
 
 void ChildArea::focus_start_page() {
-    start_page_->focus_first();
+    if (!start_page_->isHidden()) start_page_->focus_first();
 }
 
+// The maximised ones that are restored for it come in front one by one.
 void ChildArea::tile() {
+    QMdiSubWindow* front = area_.activeSubWindow();
     area_.tileSubWindows();
+    area_.setActiveSubWindow(front);
 }
 
 void ChildArea::cascade() {
+    QMdiSubWindow* front = area_.activeSubWindow();
     area_.cascadeSubWindows();
+    area_.setActiveSubWindow(front);
 }
 
 bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize) {
-        start_page_->setGeometry(area_.viewport()->rect());
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
+        cover_area();
     } else if (event->type() == QEvent::ChildRemoved || event->type() == QEvent::ChildAdded) {
         tell_later();
     }

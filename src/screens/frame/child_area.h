@@ -44,6 +44,7 @@ class ChildArea : public QObject {
 
   private:
     void tell_later();
+    void cover_area();
 
     QMdiArea& area_;
     StartPage* start_page_;

@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "screens/frame/main_commands_table.h"
+#include "screens/frame/recent_names.h"
 #include "screens/frame/screen_registry.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/shown_text.h"
@@ -111,8 +112,11 @@ void MainActions::show_recent(std::size_t place) {
     action.setVisible(place < recent_paths_.size());
     if (!action.isVisible()) return;
     const QString path = shown_path(recent_paths_[place]);
-    const QString name = without_mnemonics(QFileInfo(path).fileName());
-    action.setText(QStringLiteral("&%1 %2").arg(place + 1).arg(name));
+    const QFontMetrics metrics = window_.fontMetrics();
+    QString name = shortened(QFileInfo(path).fileName(), metrics);
+    const QString folder = telling_folder(place, recent_paths_);
+    if (!folder.isEmpty()) name = tr("%1   in %2").arg(name, shortened(folder, metrics));
+    action.setText(QStringLiteral("&%1 ").arg(place + 1) + without_mnemonics(name));
     action.setToolTip(path);
     action.setStatusTip(path);
 }

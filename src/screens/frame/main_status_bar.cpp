@@ -1,5 +1,6 @@
 #include "screens/frame/main_status_bar.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QLabel>
 #include <QLayout>
@@ -18,12 +19,17 @@ QString line_name(std::size_t place) {
     return QStringLiteral("status_line_%1").arg(place + 1);
 }
 
+void tell(QLabel& panel, QAccessible::Event what) {
+    QAccessibleEvent event(&panel, what);
+    QAccessible::updateAccessibility(&event);
+}
+
 }  // namespace
 
 MainStatusBar::MainStatusBar(QStatusBar& bar) : bar_(bar) {
     for (std::size_t place = 0; place < panels_.size(); ++place) add_panel(place);
     panels_[message_panel - 1]->setAccessibleName(QObject::tr("Messages"));
-    panels_[audit_time_panel - 1]->setAccessibleName(QObject::tr("Time of the daily audit"));
+    panels_[audit_time_panel - 1]->setAccessibleName(QObject::tr("Daily audit"));
     QLabel& activity = *panels_[activity_panel - 1];
     activity.setAccessibleName(QObject::tr("Present activity"));
     activity.setMinimumWidth(
@@ -51,6 +57,8 @@ void MainStatusBar::set_text(int panel, std::string_view text) {
     const QString shown = shown_text(text);
     if (label.text() == shown) return;
     label.setText(shown);
+    tell(label, QAccessible::NameChanged);
+    if (panel == message_panel && !shown.isEmpty()) tell(label, QAccessible::Alert);
     // An empty panel needs no line before it.
     if (auto* line = bar_.findChild<QFrame*>(line_name(place))) line->setVisible(!shown.isEmpty());
     if (!bar_.window()->isVisible()) return;

@@ -1,5 +1,5 @@
 // The three panels of the main window's status bar: messages, the time of the daily audit, and what
-// is being done.
+// is being done. Assistive technology hears each text as it comes, a message as an alert.
 #pragma once
 
 #include <array>

@@ -16,8 +16,9 @@ namespace tavernook {
 namespace {
 
 template <typename Screen>
-void add(ScreenRegistry& registry, const char* name) {
-    registry.add(QLatin1String(name), [] { return new Screen; });
+void add(ScreenRegistry& registry, const char* name, Opens opens = Opens::over_the_area) {
+    registry.add(
+        QLatin1String(name), [] { return new Screen; }, opens);
 }
 
 }  // namespace
@@ -25,13 +26,13 @@ void add(ScreenRegistry& registry, const char* name) {
 void register_screens(Main& main) {
     ScreenRegistry& registry = main.registry();
     add<FoodInventory>(registry, "FoodInventory");
-    add<LotView>(registry, "LotView");
+    add<LotView>(registry, "LotView", Opens::at_its_size);
     add<Mealbuilder>(registry, "Mealbuilder");
     add<ShoppingList>(registry, "ShoppingList");
     add<MealPlan>(registry, "MealPlan");
-    add<StoresForm>(registry, "StoresForm");
-    add<UnitsForm>(registry, "UnitsForm");
-    add<wam>(registry, "wam");
+    add<StoresForm>(registry, "StoresForm", Opens::at_its_size);
+    add<UnitsForm>(registry, "UnitsForm", Opens::at_its_size);
+    add<wam>(registry, "wam", Opens::at_its_size);
 }
 
 }  // namespace tavernook

@@ -1,6 +1,7 @@
 #include "screens/frame/screen_registry.h"
 
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <functional>
 #include <utility>
@@ -16,8 +17,17 @@ void remember(const QMdiSubWindow& child) {
     if (child.widget() != nullptr) remember_screen(*child.widget());
 }
 
+// The one that the user was on before it.
+void bring_last_in_front(QMdiArea& area) {
+    QMdiSubWindow* last = nullptr;
+    for (QMdiSubWindow* child : area.subWindowList(QMdiArea::ActivationHistoryOrder)) {
+        if (child->isVisible()) last = child;
+    }
+    if (last != nullptr) area.setActiveSubWindow(last);
+}
+
 // The child window around a screen; tells when the user has closed it, and remembers what he has
-// arranged. Not whenever it hides: it does so for a moment, too, when another one comes in front.
+// arranged. Not whenever it hides: it does so for a moment, too, when it is maximised or restored.
 class ChildWindow : public QMdiSubWindow {
   public:
     ChildWindow(std::function<void()> closed, std::function<void()> hidden)
@@ -32,14 +42,24 @@ class ChildWindow : public QMdiSubWindow {
         if (event->isAccepted()) closed_();
     }
 
+    void changeEvent(QEvent* event) override {
+        const bool was_changing = std::exchange(is_changing_, true);
+        QMdiSubWindow::changeEvent(event);
+        is_changing_ = was_changing;
+    }
+
     void hideEvent(QHideEvent* event) override {
         QMdiSubWindow::hideEvent(event);
-        if (!event->spontaneous()) hidden_();
+        if (event->spontaneous()) return;
+        const bool has_left = isHidden() && !is_changing_ && mdiArea() != nullptr;
+        if (has_left) bring_last_in_front(*mdiArea());
+        hidden_();
     }
 
   private:
     std::function<void()> closed_;
     std::function<void()> hidden_;
+    bool is_changing_ = false;
 };
 
 QMdiSubWindow* child_window(QWidget* screen) {
@@ -48,8 +68,16 @@ QMdiSubWindow* child_window(QWidget* screen) {
 
 }  // namespace
 
-void ScreenRegistry::add(const QString& name, Factory factory) {
-    factories_[name] = std::move(factory);
+// Each child window keeps its own state: with Qt's habit of handing it on to the next one in front,
+// a screen that goes from sight would shrink the others. Behind one that is closed comes the one
+// that the user was on before.
+ScreenRegistry::ScreenRegistry(QMdiArea& area) : area_(area) {
+    area_.setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    area_.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+}
+
+void ScreenRegistry::add(const QString& name, Factory factory, Opens opens) {
+    kinds_[name] = {std::move(factory), opens};
 }
 
 QWidget* ScreenRegistry::loaded(const QString& name) const {
@@ -59,9 +87,9 @@ QWidget* ScreenRegistry::loaded(const QString& name) const {
 
 bool ScreenRegistry::load(const QString& name) {
     if (loaded(name) != nullptr) return true;
-    const auto factory = factories_.find(name);
-    if (factory == factories_.end()) return false;
-    QWidget* screen = factory->second();
+    const auto kind = kinds_.find(name);
+    if (kind == kinds_.end()) return false;
+    QWidget* screen = kind->second.factory();
     screen->setObjectName(name);
     auto* child = new ChildWindow([this, name] { loaded_.erase(name); },
                                   [this] {
@@ -79,17 +107,37 @@ bool ScreenRegistry::load(const QString& name) {
 bool ScreenRegistry::show(const QString& name) {
     if (!load(name)) return false;
     QMdiSubWindow* child = child_window(loaded(name));
-    const QMdiSubWindow* present = area_.activeSubWindow();
-    const bool maximised =
-        present == nullptr ? !was_arranged(*loaded(name)) : present->isMaximized();
-    if (!child->isVisible() && maximised) {
-        child->showMaximized();
-    } else {
-        child->show();
-    }
+    if (!child->isVisible()) come_up(name);
     area_.setActiveSubWindow(child);
     loaded(name)->setFocus();
     return true;
+}
+
+void ScreenRegistry::come_up(const QString& name) {
+    QWidget& screen = *loaded(name);
+    QMdiSubWindow* child = child_window(&screen);
+    if (kinds_.at(name).opens == Opens::at_its_size) {
+        child->showNormal();
+        area_.window()->layout()->activate();  // the menu bar may have changed its height with it
+        return give_its_size(screen);
+    }
+    const QMdiSubWindow* front = front_one_over_the_area();
+    const bool maximised = front == nullptr ? !was_arranged(screen) : front->isMaximized();
+    if (maximised) {
+        child->showMaximized();
+    } else {
+        child->showNormal();
+    }
+}
+
+const QMdiSubWindow* ScreenRegistry::front_one_over_the_area() const {
+    const QMdiSubWindow* front = nullptr;
+    for (const QMdiSubWindow* child : area_.subWindowList(QMdiArea::ActivationHistoryOrder)) {
+        if (!child->isVisible() || child->widget() == nullptr) continue;
+        const auto kind = kinds_.find(child->widget()->objectName());
+        if (kind != kinds_.end() && kind->second.opens == Opens::over_the_area) front = child;
+    }
+    return front;
 }
 
 bool ScreenRegistry::settle_edits() {
@@ -112,9 +160,11 @@ void ScreenRegistry::unload_all() {
     }
 }
 
+// The one in front last, so that none comes in front meanwhile.
 void ScreenRegistry::hide_all() {
-    for (QMdiSubWindow* child : area_.subWindowList()) remember(*child);
-    for (QMdiSubWindow* child : area_.subWindowList()) child->hide();
+    const auto children = area_.subWindowList(QMdiArea::ActivationHistoryOrder);
+    for (QMdiSubWindow* child : children) remember(*child);
+    for (QMdiSubWindow* child : children) child->hide();
 }
 
 }  // namespace tavernook

@@ -13,26 +13,30 @@
 
 namespace tavernook {
 
+// How a screen comes up: over the whole area as long as the user has not arranged the screens
+// otherwise, or as a window in the middle, of the size of what it shows.
+enum class Opens { over_the_area, at_its_size };
+
 class ScreenRegistry : public ports::Screens, public ScreenSwitch {
   public:
     // Makes a screen; it becomes the content of a child window and goes with it.
     using Factory = std::function<QWidget*()>;
 
     // The area outlives the registry's use.
-    explicit ScreenRegistry(QMdiArea& area) : area_(area) {}
+    explicit ScreenRegistry(QMdiArea& area);
 
-    void add(const QString& name, Factory factory);
+    void add(const QString& name, Factory factory, Opens opens = Opens::over_the_area);
 
     // `changed` is called when a child window has gone from sight without being closed.
     void when_hidden(std::function<void()> changed) { hidden_ = std::move(changed); }
-    bool knows(const QString& name) const { return factories_.count(name) > 0; }
+    bool knows(const QString& name) const { return kinds_.count(name) > 0; }
 
     // Nothing while the screen is not loaded.
     QWidget* loaded(const QString& name) const override;
 
     // These return false for a screen that is not known. `show` brings a loaded screen to the
-    // front; the first child window comes up as it was last left, at first maximised, and further
-    // ones follow what the user has.
+    // front. Of those over the area the first comes up as it was last left, at first maximised, and
+    // further ones follow what the user has. None changes how another one stands.
     bool load(const QString& name) override;
     bool show(const QString& name) override;
 
@@ -46,8 +50,16 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     void load_food_inventory() override { load(QStringLiteral("FoodInventory")); }
 
   private:
+    struct Kind {
+        Factory factory;
+        Opens opens;
+    };
+
+    void come_up(const QString& name);
+    const QMdiSubWindow* front_one_over_the_area() const;
+
     QMdiArea& area_;
-    std::map<QString, Factory> factories_;
+    std::map<QString, Kind> kinds_;
     std::map<QString, QPointer<QWidget>> loaded_;
     std::function<void()> hidden_;
 };

@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <string>
 
+#include "core/program_state.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 #include "screens/frame/window_place.h"
@@ -22,6 +23,13 @@ QList<QRect> places_on_screens() {
         if (screen != QGuiApplication::primaryScreen()) places.append(screen->availableGeometry());
     }
     return places;
+}
+
+// Nothing remembered, in neither place, is the first start.
+bool opens_maximised() {
+    const std::string stored = settings_store().get(settings_section, "Maximised");
+    const bool first_start = stored.empty() && window_geometry == WindowGeometry{};
+    return stored == "1" || (first_start && is_small(places_on_screens().first()));
 }
 
 }  // namespace
@@ -59,7 +67,7 @@ void restore_window(QMainWindow& window) {
         if (!toolbars.empty()) {
             window.restoreState(QByteArray::fromBase64(QByteArray::fromStdString(toolbars)));
         }
-        if (settings_store().get(settings_section, "Maximised") == "1") {
+        if (opens_maximised()) {
             window.setWindowState(window.windowState() | Qt::WindowMaximized);
         }
     };

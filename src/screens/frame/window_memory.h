@@ -14,6 +14,7 @@ WindowGeometry present_geometry(const QMainWindow& window);
 void place_window(QMainWindow& window, const WindowGeometry& geometry);
 
 // Its toolbars, and whether it is maximised, in the user's settings store. A box tells what fails.
+// With nothing to restore it is maximised on a small screen.
 void remember_window(const QMainWindow& window);
 void restore_window(QMainWindow& window);
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int title_height = 24;   // what can be gripped of a window
 constexpr int least_visible = 96;  // so much of its title must be on a screen
+constexpr int roomy_width = 1600;  // of a screen
 
 i16 cut_to_i16(int value) {
     using Limits = std::numeric_limits<i16>;
@@ -57,6 +58,10 @@ QRect designed_place(const QRect& screen) {
     QRect place(0, 0, screen.width() * 7 / 10, screen.height() * 7 / 10);
     place.moveCenter(screen.center());
     return place;
+}
+
+bool is_small(const QRect& screen) {
+    return screen.width() < roomy_width;
 }
 
 QRect reachable_place(const QRect& wanted, const QList<QRect>& screens) {

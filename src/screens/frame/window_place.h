@@ -15,6 +15,9 @@ QRect rect_from_geometry(const WindowGeometry& geometry);
 // About 70 % of the screen, in its middle.
 QRect designed_place(const QRect& screen);
 
+// A part of it would be too little for the window.
+bool is_small(const QRect& screen);
+
 // `wanted`, moved and shrunk as far as is needed for the user to get hold of its title on one of
 // the `screens`, of which there is at least one. A wanted rectangle without a size takes the
 // designed one.

@@ -1,6 +1,7 @@
 #include "screens/parts/application.h"
 
 #include "screens/parts/guard.h"
+#include "screens/parts/label_access.h"
 
 namespace tavernook {
 
@@ -19,6 +20,10 @@ void tell_of_present_exception() noexcept {
 }
 
 }  // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    install_label_access();
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {

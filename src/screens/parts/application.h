@@ -16,7 +16,7 @@ namespace tavernook {
 
 class Application : public QApplication {
   public:
-    using QApplication::QApplication;
+    Application(int& argc, char** argv);
 
     // False for an event whose receiver threw.
     bool notify(QObject* receiver, QEvent* event) override;

@@ -5,7 +5,10 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
+#include <QTreeView>
+#include <algorithm>
 
 #include "core/trap.h"
 #include "platform/platform.h"
@@ -64,9 +67,9 @@ QString columns_key(const QHeaderView& header) {
 
 // The child window around the screen, or the screen itself where it is a dialog. None as long as
 // it stands in neither.
-QWidget* window_of(QWidget& screen) {
+QWidget* window_of(const QWidget& screen) {
     if (auto* child = qobject_cast<QMdiSubWindow*>(screen.parentWidget())) return child;
-    return qobject_cast<QDialog*>(&screen);
+    return qobject_cast<QDialog*>(const_cast<QWidget*>(&screen));
 }
 
 // An area that is not shown yet has no size to go by.
@@ -86,22 +89,53 @@ void restore_size(QWidget& screen) {
     if (!size.isEmpty()) window->resize(size.boundedTo(room_for(*window)));
 }
 
-// Of several maximised child windows only the one in front is so; the others become it in front.
-bool counts_as_maximised(const QWidget& window) {
-    const auto* child = qobject_cast<const QMdiSubWindow*>(&window);
-    if (window.isMaximized() || child == nullptr) return window.isMaximized();
-    const QMdiSubWindow* front = child->mdiArea()->currentSubWindow();
-    return front != nullptr && front->isMaximized();
-}
+// The size that `give_its_size` gave is none that the user has chosen.
+constexpr const char* given_size = "given_size";
 
 void remember_size(QWidget& screen) {
     const QWidget* window = window_of(screen);
     if (window == nullptr || window->isMinimized()) return;
-    const bool arranged = !counts_as_maximised(*window);
+    if (window->property(given_size).toSize() == window->size()) return;
+    const bool arranged = !window->isMaximized();
     store(screen, QStringLiteral("Arranged"), arranged ? "1" : "0");
     if (!arranged) return;
     store(screen, QStringLiteral("Size"),
           QByteArray::number(window->width()) + 'x' + QByteArray::number(window->height()));
+}
+
+int width_of_columns(const QAbstractItemView& view) {
+    const auto* tree = qobject_cast<const QTreeView*>(&view);
+    if (tree == nullptr) return view.sizeHintForColumn(0);
+    int width = 0;
+    for (int column = 0; column < tree->header()->count(); ++column) {
+        const bool stretches =
+            tree->header()->stretchLastSection() && column == tree->header()->count() - 1;
+        width += std::max({tree->header()->sectionSizeHint(column), view.sizeHintForColumn(column),
+                           stretches ? 0 : tree->columnWidth(column)});
+    }
+    return width;
+}
+
+// What a flat list lacks to have all its rows and columns in sight.
+QSize lacking(const QAbstractItemView& view) {
+    const auto* tree = qobject_cast<const QTreeView*>(&view);
+    const int rows = view.model() == nullptr ? 0 : view.model()->rowCount();
+    if (rows == 0) return {0, 0};
+    const int bar = view.verticalScrollBar()->sizeHint().width();
+    const int header = tree == nullptr ? 0 : tree->header()->height();
+    const int frame = 2 * view.frameWidth();
+    const QSize wanted(width_of_columns(view) + bar + frame,
+                       (rows + 1) * view.sizeHintForRow(0) + header + frame);
+    return (wanted - view.size()).expandedTo(QSize(0, 0));
+}
+
+QSize size_for_what_is_shown(const QWidget& screen) {
+    QSize more(0, 0);
+    for (const auto* view : screen.findChildren<QAbstractItemView*>()) {
+        const bool is_list = has_own_name(*view) && !qobject_cast<const QHeaderView*>(view);
+        if (is_list && view->isVisible()) more = more.expandedTo(lacking(*view));
+    }
+    return window_of(screen)->size() + more;
 }
 
 // A screen that cannot be remembered comes up as designed; nobody is stopped for it.
@@ -134,6 +168,19 @@ void remember_screen(QWidget& screen) {
             store(screen, columns_key(*header), header->saveState().toBase64());
         }
     });
+}
+
+void give_its_size(QWidget& screen) {
+    QWidget* window = window_of(screen);
+    const QSize room = room_for(*window);
+    const bool given = !was_arranged(screen);
+    if (given) {
+        window->resize(window->sizeHint().boundedTo(room));
+        window->resize(size_for_what_is_shown(screen));
+    }
+    window->resize(window->size().expandedTo(window->minimumSizeHint()).boundedTo(room));
+    window->move((room.width() - window->width()) / 2, (room.height() - window->height()) / 2);
+    window->setProperty(given_size, given ? window->size() : QSize());
 }
 
 bool was_arranged(const QWidget& screen) {

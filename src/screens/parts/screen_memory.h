@@ -11,6 +11,11 @@ namespace tavernook {
 void restore_screen(QWidget& screen);
 void remember_screen(QWidget& screen);
 
+// The child window of a screen that has come in sight takes the size that the user has given it, or
+// else one that shows all rows of its lists, and stands in the middle of the area; never larger
+// than that. Such a size of its own is not remembered, so that it can follow what there is to show.
+void give_its_size(QWidget& screen);
+
 // Whether the child window had a size of its own, not the whole area, when it was last open.
 bool was_arranged(const QWidget& screen);
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/changes.h"
+#include "core/project/settings_file.h"
 #include "screens/frame/About.h"
 #include "screens/frame/register_screens.h"
 #include "screens/main_window_fixture.h"
@@ -369,6 +370,27 @@ TEST_F(MainWindow, MaximisedItRemembersItsNormalPlace) {
     EXPECT_EQ(platform.settings.get("Window", "Maximised"), "1");
 }
 
+TEST_F(MainWindow, TheFirstStartTakesTheWholeOfASmallScreen) {
+    ASSERT_LT(window.screen()->availableGeometry().width(), 1600);
+    Main first;
+    first.load("");
+    EXPECT_TRUE(first.isMaximized());
+    EXPECT_EQ(first.normalGeometry().size(), window.screen()->availableGeometry().size() * 7 / 10);
+}
+
+TEST_F(MainWindow, AnyLaterStartIsAsTheUserLeftIt) {
+    platform.settings.set("Window", "Maximised", "0");
+    Main second;
+    second.load("");
+    EXPECT_FALSE(second.isMaximized());
+    platform.settings.set("Window", "Maximised", "");
+    window_geometry = {.height = 510, .width = 620, .left = 33, .top = 44};
+    save_window_state();
+    Main third;
+    third.load("");
+    EXPECT_FALSE(third.isMaximized());
+}
+
 TEST_F(MainWindow, ToolbarsAndMaximisingAreRestored) {
     bar("toolbar_2").hide();
     window.showMaximized();
@@ -414,6 +436,35 @@ TEST_F(MainWindow, TheAuditWaitsForWorkAndBoxes) {
     EXPECT_TRUE(tick("timer_2"));
     EXPECT_TRUE(tick("timer_1"));
     EXPECT_EQ(panel(3), "Ready");
+}
+
+class OpenBoxes : public FakeBoxes {
+  public:
+    bool is_open() override { return open; }
+    bool open = true;
+};
+
+TEST_F(MainWindow, TheAuditWaitsWhileAnythingWaitsForTheUser) {
+    OpenBoxes waiting;
+    set_platform({.clock = &platform.clock,
+                  .boxes = &waiting,
+                  .file_dialogs = &platform.dialogs,
+                  .files = &platform.files,
+                  .settings_store = &platform.settings,
+                  .file_associations = &platform.associations,
+                  .project_lock = &platform.lock,
+                  .system_info = &platform.system,
+                  .help_viewer = &platform.help,
+                  .save_progress = &window.progress(),
+                  .main = &window,
+                  .screens = &window.registry()});
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Start-up");
+    EXPECT_TRUE(tick("timer_2"));
+    waiting.open = false;
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(panel(3), "Ready");
+    window.end_program();  // before the boxes go
 }
 
 // A day of last year that takes one of ten bags of flour.

@@ -2,8 +2,11 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QToolBar>
 #include <QTreeView>
+#include <QWheelEvent>
 
 #include "gui_support/modal_driver.h"
 #include "screens/child_screen_fixture.h"
@@ -224,6 +227,42 @@ TEST_F(ProjectSetupTest, TheButtonsStayInSightWhereThereIsLittleRoom) {
         const auto& ok = child<QPushButton>(setup, "ok_button");
         EXPECT_LE(ok.mapTo(&setup, ok.rect().bottomRight()).y(), 250);
     });
+}
+
+// One notch towards the user.
+void turn_wheel(QWidget& widget) {
+    const QPointF at = widget.rect().center();
+    QWheelEvent turn(at, widget.mapToGlobal(at), QPoint(), QPoint(0, -120), Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &turn);
+}
+
+TEST_F(ProjectSetupTest, TheWheelChangesNoListAndScrollsThePage) {
+    font_size = 10;
+    in_setup([this](ProjectSetup& setup) {
+        settle();
+        setup.resize(500, 250);
+        settle();
+        const auto lists = setup.findChildren<QComboBox*>();
+        ASSERT_GE(lists.size(), 7);
+        int scrolled = 0;
+        QScrollBar& bar = *child<QScrollArea>(setup, "setup_scroll").verticalScrollBar();
+        for (QComboBox* one : lists) {
+            one->setFocus();
+            settle();
+            bar.setValue(0);
+            const int before = one->currentIndex();
+            turn_wheel(*one);
+            EXPECT_EQ(one->currentIndex(), before) << one->objectName().toStdString();
+            if (one->isEnabled()) scrolled += bar.value() > 0;
+        }
+        EXPECT_GE(scrolled, 6);
+        auto& minutes = list(setup, "minute_list");
+        const int before = minutes.currentIndex();
+        QTest::keyClick(&minutes, Qt::Key_Down);
+        EXPECT_EQ(minutes.currentIndex(), before + 1);
+    });
+    EXPECT_EQ(font_size, 10);
 }
 
 TEST_F(ProjectSetupTest, TheCaptionsOfTheToolbarsFollowAtOnce) {

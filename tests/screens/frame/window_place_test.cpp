@@ -50,5 +50,11 @@ TEST(WindowPlace, WithoutASizeItTakesTheDesignedOne) {
               QRect(10, 20, 700, 560));
 }
 
+TEST(WindowPlace, AScreenLessThan1600WideIsSmall) {
+    EXPECT_TRUE(is_small(QRect(0, 0, 1366, 768)));
+    EXPECT_TRUE(is_small(QRect(1920, 0, 1599, 1200)));
+    EXPECT_FALSE(is_small(QRect(0, 0, 1600, 900)));
+}
+
 }  // namespace
 }  // namespace tavernook
