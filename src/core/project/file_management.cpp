@@ -124,8 +124,8 @@ bool read_project() {
     return ending.whole && !ends_early;
 }
 
-// Whether a save came to its end here; a trial reading, after which the tables are reset. That
-// cannot be told without it: bytes that never reached the disk leave no gap.
+// Whether a save came to its end here and what it wrote can be read: a trial reading, after which
+// the tables are reset.
 bool was_saved_whole() {
     bool whole = false;
     trap(
@@ -138,7 +138,7 @@ bool was_saved_whole() {
     return whole;
 }
 
-// True when the previous version has only been forgotten: the project itself is whole.
+// True when the previous version can go once the project, which is whole, has been read.
 bool settle_previous_version() {
     if (!previous_version_exists(project_path)) return false;
     if (was_saved_whole()) return true;
@@ -205,10 +205,10 @@ void open_project() {
     files().remove_left_over(folder_of(project_path));
     forget_project_file(project_path);  // what it was when it was last seen says nothing now
     const std::optional<FileStamp> found = stamp_if_readable(project_path);
-    const bool previous_is_forgotten = settle_previous_version();
+    const bool previous_can_go = settle_previous_version();
     if (!files().exists(project_path)) throw Fault(fault_number::file_not_found);
     const bool file_is_whole = read_project();
-    if (previous_is_forgotten) drop_previous_version(project_path);
+    if (previous_can_go) drop_previous_version(project_path);
     settle_companions(file_is_whole ? found : FileStamp{});
     bring_screens_up(file_is_whole);
     keep_only_claim(project_path);
