@@ -26,8 +26,9 @@ constexpr const char* not_settled =
 constexpr const char* text_not_settled =
     "A recipe text that was saved under this project's name could not be put in its place.";
 
-// The stem of the project that a Save As leaves.
+// Of the project that a Save As leaves.
 std::optional<std::string> stem_left;
+std::string path_left;
 bool are_prepared = false;
 bool are_packed = false;
 
@@ -62,6 +63,7 @@ void commit_under_the_same_name() {
 
 CompanionsTakenAlong::CompanionsTakenAlong() {
     stem_left = project_stem();
+    path_left = project_path;
 }
 
 CompanionsTakenAlong::~CompanionsTakenAlong() {
@@ -71,6 +73,11 @@ CompanionsTakenAlong::~CompanionsTakenAlong() {
     }
     are_prepared = false;
     stem_left.reset();
+    path_left.clear();
+}
+
+const std::string& project_left() noexcept {
+    return path_left;
 }
 
 void prepare_companions() {

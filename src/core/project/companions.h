@@ -27,6 +27,9 @@ class CompanionsTakenAlong {
     CompanionsTakenAlong& operator=(const CompanionsTakenAlong&) = delete;
 };
 
+// The path of the project that a Save As leaves; empty while none is under way.
+const std::string& project_left() noexcept;
+
 // Before the project file is touched. Only a new name has anything to prepare. Throws what the file
 // layer throws: a text that cannot be taken along fails the save.
 void prepare_companions();

@@ -25,7 +25,8 @@ void refuse_write_protected_file() {
 }
 
 // A save starts from no file at all; that there was none to delete is no error. The result is where
-// the file lies whose place the new one takes.
+// the file lies whose place the new one takes, or, under a new name, the project that it comes from:
+// the copy tells as much as that one.
 std::string delete_project_file(const std::string& other_content) {
     const std::string aside = set_previous_version_aside(project_path);
     try {
@@ -33,7 +34,8 @@ std::string delete_project_file(const std::string& other_content) {
     } catch (const Fault& fault) {
         if (fault.number != fault_number::file_not_found) throw;
     }
-    return other_content.empty() ? aside : other_content;
+    const std::string replaced = other_content.empty() ? aside : other_content;
+    return files().exists(replaced) ? replaced : project_left();
 }
 
 void write_sections_and_setup(File& file) {

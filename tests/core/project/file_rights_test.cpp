@@ -103,6 +103,14 @@ TEST_F(FileRights, WhatASaveThatFailsLeavesIsNoWiderThanTheProject) {
     EXPECT_EQ(mode_of(platform.path("home.previous.tvk")), 0600U);
 }
 
+TEST_F(FileRights, ACopyOfAPrivateProjectUnderANewNameIsPrivate) {
+    set_mode(home, 0600);
+    const std::string cabin = home.substr(0, home.size() - 8) + "cabin.tvk";
+    user_saves_as(cabin);
+    EXPECT_EQ(store_on_disk(cabin), "Bakery");
+    EXPECT_EQ(mode_of(cabin), 0600);
+}
+
 TEST_F(FileRights, APrivateProjectHasPrivateTexts) {
     set_mode(home, 0600);
     store_document(7, "{\\rtf1 Soup}");
