@@ -2,8 +2,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QToolBar>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -237,30 +235,22 @@ void turn_wheel(QWidget& widget) {
     QApplication::sendEvent(&widget, &turn);
 }
 
-TEST_F(ProjectSetupTest, TheWheelChangesNoListAndScrollsThePage) {
+TEST_F(ProjectSetupTest, TheWheelChangesNoList) {
     font_size = 10;
-    in_setup([this](ProjectSetup& setup) {
-        settle();
-        setup.resize(500, 250);
-        settle();
+    audit_hour = 9;
+    audit_minute = 30;
+    in_setup([](ProjectSetup& setup) {
         const auto lists = setup.findChildren<QComboBox*>();
         ASSERT_GE(lists.size(), 7);
-        int scrolled = 0;
-        QScrollBar& bar = *child<QScrollArea>(setup, "setup_scroll").verticalScrollBar();
         for (QComboBox* one : lists) {
             one->setFocus();
-            settle();
-            bar.setValue(0);
-            const int before = one->currentIndex();
+            const int chosen = one->currentIndex();
             turn_wheel(*one);
-            EXPECT_EQ(one->currentIndex(), before) << one->objectName().toStdString();
-            if (one->isEnabled()) scrolled += bar.value() > 0;
+            EXPECT_EQ(one->currentIndex(), chosen) << one->objectName().toStdString();
         }
-        EXPECT_GE(scrolled, 6);
         auto& minutes = list(setup, "minute_list");
-        const int before = minutes.currentIndex();
         QTest::keyClick(&minutes, Qt::Key_Down);
-        EXPECT_EQ(minutes.currentIndex(), before + 1);
+        EXPECT_EQ(minutes.currentIndex(), 31);
     });
     EXPECT_EQ(font_size, 10);
 }
