@@ -81,17 +81,29 @@ void write_blocks() {
     }
 }
 
-// The mark goes when all else is on the disk, so that a file without it is whole.
+// The mark goes when all else is on the disk, so that a file without it is whole. Beside a whole
+// content it says nothing: that it could not go fails no save.
+void take_mark_away(File& file) {
+    trap(
+        [&] {
+            project_file::mark_as_written(file);
+            file.flush();
+        },
+        [](const Fault&) {});
+}
+
+// Nothing fails any more when the content and its name are on the disk.
 void finish_project_file(const std::string& model) {
     {
         const std::unique_ptr<File> file = files().open(project_path, OpenMode::read_write);
         take_attributes_of(model, project_path);
         file->flush();
-        project_file::mark_as_written(*file);
-        file->flush();
+        files().flush_folder(folder_of(project_path));
+        take_mark_away(*file);
     }
-    files().flush_folder(folder_of(project_path));
-    project_file_is_known(project_path, files().stamp(project_path));
+    if (const auto stamp = stamp_if_readable(project_path)) {
+        project_file_is_known(project_path, *stamp);
+    }
     drop_previous_version(project_path);
 }
 

@@ -229,9 +229,9 @@ void forget_last_block(const std::string& path) {
 // --- after a previous version --------------------------------------------------------------------
 
 TEST_F(Companions, MovesOfAnInterruptedSaveGoWhenThePreviousVersionIsPutBack) {
-    // The new file is whole; what was missing is the removal of the previous version.
     const std::string before = read_whole_file(home);
     mnuFile_Save();
+    forget_last_block(home);
     put(platform.path("home.previous.tvk"), before);
     put(report("home", flour), saved_moves);
     put(in_program("reports/home000003.tmp"), saved_moves + flour_move);
@@ -259,6 +259,9 @@ TEST_F(Companions, AFileThatIsNotWholeHasNoMoves) {
     put(in_program("reports/home000003.tmp"), saved_moves + flour_move);
     forget_last_block(home);
     end_and_start_again();
+    platform.boxes.expect_message(
+        "The project file home.tvk ends too early: the servings of the recipes are missing; the "
+        "first save keeps the file as it is now beside the project.");
     user_opens(home);
     expect_open(home, "home.tvk");
     EXPECT_EQ(bytes_of(report("home", flour)), saved_moves);

@@ -118,7 +118,7 @@ TEST_F(FileRights, APrivateProjectHasPrivateTexts) {
     mnuFile_Save();
     store_document(7, "{\\rtf1 Stew}");
     EXPECT_EQ(mode_of(text_path()), 0600U);
-    EXPECT_EQ(mode_of(in_program("recipes/home000007.bak")), 0600U);
+    EXPECT_EQ(mode_of(in_program("recipes/home000007.before")), 0600U);
 }
 
 TEST_F(FileRights, ATextKeepsItsRights) {
@@ -138,7 +138,7 @@ TEST_F(FileRights, ATextThatGoesBackHasTheRightsItHad) {
     mnuFile_Save();
     set_mode(text_path(), 0600);
     store_document(7, "{\\rtf1 Broth}");
-    EXPECT_EQ(mode_of(in_program("recipes/home000007.bak")), 0600U);
+    EXPECT_EQ(mode_of(in_program("recipes/home000007.before")), 0600U);
     restore_documents();
     EXPECT_EQ(read_whole_file(text_path()), "{\\rtf1 Stew}");
     EXPECT_EQ(mode_of(text_path()), 0600U);
@@ -224,7 +224,7 @@ TEST_F(FileRights, AWriteProtectedTextIsNotReplaced) {
         EXPECT_EQ(fault.number, fault_number::permission_denied);
     }
     EXPECT_EQ(read_whole_file(text_path()), "{\\rtf1 Soup}");
-    EXPECT_FALSE(exists(in_program("recipes/home000007.bak")));
+    EXPECT_FALSE(exists(in_program("recipes/home000007.before")));
     EXPECT_EQ(project_modified, 0);
 }
 
