@@ -18,6 +18,11 @@ class SaveElsewhere : public SaveSafety {
         other_bytes = read_whole_file(other);
     }
 
+    // The mark of a file in writing, which says nothing beside a whole content, may have stayed.
+    static std::string without_mark(const std::string& bytes) {
+        return Image(bytes).put(49, std::string(1, '\0')).bytes;
+    }
+
     // The version of `other` that the user can get back is the whole one from before or the new.
     void expect_one_whole_version(const std::vector<std::string>& new_versions) {
         reset_program_state();
@@ -25,7 +30,7 @@ class SaveElsewhere : public SaveSafety {
         set_project_path(other);
         Project_Open();
         EXPECT_EQ(project_load_failed, 0);
-        const std::string now = read_whole_file(other);
+        const std::string now = without_mark(read_whole_file(other));
         EXPECT_TRUE(now == other_bytes ||
                     std::find(new_versions.begin(), new_versions.end(), now) != new_versions.end());
     }
@@ -43,7 +48,7 @@ class SaveElsewhere : public SaveSafety {
             return "half";
         }
         EXPECT_TRUE(notes.texts.empty()) << notes.texts[0];
-        const std::string bytes = Image(read_whole_file(path)).put(49, std::string(1, '\0')).bytes;
+        const std::string bytes = without_mark(read_whole_file(path));
         if (bytes == fresh) return "fresh";
         const TableSnapshot now;
         if (now.difference(*old_tables).empty()) return "old";

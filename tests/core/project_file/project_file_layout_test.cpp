@@ -84,8 +84,8 @@ TEST_F(ProjectFileLayout, TheOrderOfTheFileOperationsIsFixed) {
                                                opened,  // front; six blocks
                                                opened,
                                                "flush home.tvk",
-                                               "flush home.tvk",  // without its mark
                                                "flush_folder",
+                                               "flush home.tvk",  // without its mark
                                                "remove home.previous.tvk"};
     EXPECT_EQ(steps, expected);
 }
