@@ -22,7 +22,11 @@ TempFolder::~TempFolder() {
 std::string read_whole_file(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) throw std::runtime_error("cannot open " + path);
-    return {std::istreambuf_iterator<char>(file), {}};
+    // At once: letter by letter takes the sanitizers a hundred times as long.
+    std::string bytes(std::filesystem::file_size(path), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
 }
 
 void write_whole_file(const std::string& path, std::string_view bytes) {
