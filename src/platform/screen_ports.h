@@ -77,7 +77,7 @@ class MealPlan {
 
     // Plan on the day shown; see planning/day_plans.
     virtual void Add_Item(i16 item, f64 servings) = 0;
-    virtual void add_meal(i16 recipe, f64 quantity) = 0;
+    virtual bool add_meal(i16 recipe, f64 quantity) = 0;  // false: not planned, and it says why
 
     virtual void populate_day() = 0;               // the day of the selected date
     virtual void populate_days_Meals_Items() = 0;  // the list of current_day, then its totals

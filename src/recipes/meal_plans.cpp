@@ -29,6 +29,11 @@ std::size_t index_of(i16 place) {
     return static_cast<std::size_t>(place);
 }
 
+bool is_planned_at(i16 slot, i16 day, i16 place) {
+    if (place < 1 || place > day_places) return false;
+    return row_or_none(days, day).planned_meal[static_cast<std::size_t>(place)] == slot;
+}
+
 std::vector<PlannedPlace> places_that_hold(i16 slot) {
     std::vector<PlannedPlace> found;
     for (i16 day = 1; day <= day_capacity; ++day) {
@@ -95,7 +100,8 @@ bool restore_day_meal_stock(i16 slot, i16 day, i16 place) noexcept {
         "You have chosen to edit an audited day.  Do you want the inventory for the items used by "
         "this Meal to be adjusted as a result?",
         Buttons::yes_no, "Inventory Adjustment", DefaultButton::no);
-    const bool gone = asked.now() == 0 || RowRef(Subject::plans, day) != planned;
+    const bool gone = asked.now() == 0 || RowRef(Subject::plans, day) != planned ||
+                      !is_planned_at(slot, day, place);
     return answer != Answer::yes || gone || restore_day_meal_stock_quietly(slot, day, place);
 }
 

@@ -107,8 +107,9 @@ class FakeMealPlan : public ports::MealPlan {
     void Add_Item(i16 item, f64 servings) override {
         calls_.add("MealPlan Add_Item " + std::to_string(item) + " " + number_text(servings));
     }
-    void add_meal(i16 recipe, f64 quantity) override {
+    bool add_meal(i16 recipe, f64 quantity) override {
         calls_.add("MealPlan add_meal " + std::to_string(recipe) + " " + number_text(quantity));
+        return true;
     }
     void populate_day() override { calls_.add("MealPlan populate_day"); }
     void populate_days_Meals_Items() override { calls_.add("MealPlan populate_days_Meals_Items"); }

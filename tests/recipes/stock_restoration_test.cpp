@@ -82,6 +82,15 @@ TEST_F(StockRestoration, AnsweredNoChangesNothing) {
     EXPECT_EQ(moves_written(), 0);
 }
 
+TEST_F(StockRestoration, APlaceThatHasAnotherRecipeByThenGivesNothingBack) {
+    platform.boxes.expect_message(audited_day_question, Answer::yes).during([] {
+        days[day].planned_meal[place] = 0;
+    });
+    EXPECT_TRUE(restore_day_meal_stock(bread, day, place));
+    EXPECT_EQ(items[flour].quantity, 0);
+    EXPECT_EQ(moves_written(), 0);
+}
+
 TEST_F(StockRestoration, AnItemWithoutLotsGetsItsOwnStockIntoOneFirst) {
     items[20].in_use = 1;
     items[20].quantity = 5;

@@ -15,24 +15,26 @@ i16 audit_done_flag = i16_false;
 
 namespace {
 
-bool audit_waits = false;  // its minute has come, and a box stood open
+bool audit_waits = false;  // its minute has come
 
 bool is_audit_minute(const TimeOfDay& now) {
     const bool hour_fits = now.hour == audit_hour || now.hour == audit_hour - 12;
     return hour_fits && now.minute == audit_minute;
 }
 
-void check_clock() {
+void look_at_clock() {
     const TimeOfDay now = time_from_date(platform_clock().now());
-    if (audit_done_flag == 0 && project_open != 0 && is_audit_minute(now)) {
-        audit_done_flag = i16_true;
-        audit_waits = true;
-    }
+    if (now.minute != audit_minute) audit_done_flag = i16_false;
+    if (audit_done_flag != 0 || project_open == 0 || !is_audit_minute(now)) return;
+    audit_done_flag = i16_true;
+    audit_waits = true;
+}
+
+void run_waiting_audit() {
     if (audit_waits && project_open != 0 && !boxes().is_open()) {
         audit_waits = false;
         audit_and_list();
     }
-    if (now.minute != audit_minute) audit_done_flag = i16_false;
     main_window().set_status(activity_panel, "Ready");
 }
 
@@ -51,8 +53,16 @@ void audit_and_list() noexcept {
     if (ports::ShoppingList* list = shopping_list()) list->populate_list();
 }
 
+void note_audit_minute() noexcept {
+    trap(look_at_clock, end_after);
+}
+
 void daily_audit_check() noexcept {
-    trap(check_clock, end_after);
+    const auto check = [] {
+        look_at_clock();
+        run_waiting_audit();
+    };
+    trap(check, end_after);
 }
 
 void drop_waiting_audit() noexcept {

@@ -10,6 +10,7 @@
 #include "screens/parts/guard.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/laid_out.h"
+#include "screens/parts/screen.h"
 #include "screens/parts/shown_text.h"
 #include "screens/text/recipe_pane.h"
 #include "ui_document_pane.h"
@@ -165,6 +166,10 @@ bool DocumentPane::save(i16 slot) {
             store_document(slot, pane_->rich_text());
             pane_->set_unchanged();
             holds_ = Holds::loaded;
+            if (pane_->is_light()) return;
+            say(
+                tr("Saved. But the text is so long now that it will be shown without its looks, "
+                   "and can not be changed then. Part it into two recipes."));
         },
         [&](const Fault& fault) {
             return failure("Save Error: ", fault, new_document_path(slot));

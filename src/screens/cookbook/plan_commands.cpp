@@ -61,8 +61,7 @@ bool put_on_plan(RowRef recipe, std::optional<QDate> waiting) {
     if (waiting && !still_waits(*waiting)) return false;
     load_screen(QStringLiteral("MealPlan"));
     ports::MealPlan* planner = meal_plan();
-    if (planner != nullptr) planner->add_meal(recipe.now(), quantity);
-    return planner != nullptr;
+    return planner != nullptr && planner->add_meal(recipe.now(), quantity);
 }
 
 }  // namespace tavernook

@@ -189,7 +189,8 @@ bool Main::may_close() {
 }
 
 void Main::first_tick() {
-    const bool quiet = busy_ == 0 && !progress_->work_is_running() && !boxes().is_open();
+    note_audit_minute();
+    const bool quiet = !gone_ && busy_ == 0 && !progress_->work_is_running() && !boxes().is_open();
     if (!quiet) return;
     {
         const Busy busy(*this);

@@ -276,9 +276,11 @@ void MealPlan::Add_Item(i16 item, f64 servings) {
     update_commands();
 }
 
-void MealPlan::add_meal(i16 recipe, f64 quantity) {
-    guarded([&] { plan_recipe(recipe, quantity); });
+bool MealPlan::add_meal(i16 recipe, f64 quantity) {
+    bool is_planned = false;
+    guarded([&] { is_planned = plan_recipe(recipe, quantity); });
     update_commands();
+    return is_planned;
 }
 
 void MealPlan::remove_selected() {

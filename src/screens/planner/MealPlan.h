@@ -46,7 +46,7 @@ class MealPlan : public Screen, public ports::MealPlan {
 
     // Nothing is planned on an audited day, nor what is not there any more; the status bar says so.
     void Add_Item(i16 item, f64 servings) override;
-    void add_meal(i16 recipe, f64 quantity) override;
+    bool add_meal(i16 recipe, f64 quantity) override;
 
     void populate_day() override;
     void populate_days_Meals_Items() override;

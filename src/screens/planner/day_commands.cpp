@@ -94,10 +94,11 @@ bool may_drop(const QDate& date, const QString& text) {
 
 // --- planning ----------------------------------------------------------------------------------
 
-void plan_recipe(i16 recipe, f64 quantity) {
-    if (!may_plan()) return;
-    if (!add_meal(recipe, quantity)) return say_gone(Planned::recipe);
-    say_planned(Planned::recipe, recipe);
+bool plan_recipe(i16 recipe, f64 quantity) {
+    if (!may_plan()) return false;
+    const bool is_planned = add_meal(recipe, quantity);
+    is_planned ? say_planned(Planned::recipe, recipe) : say_gone(Planned::recipe);
+    return is_planned;
 }
 
 void plan_item(i16 item, f64 servings) {
@@ -112,13 +113,13 @@ void plan_code(const std::string& code) {
     if (!meaning.known()) {
         return say(tr("No recipe and no item has the barcode %1.").arg(shown_text(trim(code))));
     }
-    if (meaning.recipe != 0) return plan_recipe(meaning.recipe, 1);
+    if (meaning.recipe != 0) return void(plan_recipe(meaning.recipe, 1));
     plan_item(meaning.item, 1);
 }
 
 void plan_dragged(const QString& text) {
     const Dragged row = dragged(text);
-    if (row.recipe() != 0) return plan_recipe(row.recipe(), 1);
+    if (row.recipe() != 0) return void(plan_recipe(row.recipe(), 1));
     if (row.item() != 0) plan_item(row.item(), 1);
 }
 

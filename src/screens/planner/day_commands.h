@@ -25,7 +25,7 @@ bool may_plan();
 // The same for a dragged row over a date; without a word for what is no live recipe or item.
 bool may_drop(const QDate& date, const QString& text);
 
-void plan_recipe(i16 recipe, f64 quantity);
+bool plan_recipe(i16 recipe, f64 quantity);  // false: not planned
 void plan_item(i16 item, f64 servings);
 
 // One serving of what the code or the dragged text names.

@@ -71,6 +71,10 @@ bool RecipePane::load(std::string_view rich_text) {
     return is_light;
 }
 
+bool RecipePane::is_light() const {
+    return rtf::is_light(rtf::extent_of(*text_->document()));
+}
+
 std::string RecipePane::rich_text() const {
     rtf::require_readable(rtf::extent_of(*text_->document()));
     return rtf::written(*text_->document());

@@ -32,6 +32,8 @@ class RecipePane : public QWidget {
     bool load(std::string_view rich_text);
     // Fault 6, with a sentence for the user, for a text that could not be read again.
     std::string rich_text() const;
+    // Whether `load` would show it with its looks.
+    bool is_light() const;
     void clear();
 
     // Since load, clear or set_unchanged.

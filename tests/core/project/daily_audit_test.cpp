@@ -180,6 +180,16 @@ TEST_F(DailyAudit, WaitsForABoxThatStandsOpenAlsoBeyondItsMinute) {
     EXPECT_EQ(tick(16, 14, 30), 1);
 }
 
+TEST_F(DailyAudit, AMinuteThatWasOnlyNotedIsNotMissed) {
+    platform.clock.time = date_from_moment({2024, 5, 15}, {14, 30, 20});
+    note_audit_minute();
+    note_audit_minute();
+    EXPECT_EQ(audits(), 0);
+    EXPECT_EQ(tick(15, 14, 31), 1);
+    EXPECT_EQ(tick(15, 14, 32), 0);
+    EXPECT_EQ(tick(16, 14, 30), 1);
+}
+
 TEST_F(DailyAudit, NothingIsSavedBelowABox) {
     project_path = platform.path("home.tvk");
     save_after_audit = 1;

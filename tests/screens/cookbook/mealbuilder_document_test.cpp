@@ -523,6 +523,18 @@ TEST_F(HeavyRecipeDocuments, AreShownInBareWordsAndStayAsTheyAre) {
     EXPECT_EQ(file_bytes("home000001.rtf"), heavy_rtf());
 }
 
+TEST_F(HeavyRecipeDocuments, OneThatBecameSoHereIsSavedAndTold) {
+    put_document(1, plain_rtf);
+    open();
+    mark("1c");
+    document().document()->setPlainText(QString(2'001, u'x'));
+    mark("2c");
+    EXPECT_EQ(text_in("home000001.rtf"), std::string(2'001, 'x'));
+    EXPECT_EQ(hint(),
+              "Saved. But the text is so long now that it will be shown without its looks, and can "
+              "not be changed then. Part it into two recipes.");
+}
+
 TEST_F(HeavyRecipeDocuments, OfTheOldFormStayInTheProject) {
     meal_documents[1] = heavy_rtf();
     open();

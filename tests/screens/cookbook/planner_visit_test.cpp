@@ -153,6 +153,21 @@ TEST_F(PlannerVisit, ADateThatThePlannerLeftIsRefused) {
     expect_nothing_planned();
 }
 
+// The slot of the day was taken meanwhile, by an audited day of another date.
+TEST_F(PlannerVisit, StaysWhereThePlannerRefuses) {
+    visit();
+    mark("1c");
+    expect_amount("1").during([] {
+        days[current_day].in_use = 1;
+        days[current_day].year = 2020;
+        days[current_day].audited = -1;
+    });
+    press("Return");
+    settle();
+    EXPECT_TRUE(is_open());
+    expect_nothing_planned();
+}
+
 TEST_F(PlannerVisit, ADayAuditedMeanwhileIsRefused) {
     days[4].in_use = 1;
     days[4].year = 2024;

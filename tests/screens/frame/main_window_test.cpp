@@ -507,6 +507,27 @@ TEST_F(MainWindow, TheChosenMinuteAuditsByItself) {
     project_modified = 0;
 }
 
+TEST_F(MainWindow, TheChosenMinuteIsNotMissedBelowABox) {
+    bring_project();
+    plan_a_bag_of_flour();
+    project_modified = 0;
+    audit_hour = 12;  // it is 12:00
+    audit_minute = 0;
+    platform.dialogs.expect_open("Open Project", cancelled).during([this] {
+        EXPECT_TRUE(tick("timer_1"));
+        EXPECT_TRUE(tick("timer_2"));
+        EXPECT_EQ(items[7].quantity, 10);
+        platform.clock.time += 5.0 / (24 * 60);
+        EXPECT_TRUE(tick("timer_1"));
+        EXPECT_TRUE(tick("timer_2"));
+    });
+    press("Ctrl+O");
+    EXPECT_EQ(items[7].quantity, 10);
+    EXPECT_TRUE(tick("timer_1"));
+    EXPECT_EQ(items[7].quantity, 9);
+    project_modified = 0;
+}
+
 TEST_F(MainWindow, CommandsTicksAndClosingAreSteps) {
     bring_project();
     const Seen items_seen{Subject::items};
