@@ -1,4 +1,4 @@
-// A small file written whole.
+// A small file written whole, or removed.
 #pragma once
 
 #include <string>
@@ -10,5 +10,8 @@ namespace tavernook {
 // keeps its rights and extended attributes; a new one is open to those only to whom `bound` is, if
 // there is such a file. Throws what the file layer throws; an older file is as it was then.
 void replace_file(const std::string& path, std::string_view bytes, const std::string& bound = {});
+
+// That the file is not there is no error. Throws what the file layer throws else.
+void remove_if_there(const std::string& path);
 
 }  // namespace tavernook

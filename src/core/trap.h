@@ -46,6 +46,12 @@ bool trap(Work&& work, OnFault&& on_fault) {
     }
 }
 
+// The same where nobody is told.
+template <typename Work>
+bool tried(Work&& work) {
+    return trap(std::forward<Work>(work), [](const Fault&) {});
+}
+
 // For the handlers of the main window: "Error in Module MAIN." and the procedure.
 template <typename Work>
 bool trap_in_main(std::string_view procedure, Work&& work) {

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "basics/byte_codec.h"
-#include "core/file_rights.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
 #include "core/replace_file.h"
@@ -20,11 +19,6 @@ namespace tavernook {
 namespace {
 
 using Histories = std::map<i16, std::string>;
-
-template <typename Work>
-bool tried(Work&& work) {
-    return trap(std::forward<Work>(work), [](const Fault&) {});
-}
 
 std::string made_bundle;  // its path, from packing on
 
@@ -74,7 +68,7 @@ std::optional<Histories> histories_in(std::string_view bundle) {
 void put_history(i16 item, const std::string& bytes) {
     const std::string working = usage_path(project_stem(), item, working_extension);
     remove_if_there(working);
-    make_with_rights_of(project_path, working);
+    files().copy_attributes(project_path, working);
     files().open(working, OpenMode::read_write)->write(0, bytes);
     files().rename(working, usage_path(project_stem(), item, saved_extension));
 }
@@ -105,6 +99,7 @@ bool unpack(const std::string& path) {
     const std::string bytes = usage_bytes(path);
     tried([&] { histories = histories_in(bytes); });
     const bool all = histories && put_histories(*histories);
+    files().flush_all(reports_folder());  // before the bundle goes
     files().remove(path);
     return all;
 }
@@ -139,6 +134,10 @@ bool unpack_usage_bundle() noexcept {
 
 void drop_usage_bundle() noexcept {
     tried([] { remove_if_there(made_bundle); });
+}
+
+void remove_older_usage_bundle() noexcept {
+    tried([] { remove_if_there(bundle_path()); });
 }
 
 bool settle_usage_bundle(i64 saved) noexcept {

@@ -27,6 +27,10 @@ namespace tavernook {
 // The project could not be written: everything is as it was before pack_usage_bundle.
 void drop_usage_bundle() noexcept;
 
+// The project has been saved under its name: a bundle that still lies there, as one does that could
+// not be removed at the opening, is older than its histories.
+void remove_older_usage_bundle() noexcept;
+
 // At the opening of a project: unpacks a bundle that was written before the project file (`saved`,
 // see usage_leftovers), and deletes any other.
 [[nodiscard]] bool settle_usage_bundle(i64 saved) noexcept;

@@ -3,9 +3,9 @@
 #include <set>
 #include <utility>
 
-#include "core/file_rights.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
+#include "core/replace_file.h"
 #include "core/trap.h"
 #include "inventory/usage_history.h"
 #include "inventory/usage_names.h"
@@ -25,12 +25,8 @@ struct WorkingCopy {
 };
 
 std::set<WorkingCopy> working_copies;  // made by this program
+std::set<WorkingCopy> owed_copies;     // whole ones of a save that could not commit them
 std::set<i16> begun_items;             // took their slots since the last save
-
-template <typename Work>
-bool tried(Work&& work) {
-    return trap(std::forward<Work>(work), [](const Fault&) {});
-}
 
 i64 length_of(const std::string& path) {
     return files().stamp(path).length;
@@ -54,24 +50,33 @@ void start_working_copy(const WorkingCopy& copy, i64 saved) {
         files().copy_unflushed(usage_path(copy.stem, copy.item, saved_extension), working);
     } else {
         remove_if_there(working);
-        make_with_rights_of(project_path, working);
+        files().copy_attributes(project_path, working);
     }
     working_copies.insert(copy);
 }
 
+// A working copy that has gone has nothing to commit.
 void commit(const WorkingCopy& copy) {
     const i64 saved = saved_length(copy.stem, copy.item);
     const std::string working = usage_path(copy.stem, copy.item, working_extension);
     const i64 length = length_of(working);
+    const std::string kept = usage_path(copy.stem, copy.item, saved_extension);
+    if (length == 0) return void(working_copies.erase(copy));
     if (length == saved && saved > 0) return;  // committed before, and not yet discarded
-    if (length != saved + entry_size) throw Fault(fault_number::bad_record_number);
-    files().copy_unflushed(working, usage_path(copy.stem, copy.item, saved_extension));
+    if (owed_copies.contains(copy)) {
+        files().copy_unflushed(working, kept);  // whatever the attempt before has left
+    } else {
+        if (length != saved + entry_size) throw Fault(fault_number::bad_record_number);
+        owed_copies.insert(copy);
+        keep_last_usage(working, kept, saved);
+    }
+    owed_copies.erase(copy);
     begun_items.erase(copy.item);
 }
 
 bool commit_working_copies(const std::string& stem) {
     bool all = true;
-    for (const WorkingCopy& copy : working_copies) {
+    for (const WorkingCopy& copy : std::set(working_copies)) {
         // An item that is gone loses its history below.
         if (copy.stem != stem || items[copy.item].in_use == 0) continue;
         all = tried([&] { commit(copy); }) && all;
@@ -102,6 +107,12 @@ bool remove_orphans() {
     return all;
 }
 
+// What the last save owes it gets now, or from the next opening.
+void discard(const WorkingCopy& copy) {
+    if (owed_copies.contains(copy)) commit(copy);
+    remove_if_there(usage_path(copy.stem, copy.item, working_extension));
+}
+
 }  // namespace
 
 void begin_usage_history(i16 item) noexcept {
@@ -112,6 +123,7 @@ void begin_usage_history(i16 item) noexcept {
         if (!working_copies.contains(former)) return;
         remove_if_there(usage_path(former.stem, item, working_extension));
         working_copies.erase(former);
+        owed_copies.erase(former);
     });
 }
 
@@ -131,8 +143,8 @@ bool commit_usage_files() noexcept {
 
 bool discard_usage_files() noexcept {
     bool all = true;
-    for (const auto& [stem, item] : std::exchange(working_copies, {})) {
-        all = tried([&] { remove_if_there(usage_path(stem, item, working_extension)); }) && all;
+    for (const WorkingCopy& copy : std::exchange(working_copies, {})) {
+        all = tried([&] { discard(copy); }) && all;
     }
     forget_usage_files();
     return all;
@@ -146,15 +158,25 @@ bool remove_orphan_usage_files() noexcept {
 
 void forget_usage_files() noexcept {
     working_copies.clear();
+    owed_copies.clear();
     begun_items.clear();
 }
 
 void write_usage(i16 item, std::string_view entry) {
     const WorkingCopy copy{project_stem(), item};
+    if (owed_copies.contains(copy)) commit(copy);
     const i64 saved = saved_length(copy.stem, item);
     const std::string working = usage_path(copy.stem, item, working_extension);
     if (!working_copies.contains(copy) || !fits(working, saved)) start_working_copy(copy, saved);
     files().open(working, OpenMode::read_write)->write(saved, entry);
+}
+
+void keep_last_usage(const std::string& working, const std::string& kept, i64 saved) {
+    if (saved == 0) return files().copy_unflushed(working, kept);
+    std::string entry(usage_entry_size, '\0');
+    entry.resize(files().open(working, OpenMode::read)->read(saved, entry.data(), entry.size()));
+    if (entry.size() != usage_entry_size) throw Fault(fault_number::bad_record_number);
+    files().open(kept, OpenMode::read_write)->write(saved, entry);
 }
 
 std::string present_usage(std::string_view stem, i16 item) {

@@ -19,13 +19,14 @@ void begin_usage_history(i16 item) noexcept;
 // True from begin_usage_history to the save: the file in the item's name is not its own.
 bool has_no_saved_usage(i16 item) noexcept;
 
-// Copies the open project's working copies over the saved histories, each in one step, removes the
-// histories of former items whose slots were taken anew, and those of items that are not in use.
-// The working copies stay. False when something could not be done; the next call tries it again.
+// Adds the moves in the open project's working copies to the saved histories, removes the histories
+// of former items whose slots were taken anew, and those of items that are not in use. The working
+// copies stay. False when something could not be done; the next call tries it again.
 [[nodiscard]] bool commit_usage_files() noexcept;
 
 // Deletes every working copy that this program has made, whatever the project is called by now, and
-// knows of none then. False when one could not be deleted.
+// knows of none then. One that the last save could not commit is committed before, or stays for the
+// next opening. False when one could not be deleted.
 [[nodiscard]] bool discard_usage_files() noexcept;
 
 // Deletes the saved histories of the open project's items that are not in use. False when one could

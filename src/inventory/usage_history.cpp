@@ -4,7 +4,6 @@
 
 #include "basics/byte_codec.h"
 #include "basics/number_text.h"
-#include "core/file_rights.h"
 #include "core/program_folders.h"
 #include "core/project_data.h"
 #include "core/rows.h"

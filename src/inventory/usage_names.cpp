@@ -56,8 +56,4 @@ std::string usage_bytes(const std::string& path) {
     return bytes;
 }
 
-void remove_if_there(const std::string& path) {
-    if (files().exists(path)) files().remove(path);
-}
-
 }  // namespace tavernook

@@ -30,7 +30,4 @@ std::optional<i16> item_of_usage_file(std::string_view name, std::string_view st
 // The bytes of a file; empty where there is none. Throws what the file layer throws.
 std::string usage_bytes(const std::string& path);
 
-// That it is not there is no error. Throws what the file layer throws else.
-void remove_if_there(const std::string& path);
-
 }  // namespace tavernook

@@ -44,6 +44,16 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
+// Without a node the file system is a plain one, which may round the time to 2 seconds when it
+// likes.
+constexpr bool is_same_content(const FileStamp& a, const FileStamp& b) noexcept {
+    constexpr i64 rounding = 2'000'000'000;
+    if (a == b) return true;
+    if (a.node != 0 || b.node != 0 || a.length != b.length) return false;
+    if (a.changed == 0 || b.changed == 0) return false;
+    return a.changed - b.changed < rounding && b.changed - a.changed < rounding;
+}
+
 class Files {
   public:
     virtual ~Files() = default;
@@ -63,21 +73,29 @@ class Files {
     virtual void copy(const std::string& from, const std::string& to) = 0;
 
     // The same without waiting for the disk: for what may be lost with the power.
-    virtual void copy_unflushed(const std::string& from, const std::string& to) { copy(from, to); }
+    virtual void copy_unflushed(const std::string& from, const std::string& to) = 0;
 
-    // Mode, owner, group, access list and extended attributes, as far as the system lets it.
-    virtual void copy_attributes(const std::string&, const std::string&) noexcept {}
+    // Mode, owner, group, access list and extended attributes, as far as the system lets it. What
+    // is written beside a project tells as much as the project itself and must not lie open to
+    // others for a moment: a missing `to` is made empty, before anything is written into it, and
+    // takes the rights alone, with the owner's to write; where `from` is missing, too, it is open
+    // to its owner only. Nothing happens without a `from`.
+    virtual void copy_attributes(const std::string& from, const std::string& to) noexcept = 0;
 
     // The file is there and its mode lets nobody write it.
-    virtual bool is_write_protected(const std::string&) { return false; }
-    virtual FileStamp stamp(const std::string&) { return {}; }
+    virtual bool is_write_protected(const std::string& path) = 0;
+    virtual FileStamp stamp(const std::string& path) = 0;
 
     // Removes what programs that were killed left half copied in the folder.
-    virtual void remove_left_over(const std::string&) noexcept {}
+    virtual void remove_left_over(const std::string& folder) noexcept = 0;
     virtual Date modified(const std::string& path) = 0;
 
     // Returns when renames and removals in the folder are on the disk.
     virtual void flush_folder(const std::string& folder) = 0;
+
+    // Returns when everything on the file system of the folder is on its disk: for many small files
+    // at once.
+    virtual void flush_all(const std::string& folder) = 0;
 
     // Names (not paths) of the files that end in `suffix`, sorted; none when the folder is missing.
     virtual std::vector<std::string> list(const std::string& folder, std::string_view suffix) = 0;

@@ -1,6 +1,7 @@
 #include "platform_disk/disk_files.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
@@ -142,15 +143,30 @@ void copy_file(const std::string& from, const std::string& to, Flush flush) {
     copied.rename_to(to);
 }
 
-// Some file systems number their files anew whenever they look at one.
+// Network file systems and those in user space may number their files anew at each look.
 bool keeps_numbers(const std::string& path) {
+    constexpr std::uint64_t ext = 0xef53;
+    constexpr std::uint64_t btrfs = 0x9123683e;
+    constexpr std::uint64_t xfs = 0x58465342;
+    constexpr std::uint64_t f2fs = 0xf2f52010;
+    constexpr std::uint64_t zfs = 0x2fc12fc1;
+    constexpr std::uint64_t tmpfs = 0x01021994;
+    constexpr std::uint64_t overlay = 0x794c7630;
+    constexpr std::array known = {ext, btrfs, xfs, f2fs, zfs, tmpfs, overlay};
     struct statfs facts {};
     if (::statfs(path.c_str(), &facts) != 0) return false;
     const auto kind = static_cast<std::uint64_t>(facts.f_type);
-    constexpr std::uint64_t fat = 0x4d44;
-    constexpr std::uint64_t exfat = 0x2011bab0;
-    constexpr std::uint64_t fuse = 0x65735546;
-    return kind != fat && kind != exfat && kind != fuse;
+    return std::find(known.begin(), known.end(), kind) != known.end();
+}
+
+// To be flushed.
+Descriptor open_folder(const std::string& folder) {
+    const std::string path = folder.empty() ? "." : folder;
+    Descriptor opened(uninterrupted(
+        [&] { return ::open(system_path(path), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (opened.number() >= 0) return opened;
+    if (errno == ENOENT) throw Fault(fault_number::path_not_found);
+    throw_disk_fault(errno, path);
 }
 
 class OpenFolder {
@@ -237,8 +253,7 @@ void DiskFiles::copy_unflushed(const std::string& from, const std::string& to) {
 }
 
 void DiskFiles::copy_attributes(const std::string& from, const std::string& to) noexcept {
-    struct stat facts {};
-    if (::stat(from.c_str(), &facts) != 0) return;
+    if (from.empty()) return;
     constexpr mode_t for_the_owner = 0600;
     const Descriptor made(
         ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, for_the_owner));
@@ -279,16 +294,15 @@ Date DiskFiles::modified(const std::string& path) {
 }
 
 void DiskFiles::flush_folder(const std::string& folder) {
-    const std::string path = folder.empty() ? "." : folder;
-    const Descriptor opened(uninterrupted(
-        [&] { return ::open(system_path(path), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    if (opened.number() < 0) {
-        if (errno == ENOENT) throw Fault(fault_number::path_not_found);
-        throw_disk_fault(errno, path);
-    }
+    const Descriptor opened = open_folder(folder);
     if (uninterrupted([&] { return ::fsync(opened.number()); }) == 0) return;
     // Some network file systems cannot flush a folder and say EINVAL; there is nothing to wait for.
-    if (errno != EINVAL) throw_disk_fault(errno, path);
+    if (errno != EINVAL) throw_disk_fault(errno, folder);
+}
+
+void DiskFiles::flush_all(const std::string& folder) {
+    const Descriptor opened = open_folder(folder);
+    if (::syncfs(opened.number()) != 0) throw_disk_fault(errno, folder);
 }
 
 std::vector<std::string> DiskFiles::list(const std::string& folder, std::string_view suffix) {

@@ -31,14 +31,13 @@ class DiskFiles : public Files {
     void copy(const std::string& from, const std::string& to) override;
     void copy_unflushed(const std::string& from, const std::string& to) override;
 
-    // A missing `to` is made empty and open to nobody else before it has its rights; its owner may
-    // write it, and it takes no extended attributes. A missing `from` changes nothing.
     void copy_attributes(const std::string& from, const std::string& to) noexcept override;
 
     // True for the files of which root may write all the same.
     bool is_write_protected(const std::string& path) override;
 
-    // The node is left 0 on file systems that do not keep it (FAT, those in user space).
+    // The node is left 0 where it may change from look to look: on all but the local file systems
+    // that are known to keep it.
     FileStamp stamp(const std::string& path) override;
 
     // Files that a running program is copying stay.
@@ -47,6 +46,7 @@ class DiskFiles : public Files {
     // Local time, whole seconds.
     Date modified(const std::string& path) override;
     void flush_folder(const std::string& folder) override;
+    void flush_all(const std::string& folder) override;
 
     // Folders are left out; capitals and small letters differ.
     std::vector<std::string> list(const std::string& folder, std::string_view suffix) override;

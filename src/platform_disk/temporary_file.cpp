@@ -1,5 +1,7 @@
 #include "platform_disk/temporary_file.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
@@ -13,31 +15,34 @@ namespace tavernook {
 
 namespace {
 
-constexpr std::string_view name_start = ".tavernook-";
-constexpr std::string_view placeholder = "XXXXXX";  // each letter becomes another one
+constexpr std::string_view name_start = ".tavernook-unfinished-";
+constexpr std::string_view placeholder = "XXXXXX";  // each becomes another letter or digit
+
+bool is_letter_or_digit(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 
 bool is_temporary_name(std::string_view name) {
-    return name.size() == name_start.size() + placeholder.size() && name.starts_with(name_start);
+    if (!name.starts_with(name_start)) return false;
+    name.remove_prefix(name_start.size());
+    return name.size() == placeholder.size() &&
+           std::all_of(name.begin(), name.end(), is_letter_or_digit);
 }
 
-// A file system without locks has none to give; nothing is cleared away there either.
-Descriptor make_locked(std::string& path) {
-    Descriptor file(::mkostemp(path.data(), O_CLOEXEC));
-    if (file.number() >= 0) (void)uninterrupted([&] { return ::flock(file.number(), LOCK_EX); });
-    return file;
-}
-
-// Between the making and the lock another program may have cleared the file away.
-bool has_gone(const Descriptor& file) {
+// Between the making and the lock another program may clear the file away, or be about to. A file
+// system without locks has none to give; nothing is cleared away there either.
+bool is_lost(const Descriptor& file, const std::string& path) {
+    if (::flock(file.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return true;
     struct stat facts {};
-    return file.number() >= 0 && ::fstat(file.number(), &facts) == 0 && facts.st_nlink == 0;
+    return ::lstat(path.c_str(), &facts) != 0 && errno == ENOENT;
 }
 
 Descriptor make_temporary(const std::string& folder, std::string& path) {
-    for (;;) {
+    constexpr int rounds = 10;
+    for (int round = 1;; ++round) {
         path = std::string(folder).append("/").append(name_start).append(placeholder);
-        Descriptor file = make_locked(path);
-        if (!has_gone(file)) return file;
+        Descriptor file(::mkostemp(path.data(), O_CLOEXEC));
+        if (file.number() < 0 || !is_lost(file, path) || round == rounds) return file;
     }
 }
 

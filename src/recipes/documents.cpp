@@ -182,13 +182,12 @@ void carry(const ChangedDocument& change) {
 
 // False when it stays where it is; the text under the old name stays with it then.
 bool place(const CarriedDocument& carried) {
-    const auto work = [&] {
+    return tried([&] {
         files().rename(carried.ready, carried.path);
         const auto change = change_of(carried.from);
         if (!change->before.empty()) files().rename(change->before, change->path);
         files().flush_folder(folder_of(carried.path));
-    };
-    return trap(work, [](const Fault&) {});
+    });
 }
 
 // The slot whose text waits under the name, in the open project; 0 for every other name.
@@ -199,11 +198,13 @@ i16 slot_of_ready_name(const std::string& name) {
     return 0;
 }
 
-// A text that was stored since is newer than the copy.
+// A text that was stored since is newer than the copy; without any text the copy is all there is.
 bool belongs(i16 slot, const std::string& ready, i64 saved) {
+    if (meal_documents[slot] != current_document_entry(slot)) return false;
+    const std::string place = new_document_path(slot);
+    if (!files().exists(place)) return true;
     const i64 copied = files().stamp(ready).changed;
-    return saved != 0 && copied <= saved && meal_documents[slot] == current_document_entry(slot) &&
-           files().stamp(new_document_path(slot)).changed <= copied;
+    return saved != 0 && copied <= saved && files().stamp(place).changed <= copied;
 }
 
 void settle(i16 slot, const std::string& ready, i64 saved) {
@@ -301,24 +302,20 @@ bool place_carried_documents() noexcept {
 void leave_carried_documents() noexcept {
     for (const CarriedDocument& carried : std::exchange(carried_documents, {})) {
         meal_documents[carried.slot] = carried.entry;
-        trap(
-            [&] {
-                if (files().exists(carried.ready)) files().remove(carried.ready);
-            },
-            [](const Fault&) {});
+        tried([&] { remove_if_there(carried.ready); });
     }
 }
 
 bool settle_carried_documents(i64 saved) noexcept {
     bool all = true;
-    const auto work = [&] {
+    const bool looked = tried([&] {
         for (const std::string& name : files().list(folder(), ready_extension)) {
             const i16 slot = slot_of_ready_name(name);
             if (slot == 0) continue;
-            all = trap([&] { settle(slot, folder() + name, saved); }, [](const Fault&) {}) && all;
+            all = tried([&] { settle(slot, folder() + name, saved); }) && all;
         }
-    };
-    return trap(work, [](const Fault&) {}) && all;
+    });
+    return looked && all;
 }
 
 }  // namespace tavernook

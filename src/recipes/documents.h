@@ -86,7 +86,8 @@ void leave_carried_documents() noexcept;
 
 // At the opening of a project: places the copies that belong to the project file, which was last
 // written at `saved` (FileStamp::changed), and deletes all others of the project. With 0 none
-// belongs to it. False when one could not be placed or deleted.
+// belongs to it but one whose text would else be missing. False when one could not be placed or
+// deleted.
 [[nodiscard]] bool settle_carried_documents(i64 saved) noexcept;
 
 }  // namespace tavernook

@@ -165,6 +165,11 @@ void FaultyFiles::flush_folder(const std::string& folder) {
     real_.flush_folder(folder);
 }
 
+void FaultyFiles::flush_all(const std::string& folder) {
+    count("flush_all " + name_of(folder));
+    real_.flush_all(folder);
+}
+
 std::vector<std::string> FaultyFiles::list(const std::string& folder, std::string_view suffix) {
     count("list " + name_of(folder) + " " + std::string(suffix));
     return real_.list(folder, suffix);

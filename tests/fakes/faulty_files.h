@@ -7,11 +7,11 @@
 // The log names files by their last part: "open home.tvk read", "open home.tvk read_write",
 // "read home.tvk 0 48" (offset and count), "write home.tvk 100 176", "length home.tvk",
 // "flush home.tvk", "exists home.tvk", "is_taken home.tvk", "remove home.tvk", "rename home.tvk ->
-// home.previous.tvk", "copy a.tvk -> b.tvk", "modified home.tvk", "flush_folder saves", "list saves
-// .tvk", "make_folder saves", "copy_unflushed a.tvk -> b.tvk", "copy_attributes a.tvk -> b.tvk",
-// "is_write_protected home.tvk", "stamp home.tvk", "remove_left_over saves". An operation that was
-// made to fail ends in " fault 61"; copy_attributes and remove_left_over, which tell of no failure,
-// are then left undone.
+// home.previous.tvk", "copy a.tvk -> b.tvk", "modified home.tvk", "flush_folder saves", "flush_all
+// saves", "list saves .tvk", "make_folder saves", "copy_unflushed a.tvk -> b.tvk", "copy_attributes
+// a.tvk -> b.tvk", "is_write_protected home.tvk", "stamp home.tvk", "remove_left_over saves". An
+// operation that was made to fail ends in " fault 61"; copy_attributes and remove_left_over, which
+// tell of no failure, are then left undone.
 #pragma once
 
 #include <memory>
@@ -62,6 +62,7 @@ class FaultyFiles : public Files {
     void remove_left_over(const std::string& folder) noexcept override;
     Date modified(const std::string& path) override;
     void flush_folder(const std::string& folder) override;
+    void flush_all(const std::string& folder) override;
     std::vector<std::string> list(const std::string& folder, std::string_view suffix) override;
     void make_folder(const std::string& folder) override;
 

@@ -1,6 +1,7 @@
 // The files of the usage history, as they go with a save and with a project that is let go.
 #include "inventory/usage_files.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -176,8 +177,8 @@ TEST_F(UsageFiles, WithoutTheirFolderThereIsNothingToDo) {
 
 TEST_F(UsageFiles, AWorkingCopyOfAWrongLengthReplacesNoHistory) {
     put("home000003.dat", old_moves);
-    for (const std::string& wrong : {std::string(), entry(5), old_moves.substr(1),
-                                     old_moves + entry(5).substr(1), old_moves + entry(5) + "x"}) {
+    for (const std::string& wrong : {entry(5), old_moves.substr(1), old_moves + entry(5).substr(1),
+                                     old_moves + entry(5) + "x"}) {
         move(3, 5);
         put("home000003.tmp", wrong);
         EXPECT_FALSE(commit_usage_files());
@@ -185,6 +186,97 @@ TEST_F(UsageFiles, AWorkingCopyOfAWrongLengthReplacesNoHistory) {
         // The next move mends it.
         move(3, 6);
         EXPECT_EQ(content()["home000003.tmp"], old_moves + entry(6));
+        EXPECT_TRUE(discard_usage_files());
+    }
+}
+
+TEST_F(UsageFiles, AWorkingCopyThatHasGoneOrIsEmptyHasNothingToCommit) {
+    put("home000003.dat", old_moves);
+    for (const bool is_there : {true, false}) {
+        move(3, 5);
+        move(4, 6);
+        for (const char* name : {"home000003.tmp", "home000004.tmp"}) {
+            put(name, "");
+            if (!is_there) platform.disk.remove(reports + "/" + name);
+        }
+        EXPECT_TRUE(commit_usage_files());
+        EXPECT_EQ(content()["home000003.dat"], old_moves);
+        EXPECT_FALSE(content().contains("home000004.dat"));
+        EXPECT_TRUE(discard_usage_files());
+    }
+}
+
+// What lies in front of the entry is never written again.
+TEST_F(UsageFiles, ASaveAddsOneEntryToAHistory) {
+    put("home000003.dat", old_moves);
+    move(3, 5);
+    platform.files.start_over();
+    EXPECT_TRUE(commit_usage_files());
+    std::vector<std::string> changes;
+    for (const std::string& step : platform.files.log()) {
+        const bool only_looks = step.starts_with("stamp") || step.starts_with("read") ||
+                                step.starts_with("open") || step.starts_with("list");
+        if (!only_looks) changes.push_back(step);
+    }
+    EXPECT_EQ(changes, std::vector<std::string>{"write home000003.dat 42 21"});
+}
+
+class OwedHistories : public UsageFiles {
+  protected:
+    // A save that cannot write the history.
+    OwedHistories() {
+        put("home000003.dat", old_moves);
+        move(3, 5);
+        platform.files.start_over();
+        EXPECT_TRUE(commit_usage_files());
+        const auto& log = platform.files.log();
+        const auto write = std::find(log.begin(), log.end(), "write home000003.dat 42 21");
+        write_ = static_cast<int>(write - log.begin()) + 1;
+        EXPECT_TRUE(discard_usage_files());
+        fail_a_save();
+    }
+    void fail_a_save(Torn torn = Torn::no) {
+        put("home000003.dat", old_moves);
+        move(3, 5);
+        platform.files.start_over();
+        platform.files.fail_at(write_, fault_number::disk_full, Repeat::once, torn);
+        EXPECT_FALSE(commit_usage_files());
+        platform.files.start_over();
+    }
+    int write_ = 0;
+};
+
+TEST_F(OwedHistories, AreCommittedWhenTheProjectGoes) {
+    EXPECT_TRUE(discard_usage_files());
+    EXPECT_EQ(content(), (Content{{"home000003.dat", old_moves + entry(5)}}));
+}
+
+TEST_F(OwedHistories, StayForTheNextOpeningWhenThatFailsToo) {
+    platform.files.fail_at(1, fault_number::device_io_error);
+    EXPECT_FALSE(discard_usage_files());
+    EXPECT_EQ(content(),
+              (Content{{"home000003.dat", old_moves}, {"home000003.tmp", old_moves + entry(5)}}));
+}
+
+TEST_F(OwedHistories, AreCommittedBeforeTheNextMove) {
+    move(3, 8);
+    EXPECT_EQ(content(), (Content{{"home000003.dat", old_moves + entry(5)},
+                                  {"home000003.tmp", old_moves + entry(5) + entry(8)}}));
+    EXPECT_TRUE(discard_usage_files());
+    EXPECT_EQ(content(), (Content{{"home000003.dat", old_moves + entry(5)}}));
+}
+
+TEST_F(OwedHistories, NothingIsWrittenBehindAPartOfAnEntry) {
+    EXPECT_TRUE(discard_usage_files());
+    for (const bool next_is_a_move : {true, false}) {
+        fail_a_save(Torn::yes);
+        EXPECT_EQ(content()["home000003.dat"], old_moves + entry(5).substr(0, 10));
+        if (next_is_a_move) {
+            move(3, 8);
+        } else {
+            EXPECT_TRUE(commit_usage_files());
+        }
+        EXPECT_EQ(content()["home000003.dat"], old_moves + entry(5));
         EXPECT_TRUE(discard_usage_files());
     }
 }

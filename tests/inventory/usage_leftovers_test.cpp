@@ -1,6 +1,7 @@
 // What an interrupted run has left of the usage history, at the next opening of the project.
 #include "inventory/usage_leftovers.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "inventory/usage_bundle.h"
@@ -33,6 +34,19 @@ TEST_F(UsageLeftovers, AWorkingCopyFromBeforeTheSaveIsCommitted) {
     put("home000003.tmp", old_moves + entry(5));
     EXPECT_TRUE(settle());
     EXPECT_EQ(content(), (Content{{"home000003.dat", old_moves + entry(5)}}));
+}
+
+TEST_F(UsageLeftovers, AnEntryWhoseAddingWasInterruptedIsAddedWhole) {
+    for (std::size_t length = 1; length < usage_entry_size; ++length) {
+        put("home000003.dat", old_moves + entry(5).substr(0, length));
+        put("home000003.tmp", old_moves + entry(5));
+        EXPECT_TRUE(settle());
+        EXPECT_EQ(content(), (Content{{"home000003.dat", old_moves + entry(5)}})) << length;
+    }
+    put("home000003.dat", "odd" + old_moves);
+    put("home000003.tmp", "odd" + old_moves + entry(5));
+    EXPECT_TRUE(settle());
+    EXPECT_EQ(content(), (Content{{"home000003.dat", "odd" + old_moves + entry(5)}}));
 }
 
 TEST_F(UsageLeftovers, OneFromAfterTheSaveIsDiscarded) {
@@ -174,6 +188,29 @@ TEST_F(UsageBundle, IsUnpackedAtTheNextOpening) {
     Content after = content();
     after.erase("home000004.tmp");  // of the project that was left
     EXPECT_EQ(after, carried);
+}
+
+TEST_F(UsageBundle, IsThereUntilTheHistoriesAreOnTheDisk) {
+    pack();
+    platform.files.start_over();
+    EXPECT_TRUE(unpack_usage_bundle());
+    const auto& log = platform.files.log();
+    const auto flushed = std::find(log.begin(), log.end(), "flush_all reports");
+    const auto removed = std::find(log.begin(), log.end(), "remove cabin.histories");
+    EXPECT_LT(flushed, removed);
+    ASSERT_NE(removed, log.end());
+    EXPECT_FALSE(std::any_of(flushed, removed, [](const std::string& step) {
+        return step.starts_with("write") || step.starts_with("rename");
+    }));
+}
+
+TEST_F(UsageBundle, OneThatCouldNotBeRemovedDoesNotComeBack) {
+    pack();
+    put("kept", content()["cabin.histories"]);
+    EXPECT_TRUE(unpack_usage_bundle());
+    std::filesystem::rename(reports + "/kept", reports + "/cabin.histories");
+    remove_older_usage_bundle();
+    EXPECT_EQ(content(), carried);
 }
 
 TEST_F(UsageBundle, OneFromAfterTheSaveIsDiscarded) {

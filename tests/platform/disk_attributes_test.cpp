@@ -55,6 +55,16 @@ TEST_F(DiskAttributesTest, ACopyToANewFileTakesTheRightsOfItsSource) {
     EXPECT_EQ(mode_of("to"), 0640U);
 }
 
+TEST_F(DiskAttributesTest, WithoutTheModelAFileIsMadeForItsOwnerAlone) {
+    files.copy_attributes(path("none"), path("to"));
+    EXPECT_EQ(mode_of("to"), 0600U);
+    make("there", 0644);
+    files.copy_attributes(path("none"), path("there"));
+    EXPECT_EQ(mode_of("there"), 0644U);
+    files.copy_attributes("", path("of nothing"));
+    EXPECT_FALSE(files.exists(path("of nothing")));
+}
+
 TEST_F(DiskAttributesTest, AFileThatIsMadeHasTheRightsOfItsModelWhateverTheMask) {
     const mode_t mask = ::umask(0);
     make("model", 0600);
@@ -82,14 +92,6 @@ TEST_F(DiskAttributesTest, AFileThatIsThereTakesTheRightsAndKeepsItsBytes) {
     files.copy_attributes(path("model"), path("to"));
     EXPECT_EQ(mode_of("to"), 0640U);
     EXPECT_EQ(read_whole_file(path("to")), "bytes");
-}
-
-TEST_F(DiskAttributesTest, WithoutAModelNothingHappens) {
-    make("to", 0666);
-    files.copy_attributes(path("none"), path("to"));
-    files.copy_attributes(path("none"), path("new"));
-    EXPECT_EQ(mode_of("to"), 0666U);
-    EXPECT_EQ(names(), Names{"to"});
 }
 
 TEST_F(DiskAttributesTest, OwnerAndGroupComeAlongWhereTheSystemLetsThem) {
@@ -182,6 +184,21 @@ TEST_F(DiskAttributesTest, WriteProtectedIsAFileThatNobodyMayWrite) {
     EXPECT_FALSE(files.is_write_protected(path("none")));
 }
 
+TEST_F(DiskAttributesTest, WithoutANodeTheTimeMayBeRounded) {
+    constexpr i64 second = 1'000'000'000;
+    const FileStamp plain{0, 100, 50 * second};
+    const FileStamp kept{7, 100, 50 * second};
+    EXPECT_TRUE(is_same_content(plain, plain));
+    EXPECT_TRUE(is_same_content(plain, {0, 100, 51 * second + 5}));
+    EXPECT_TRUE(is_same_content(plain, {0, 100, 49 * second}));
+    EXPECT_FALSE(is_same_content(plain, {0, 100, 52 * second}));
+    EXPECT_FALSE(is_same_content(plain, {0, 100, 48 * second}));
+    EXPECT_FALSE(is_same_content(plain, {0, 101, 50 * second}));
+    EXPECT_FALSE(is_same_content(kept, {7, 100, 50 * second + 1}));
+    EXPECT_FALSE(is_same_content(kept, {8, 100, 50 * second}));
+    EXPECT_FALSE(is_same_content({0, 0, 1}, FileStamp{}));  // an empty file is one
+}
+
 TEST_F(DiskAttributesTest, AStampTellsOneContentFromAnother) {
     EXPECT_EQ(files.stamp(path("home")), FileStamp{});
     EXPECT_EQ(files.stamp(path("no/home")), FileStamp{});
@@ -205,7 +222,7 @@ TEST_F(DiskAttributesTest, AStampTellsOneContentFromAnother) {
 
 class LeftOverTest : public DiskFilesTest {
   protected:
-    const std::string left = ".tavernook-a1B2c3";
+    const std::string left = ".tavernook-unfinished-a1B2c3";
 };
 
 TEST_F(LeftOverTest, OfAKilledProgramGoes) {
@@ -242,12 +259,16 @@ TEST_F(LeftOverTest, ACopyThatIsBeingWrittenIsLockedFromFirstToLast) {
 }
 
 TEST_F(LeftOverTest, OtherFilesFoldersAndLinksStay) {
-    const Names kept = {".tavernook",          ".tavernook-a1B2c",  ".tavernook-a1B2c34",
-                        ".tavernook-folder12", ".tavernook-linked", "tavernook-a1B2c3"};
+    const Names kept = {".tavernook",
+                        ".tavernook-unfinished-a1B2c",
+                        ".tavernook-unfinished-a1B2c34",
+                        ".tavernook-unfinished-folder12",
+                        ".tavernook-unfinished-linked",
+                        "tavernook-a1B2c3"};
     for (const std::string& name : kept) write_whole_file(path(name), "x");
-    std::filesystem::create_directory(path(".tavernook-folder"));
-    std::filesystem::remove(path(".tavernook-linked"));
-    std::filesystem::create_symlink(path("tavernook-a1B2c3"), path(".tavernook-linked"));
+    std::filesystem::create_directory(path(".tavernook-unfinished-folder"));
+    std::filesystem::remove(path(".tavernook-unfinished-linked"));
+    std::filesystem::create_symlink(path("tavernook-a1B2c3"), path(".tavernook-unfinished-linked"));
     files.remove_left_over(folder.path());
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 7);
 }

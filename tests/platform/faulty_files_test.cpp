@@ -86,11 +86,11 @@ TEST_F(FaultyFilesTest, TheNthOperationFailsOnce) {
 
 TEST_F(FaultyFilesTest, WhatTellsOfNoFailureIsLeftUndone) {
     write_whole_file(path("a"), "bytes");
-    write_whole_file(path(".tavernook-a1B2c3"), "left over");
+    write_whole_file(path(".tavernook-unfinished-a1B2c3"), "left over");
     files.fail_at(1, 70, Repeat::persistently);
     files.copy_attributes(path("a"), path("b"));
     files.remove_left_over(folder.path());
-    EXPECT_EQ(disk.list(folder.path(), ""), (Log{".tavernook-a1B2c3", "a"}));
+    EXPECT_EQ(disk.list(folder.path(), ""), (Log{".tavernook-unfinished-a1B2c3", "a"}));
     EXPECT_EQ(files.operations(), 2);
     EXPECT_EQ(files.log()[0], "copy_attributes a -> b fault 70");
     files.work_normally();

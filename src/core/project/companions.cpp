@@ -32,9 +32,15 @@ std::string path_left;
 bool are_prepared = false;
 bool are_packed = false;
 
-void tell_unless(bool done, const char* sentence) {
-    if (done) return;
-    trap([&] { main_window().set_status(message_panel, sentence); }, [](const Fault&) {});
+// Of what has been done nothing.
+const char* unless(bool done, const char* sentence) {
+    return done ? "" : sentence;
+}
+
+void tell(const std::string& sentence, const std::string& another = {}) {
+    const bool both = !sentence.empty() && !another.empty();
+    const std::string text = sentence + (both ? "  " : "") + another;
+    if (!text.empty()) tried([&] { main_window().set_status(message_panel, text); });
 }
 
 bool take_new_names() {
@@ -45,17 +51,18 @@ void commit_under_new_name() {
     const bool texts_placed = place_carried_documents();
     const bool histories_placed = unpack_usage_bundle() && are_packed;
     are_prepared = false;
-    tell_unless(histories_placed, not_taken_along);
     // What an earlier run may have left under the name goes; what could not be placed stays.
-    tell_unless(texts_placed && settle_carried_documents(0), text_not_settled);
+    const bool texts_settled = texts_placed && settle_carried_documents(0);
+    tell(unless(histories_placed, not_taken_along), unless(texts_settled, text_not_settled));
 }
 
 void commit_under_the_same_name() {
     keep_documents();
+    remove_older_usage_bundle();
     if (commit_usage_files()) {
-        tell_unless(discard_usage_files(), not_removed);
+        tell(unless(discard_usage_files(), not_removed));
     } else {
-        tell_unless(false, not_committed);  // the working copies stay for it
+        tell(not_committed);  // the working copies stay for it
     }
 }
 
@@ -93,22 +100,23 @@ void commit_companions() noexcept {
 
 void drop_companions() noexcept {
     restore_documents();
-    tell_unless(discard_usage_files(), not_removed);
+    tell(unless(discard_usage_files(), not_removed));
 }
 
 std::optional<FileStamp> stamp_if_readable(const std::string& path) noexcept {
     std::optional<FileStamp> stamp;
-    trap([&] { stamp = files().stamp(path); }, [](const Fault&) {});
+    tried([&] { stamp = files().stamp(path); });
     return stamp;
 }
 
 void settle_companions(const std::optional<FileStamp>& found) noexcept {
     const std::optional<FileStamp> present = stamp_if_readable(project_path);
-    if (!found || !present) return tell_unless(false, not_settled);
-    const bool is_the_same = found != FileStamp{} && present == found;
+    if (!found || !present) return tell(not_settled);
+    const bool is_the_same = found != FileStamp{} && is_same_content(*present, *found);
     const i64 saved = is_the_same ? found->changed : 0;
-    tell_unless(settle_usage_files(saved), not_settled);
-    tell_unless(settle_carried_documents(saved), text_not_settled);
+    const bool histories_settled = settle_usage_files(saved);
+    const bool texts_settled = settle_carried_documents(saved);
+    tell(unless(histories_settled, not_settled), unless(texts_settled, text_not_settled));
 }
 
 }  // namespace tavernook

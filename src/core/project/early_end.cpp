@@ -1,7 +1,6 @@
 #include "core/project/early_end.h"
 
-#include "basics/code_page.h"
-#include "basics/text.h"
+#include "core/project/names_beside.h"
 
 namespace tavernook {
 
@@ -38,8 +37,7 @@ std::string early_end_message(const std::string& project_path,
         if (!parts.empty()) parts += part == missing.back() ? " and " : ", ";
         parts += words_for(part);
     }
-    return "The project file " + text_from_utf8(file_name_part(project_path)) +
-           " ends too early: the " + parts +
+    return "The project file " + shown_file_name(project_path) + " ends too early: the " + parts +
            " are missing; the first save keeps the file as it is now beside the project.";
 }
 

@@ -31,14 +31,19 @@ void forget_project_files() noexcept {
 
 bool is_known_project_file(const std::string& path) {
     const auto found = known_files.find(path);
-    return found != known_files.end() && files().stamp(path) == found->second.stamp;
+    return found != known_files.end() && found->second.end != FileEnd::unfinished &&
+           is_same_content(files().stamp(path), found->second.stamp);
 }
 
 bool is_changed_elsewhere(const std::string& path) {
     const auto found = known_files.find(path);
     if (found == known_files.end()) return false;
     const FileStamp now = files().stamp(path);
-    return now != FileStamp{} && now != found->second.stamp;
+    return now != FileStamp{} && !is_same_content(now, found->second.stamp);
+}
+
+bool has_been_here(const std::string& path) noexcept {
+    return known_files.contains(path);
 }
 
 bool ends_early(const std::string& path) noexcept {

@@ -294,8 +294,8 @@ void project_close() noexcept {
         main_window().set_title("Tavernook");
         main_window().enable_project_menus(false);
         screens().unload_all();
-        drop_companions();
         main_window().set_toolbar_state(1);
+        drop_companions();  // behind all that writes into the status bar
         release_claims();
     });
 }

@@ -1,5 +1,6 @@
 #include "core/project/names_beside.h"
 
+#include "basics/code_page.h"
 #include "basics/file_names.h"
 #include "basics/text.h"
 #include "platform/platform.h"
@@ -13,6 +14,10 @@ bool has_ending(std::string_view path, std::string_view ending) noexcept {
 
 std::string without_ending(std::string_view path, std::string_view ending) noexcept {
     return std::string(path.substr(0, path.size() - ending.size()));
+}
+
+std::string shown_file_name(std::string_view path) noexcept {
+    return text_from_utf8(file_name_part(path));
 }
 
 std::string path_beside(std::string_view project_path, std::string_view kind) noexcept {

@@ -20,4 +20,7 @@ std::string path_beside(std::string_view project_path, std::string_view kind) no
 // the file layer throws.
 std::string free_path_beside(std::string_view project_path, std::string_view kind);
 
+// The last part of a path, as text for the user.
+std::string shown_file_name(std::string_view path) noexcept;
+
 }  // namespace tavernook

@@ -3,15 +3,13 @@
 // own is saved, and the other one stays in any case.
 #pragma once
 
-#include <optional>
 #include <string>
 
 namespace tavernook {
 
-// Before a save at the path. Nothing when the user does not want his own content saved: then all is
-// as it was. Else where the other content lies now, as NAME.other.tvk (or "NAME.other 2.tvk" ...)
-// beside the project; empty when there was none and nobody was asked. Throws what the file layer
-// throws.
-[[nodiscard]] std::optional<std::string> put_other_content_aside(const std::string& path);
+// Before a save at the path. False when the user does not want his own content saved: then all is
+// as it was. Else another content lies beside the project as NAME.other.tvk (or "NAME.other 2.tvk"
+// ...), too; nobody is asked when there is none. Throws what the file layer throws.
+[[nodiscard]] bool keep_other_content(const std::string& path);
 
 }  // namespace tavernook

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "basics/code_page.h"
 #include "basics/fault.h"
 #include "basics/file_names.h"
 #include "basics/text.h"
@@ -19,7 +18,7 @@ constexpr std::string_view previous_extension = ".previous.tvk";
 constexpr std::string_view interrupted_kind = ".interrupted";
 
 std::string question(const std::string& path, const std::string& previous) {
-    const std::string name = text_from_utf8(file_name_part(path));
+    const std::string name = shown_file_name(path);
     return "The last save of " + name + " was interrupted. The version from before it, of " +
            date_text(files().modified(previous)) +
            ", is still there.  Press YES to go back to that version (the file as it is now stays "
@@ -47,21 +46,22 @@ std::string previous_version_path(const std::string& project_path) noexcept {
     return path_beside(project_path, previous_kind);
 }
 
-std::string set_previous_version_aside(const std::string& project_path) {
-    std::string aside = previous_version_path(project_path);
+void set_previous_version_aside(const std::string& project_path) {
     if (files().exists(project_path)) {
-        if (ends_early(project_path)) {
-            aside = free_path_beside(project_path, interrupted_kind);
-            files().rename(project_path, aside);
-        } else if (files().exists(aside) && !is_known_project_file(project_path)) {
+        const bool is_damaged = ends_early(project_path);
+        const std::string previous = previous_version_path(project_path);
+        if (is_damaged) {
+            files().copy(project_path, free_path_beside(project_path, interrupted_kind));
+        }
+        const bool is_whole = !is_damaged && is_known_project_file(project_path);
+        if (!is_whole && files().exists(previous)) {
             files().remove(project_path);
         } else {
-            files().rename(project_path, aside);
+            files().rename(project_path, previous);
         }
     }
     // Not earlier: a file that could not be moved is as whole as before.
     forget_project_file(project_path);
-    return aside;
 }
 
 bool previous_version_exists(const std::string& project_path) {
@@ -69,7 +69,7 @@ bool previous_version_exists(const std::string& project_path) {
 }
 
 bool may_start_project_at(const std::string& path) {
-    const std::string name = text_from_utf8(file_name_part(path));
+    const std::string name = shown_file_name(path);
     if (has_ending(path, previous_extension)) {
         boxes().message("The name " + name +
                         " is kept for what an interrupted save leaves behind.  Please choose "
@@ -77,7 +77,7 @@ bool may_start_project_at(const std::string& path) {
         return false;
     }
     if (!files().exists(path) && previous_version_exists(path)) {
-        const std::string previous = text_from_utf8(file_name_part(previous_version_path(path)));
+        const std::string previous = shown_file_name(previous_version_path(path));
         boxes().message("The last save of " + name + " was interrupted and only " + previous +
                         " is there.  Open that file to get the project back, or choose another "
                         "name.");

@@ -9,12 +9,11 @@ namespace tavernook {
 
 std::string previous_version_path(const std::string& project_path) noexcept;
 
-// Moves the project file aside and tells where it, or what is kept in its stead, lies now; nothing
-// lies there when there was no file. A previous version from an unfinished save is kept instead,
-// and the half-written file deleted, unless the present file is known to be whole. A file that
-// ended early when it was read goes to NAME.interrupted.tvk and stays there. Throws what the file
+// Makes the project file the previous version. One that is there from an unfinished save is kept
+// instead, and the half-written file deleted, unless the present file is known to be whole. Of a
+// file that ended early when it was read a copy stays as NAME.interrupted.tvk. Throws what the file
 // layer throws: the save tells of it.
-std::string set_previous_version_aside(const std::string& project_path);
+void set_previous_version_aside(const std::string& project_path);
 
 // Throws what the file layer throws.
 bool previous_version_exists(const std::string& project_path);

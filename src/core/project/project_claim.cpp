@@ -2,8 +2,7 @@
 
 #include <set>
 
-#include "basics/code_page.h"
-#include "basics/text.h"
+#include "core/project/names_beside.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -12,16 +11,12 @@ namespace {
 
 std::set<std::string> claimed;
 
-std::string shown_name(const std::string& path) {
-    return text_from_utf8(file_name_part(path));
-}
-
 // On another machine nobody can tell whether the program that left the lock still runs: the user
 // can.
 bool user_takes_over(const std::string& path, const LockHolder& holder) {
     const std::string question =
-        "The project " + shown_name(path) + " is marked as open on the computer " + holder.machine +
-        ", since " + date_text(holder.since) +
+        "The project " + shown_file_name(path) + " is marked as open on the computer " +
+        holder.machine + ", since " + date_text(holder.since) +
         ".  If it is not open there any more, press YES to use it here.  If it is, press NO and "
         "close it there first: what both save would not come together.";
     return boxes().message(question, Buttons::yes_no, "Project Open Elsewhere",
@@ -29,7 +24,7 @@ bool user_takes_over(const std::string& path, const LockHolder& holder) {
 }
 
 void tell_that_it_is_taken(const std::string& path) {
-    boxes().message("The project " + shown_name(path) +
+    boxes().message("The project " + shown_file_name(path) +
                     " is already open in another Tavernook window.  Close it there first, then "
                     "open it here.");
 }

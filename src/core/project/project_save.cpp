@@ -1,10 +1,8 @@
 #include "core/project/project_save.h"
 
 #include <memory>
-#include <optional>
 
 #include "basics/text.h"
-#include "core/file_rights.h"
 #include "core/program_state.h"
 #include "core/project/companions.h"
 #include "core/project/known_files.h"
@@ -24,18 +22,19 @@ void refuse_write_protected_file() {
     if (files().is_write_protected(project_path)) throw Fault(fault_number::permission_denied);
 }
 
-// A save starts from no file at all; that there was none to delete is no error. The result is where
-// the file lies whose place the new one takes, or, under a new name, the project that it comes from:
-// the copy tells as much as that one.
-std::string delete_project_file(const std::string& other_content) {
-    const std::string aside = set_previous_version_aside(project_path);
+// A save starts from no file at all; that there was none to delete is no error. The result is the
+// file whose rights the new one takes: the previous version, or what is known of one that has gone,
+// or under a new name the project that it comes from. The copy tells as much as that one.
+std::string delete_project_file() {
+    const bool was_here = has_been_here(project_path);
+    set_previous_version_aside(project_path);
     try {
         files().remove(project_path);
     } catch (const Fault& fault) {
         if (fault.number != fault_number::file_not_found) throw;
     }
-    const std::string replaced = other_content.empty() ? aside : other_content;
-    return files().exists(replaced) ? replaced : project_left();
+    const std::string previous = previous_version_path(project_path);
+    return was_here || files().exists(previous) ? previous : project_left();
 }
 
 void write_sections_and_setup(File& file) {
@@ -84,19 +83,17 @@ void write_blocks() {
 // The mark goes when all else is on the disk, so that a file without it is whole. Beside a whole
 // content it says nothing: that it could not go fails no save.
 void take_mark_away(File& file) {
-    trap(
-        [&] {
-            project_file::mark_as_written(file);
-            file.flush();
-        },
-        [](const Fault&) {});
+    tried([&] {
+        project_file::mark_as_written(file);
+        file.flush();
+    });
 }
 
 // Nothing fails any more when the content and its name are on the disk.
 void finish_project_file(const std::string& model) {
     {
         const std::unique_ptr<File> file = files().open(project_path, OpenMode::read_write);
-        take_attributes_of(model, project_path);
+        files().copy_attributes(model, project_path);
         file->flush();
         files().flush_folder(folder_of(project_path));
         take_mark_away(*file);
@@ -107,11 +104,11 @@ void finish_project_file(const std::string& model) {
     drop_previous_version(project_path);
 }
 
-void write_project(const std::string& other_content) {
+void write_project() {
     main_window().set_status(activity_panel, "Saving Project...");
     prepare_companions();
-    const std::string model = delete_project_file(other_content);
-    make_with_rights_of(model, project_path);
+    const std::string model = delete_project_file();
+    files().copy_attributes(model, project_path);
     write_sections_and_setup(*files().open(project_path, OpenMode::read_write));
     save_progress().hide();
     write_blocks();
@@ -119,15 +116,22 @@ void write_project(const std::string& other_content) {
     commit_companions();
 }
 
+// What lies there now may be deleted by the next save, and nothing that another program puts there.
+void know_what_is_left() {
+    if (has_been_here(project_path)) return;  // nothing has been moved yet
+    if (const auto stamp = stamp_if_readable(project_path)) {
+        project_file_is_known(project_path, *stamp, FileEnd::unfinished);
+    }
+}
+
 // False when the user does not want it.
 bool save_project(i16 silent) {
     refuse_write_protected_file();
-    const std::optional<std::string> other_content = put_other_content_aside(project_path);
-    if (!other_content) return false;
+    if (!keep_other_content(project_path)) return false;
     save_progress().load("Saving Project", "Saving Project....");
     if (silent == 0) save_progress().show();
     save_progress().workbar(0);
-    write_project(*other_content);
+    write_project();
     return true;
 }
 
@@ -138,6 +142,7 @@ bool Project_Save(const i16& silent) noexcept {
     trap([&] { saved = save_project(silent); },
          [](const Fault& fault) {
              save_progress().hide();
+             know_what_is_left();
              show_fault("There has been a file access error.  The error number is ERROR #: " +
                         std::to_string(fault.number));
          });

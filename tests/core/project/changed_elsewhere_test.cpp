@@ -33,6 +33,13 @@ class ChangedElsewhere : public SessionTest {
             .default_button(DefaultButton::no);
     }
 
+    void user_opens_home_again() {
+        std::filesystem::remove(home);
+        make_project(home, "Corner shop");
+        start();
+        user_opens(home);
+    }
+
     const std::string theirs = "their own content of this file";
     const std::string other = platform.path("home.other.tvk");
 };
@@ -123,6 +130,42 @@ TEST_F(ChangedElsewhere, WhatOurOwnFailedSaveLeftIsNotAskedAbout) {
     mnuFile_Save();
     EXPECT_EQ(store_on_disk(home), "Bakery");
     EXPECT_FALSE(exists(other));
+}
+
+TEST_F(ChangedElsewhere, WhatComesBehindAFailedSaveIsAskedAbout) {
+    for (const int step : {0, 10}) {
+        other_program_writes();
+        user_opens_home_again();
+        const int write = first_write_of_a_save();
+        user_renames_store("Bakery");
+        disk_is_full_at(write + step);
+        platform.boxes.expect_message(save_error(61));
+        mnuFile_Save();
+        platform.files.work_normally();
+        other_program_writes();
+        user_is_asked(Answer::yes);
+        mnuFile_Save();
+        EXPECT_EQ(store_on_disk(home), "Bakery");
+        EXPECT_EQ(read_whole_file(other), theirs);
+        std::filesystem::remove(other);
+    }
+}
+
+TEST_F(ChangedElsewhere, ASaveThatFailsOverItLeavesItAsThePreviousVersion) {
+    const int write = first_write_of_a_save();
+    user_renames_store("Market");
+    other_program_writes();
+    platform.files.start_over();
+    disk_is_full_at(write + 10);
+    user_is_asked(Answer::yes);
+    platform.boxes.expect_message(save_error(61));
+    mnuFile_Save();
+    platform.files.work_normally();
+    EXPECT_EQ(read_whole_file(platform.path("home.previous.tvk")), theirs);
+    EXPECT_EQ(read_whole_file(other), theirs);
+    mnuFile_Save();
+    EXPECT_EQ(store_on_disk(home), "Market");
+    EXPECT_EQ(read_whole_file(other), theirs);
 }
 
 TEST_F(ChangedElsewhere, ACopyUnderAnotherNameAsksNothing) {

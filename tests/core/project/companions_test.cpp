@@ -147,6 +147,27 @@ TEST_F(Companions, AHistoryThatCannotBeSavedIsToldAndFailsNoSave) {
     EXPECT_TRUE(exists(in_program("reports/home000004.tmp")));
 }
 
+TEST_F(Companions, AnOlderBundleOfHistoriesGoesWithASave) {
+    put(in_program("reports/home.histories"), "left");
+    mnuFile_Save();
+    EXPECT_FALSE(exists(in_program("reports/home.histories")));
+    EXPECT_EQ(histories_of("home"), "new");
+}
+
+TEST_F(Companions, ASentenceAboutThemIsTheLastOfAClosing) {
+    platform.disk.remove(in_program("reports/home000003.tmp"));
+    platform.disk.make_folder(in_program("reports/home000003.tmp"));
+    user_is_asked_to_save(Answer::no);
+    mnuFile_Close();
+    const Steps& told = platform.transcript;
+    const auto buttons = std::find(told.rbegin(), told.rend(), "window toolbar 1");
+    const auto sentence = std::find_if(told.rbegin(), told.rend(), [](const std::string& step) {
+        return step.find("could not be removed") != std::string::npos;
+    });
+    ASSERT_NE(buttons, told.rend());
+    EXPECT_LT(sentence - told.rbegin(), buttons - told.rbegin());
+}
+
 TEST_F(Companions, WorkingCopiesThatCannotBeRemovedAreToldAndKeepNoProjectOpen) {
     platform.disk.remove(in_program("reports/home000003.tmp"));
     platform.disk.make_folder(in_program("reports/home000003.tmp"));
@@ -162,7 +183,7 @@ TEST_F(Companions, WorkingCopiesThatCannotBeRemovedAreToldAndKeepNoProjectOpen) 
 TEST_F(Companions, AFailureAtAnyOperationOfTheHistoriesFailsNoSave) {
     mnuFile_Save();
     const auto& log = platform.files.log();
-    const auto first = std::find(log.begin(), log.end(), "remove home.previous.tvk") - log.begin();
+    const auto first = std::find(log.begin(), log.end(), "exists home.histories") - log.begin();
     const int operations = platform.files.operations();
     ASSERT_GT(operations, first + 8);
     for (int n = static_cast<int>(first) + 2; n <= operations; ++n) {

@@ -93,6 +93,22 @@ TEST_F(EarlyEnd, TheFirstSavePutsTheHalfFileAsideAndTheNextOnesDoNot) {
     expect_opened();
 }
 
+TEST_F(EarlyEnd, ASaveThatFailsOverTheHalfFileLeavesItAsThePreviousVersion) {
+    const std::string half = without_blocks().bytes;
+    opens_and_is_told(half, all_missing);
+    platform.files.start_over();
+    platform.files.fail_at(20, fault_number::disk_full, Repeat::persistently, Torn::yes);
+    platform.boxes.expect_message(
+        "There has been a file access error.  The error number is ERROR #: 61");
+    ASSERT_FALSE(Project_Save(1));
+    platform.files.start_over();
+    EXPECT_TRUE(read_whole_file(platform.path("home.previous.tvk")) == half);
+    EXPECT_TRUE(read_whole_file(interrupted) == half);
+    ASSERT_TRUE(Project_Save(1));
+    EXPECT_EQ(platform.disk.list(platform.temp.path(), ".tvk"),
+              (std::vector<std::string>{"home.interrupted.tvk", "home.tvk"}));
+}
+
 TEST_F(EarlyEnd, AnotherHalfFileTakesAFreeName) {
     write_whole_file(interrupted, "from yesterday");
     const std::string half = without_blocks().bytes;

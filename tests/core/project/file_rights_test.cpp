@@ -103,6 +103,15 @@ TEST_F(FileRights, WhatASaveThatFailsLeavesIsNoWiderThanTheProject) {
     EXPECT_EQ(mode_of(platform.path("home.previous.tvk")), 0600U);
 }
 
+TEST_F(FileRights, AProjectWhoseFileHasGoneIsWrittenForItsOwnerAlone) {
+    std::filesystem::remove(home);
+    move_stock();
+    EXPECT_EQ(mode_of(history_path(".tmp")), 0600U);
+    mnuFile_Save();
+    EXPECT_EQ(store_on_disk(home), "Bakery");
+    EXPECT_EQ(mode_of(home), 0600U);
+}
+
 TEST_F(FileRights, ACopyOfAPrivateProjectUnderANewNameIsPrivate) {
     set_mode(home, 0600);
     const std::string cabin = home.substr(0, home.size() - 8) + "cabin.tvk";

@@ -115,10 +115,10 @@ TEST_F(MainStart, TheRecentMenuShowsWhatTheStoreHolds) {
 TEST_F(MainStart, WhatKilledProgramsLeftGoesFromTheProgramsFolders) {
     for (const char* folder : {"recipes", "reports", "dat", "barcode"}) {
         platform.disk.make_folder(in_program(folder));
-        write_whole_file(in_program(folder) + "/.tavernook-a1B2c3", "half a copy");
+        write_whole_file(in_program(folder) + "/.tavernook-unfinished-a1B2c3", "half a copy");
         write_whole_file(in_program(folder) + "/kept", "x");
     }
-    write_whole_file(platform.system.settings + "/.tavernook-a1B2c3", "half a copy");
+    write_whole_file(platform.system.settings + "/.tavernook-unfinished-a1B2c3", "half a copy");
     hide_welcome();
     main_load("");
     for (const char* folder : {"recipes", "reports", "dat", "barcode"}) {

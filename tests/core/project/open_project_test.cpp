@@ -452,9 +452,9 @@ TEST_F(OpenProject, ARecentEntryThatAnotherProgramHasKeepsTheOpenProject) {
 }
 
 TEST_F(OpenProject, WhatAKilledProgramLeftBesideItGoes) {
-    write_whole_file(platform.path(".tavernook-a1B2c3"), "half a copy");
+    write_whole_file(platform.path(".tavernook-unfinished-a1B2c3"), "half a copy");
     user_opens(home);
-    EXPECT_FALSE(exists(platform.path(".tavernook-a1B2c3")));
+    EXPECT_FALSE(exists(platform.path(".tavernook-unfinished-a1B2c3")));
 }
 
 TEST_F(OpenProject, AProjectThatIsClosedOrReplacedIsFreeForOthers) {

@@ -121,6 +121,18 @@ TEST_F(SaveAsCompanions, ATextThatWasStoredSinceIsNewerThanTheCopyThatWaited) {
     EXPECT_FALSE(exists(ready));
 }
 
+TEST_F(SaveAsCompanions, ACopyThatWaitedIsBetterThanAMissingText) {
+    mnuFile_Save();
+    const std::string ready = in_program("recipes/home000007.ready");
+    platform.disk.rename(text_path("home"), ready);
+    put(home, read_whole_file(home) + "x");  // no save wrote this
+    was_saved_long_ago(home);
+    end_and_start_again();
+    user_opens(home);
+    EXPECT_EQ(bytes_of(text_path("home")), new_text);
+    EXPECT_FALSE(exists(ready));
+}
+
 TEST_F(SaveAsCompanions, ACopyOfAnotherProjectOrOfNoneStays) {
     for (const char* name : {"cabin000007.ready", "home000001000007.ready", "home000000.ready",
                              "home001001.ready", "home7.ready", ".ready"}) {

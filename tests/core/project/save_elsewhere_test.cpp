@@ -243,7 +243,7 @@ TEST_F(SaveElsewhere, AMoveAsideThatFailsLeavesTheFileKnownToBeWhole) {
     write_whole_file(platform.path("home.previous.tvk"), old_bytes);
     items[3].name = "Changed once more";
     platform.files.start_over();
-    platform.files.fail_at(6, 70);  // the renaming
+    platform.files.fail_at(5, 70);  // the renaming
     EXPECT_FALSE(Project_Save(1));
     EXPECT_TRUE(platform.files.log().back().starts_with("rename home.tvk -> home.previous.tvk"));
     save_failing_at(20, 61, Repeat::persistently, Torn::yes);
