@@ -49,8 +49,6 @@ struct FullHousehold {
         fill_full_project();
         save_after_audit = 0;
         set_project_path("/home/me/bench.tvk");
-        reports = platform.system.program + "/reports";
-        platform.disk.make_folder(reports);
         set_platform({.clock = &platform.clock,
                       .boxes = &boxes,
                       .files = &platform.disk,
@@ -61,11 +59,30 @@ struct FullHousehold {
                       .replace_item = &platform.replace_item});
     }
 
+    // A folder of its own for the histories.
+    void begin_run() {
+        forget_usage_files();
+        platform.system.program = platform.path("run " + std::to_string(++runs));
+        reports = platform.system.program + "/reports";
+        platform.disk.make_folder(reports);
+        platform.transcript.clear();
+        platform.calls.clear();
+    }
+
     TestPlatform platform;
     NoBoxes boxes;
     NoProgress progress;
     std::string reports;
+    int runs = 0;
 };
+
+// One for all: where thousands of files have just been deleted, as with a household that goes, file
+// systems look long for the place of a new one.
+FullHousehold& household_of_this_run() {
+    static FullHousehold household;
+    household.begin_run();
+    return household;
+}
 
 // --- what must be bought
 // --------------------------------------------------------------------------
@@ -140,7 +157,7 @@ class StockDatabase {
 };
 
 void scan_what_must_be_bought(benchmark::State& state) {
-    const FullHousehold household;
+    household_of_this_run();
     StockDatabase database;
     const Date now = platform_clock().now();
     build_shopping_list();
@@ -177,11 +194,11 @@ double count_of_moves() {
 // 30 items and 30 recipes of 50 ingredients on each of 1,095 days, with the history on the disk.
 // `saved` = every item has a saved history, which its working copy begins with.
 void audit_all_days(benchmark::State& state, bool saved) {
-    FullHousehold household;
+    FullHousehold& household = household_of_this_run();
     household.platform.clock.time = 47000;  // behind the last day
     const std::string entry(21, '\1');
     const auto prepare = [&] {
-        if (!discard_usage_files()) std::abort();
+        household.begin_run();
         for (i16 item = 1; saved && item <= item_capacity; ++item) {
             const std::string number = std::to_string(1000000 + item).substr(1);
             const std::string path = household.reports + "/bench" + number + ".dat";
@@ -189,8 +206,6 @@ void audit_all_days(benchmark::State& state, bool saved) {
         }
         for (i16 day = 1; day <= day_capacity; ++day) days[day].audited = 0;
         refill_lots();
-        household.platform.transcript.clear();
-        household.platform.calls.clear();
     };
     // The yardstick: reading the plan and the stock once.
     const auto pass = [] {
@@ -231,7 +246,7 @@ std::string history_path(const FullHousehold& household, i16 item, const char* e
 // A list of 120 items goes into stock, each behind a history of 100 entries. The yardstick: as many
 // files of the same length, copied by the library. Goal: 50 ms.
 void book_120_items_behind_saved_histories(benchmark::State& state) {
-    FullHousehold household;
+    FullHousehold& household = household_of_this_run();
     for (i16 item = 1; item <= bought_items; ++item) {
         household.platform.disk.open(history_path(household, item, ".dat"), OpenMode::read_write)
             ->write(0, std::string(2100, '\1'));
