@@ -271,6 +271,7 @@ bool main_unload() noexcept {
         window_geometry = main_window().geometry();
         save_window_state();
         add_recent_project(project_path);
+        note_last_project(project_path);
         platform_clock().wait_seconds(0.1);
         screens().unload_all();
         drop_companions();

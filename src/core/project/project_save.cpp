@@ -6,6 +6,7 @@
 #include "core/program_state.h"
 #include "core/project/companions.h"
 #include "core/project/known_files.h"
+#include "core/project/names_beside.h"
 #include "core/project/other_content.h"
 #include "core/project/previous_version.h"
 #include "core/project_data.h"
@@ -17,9 +18,13 @@ namespace tavernook {
 
 namespace {
 
-// Replacing a file needs no right to write it: without the question it would be replaced.
+// Replacing a file needs no right to write it: without the question it would be replaced. The box
+// has only a number to tell.
 void refuse_write_protected_file() {
-    if (files().is_write_protected(project_path)) throw Fault(fault_number::permission_denied);
+    if (!files().is_write_protected(project_path)) return;
+    main_window().set_status(
+        message_panel, shown_file_name(project_path) + " is write-protected; nothing was saved.");
+    throw Fault(fault_number::permission_denied);
 }
 
 // A save starts from no file at all; that there was none to delete is no error. The result is the

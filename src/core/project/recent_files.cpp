@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t most_recent_entries = 6;  // places in the File menu
 constexpr const char* section = "Recent Files";
+constexpr const char* last_key = "LastProject";
 constexpr const char* keys[] = {"RecentFile1", "RecentFile2", "RecentFile3"};
 
 std::string stored_path(const char* key) {
@@ -72,9 +73,19 @@ void copy_key(const char* from, const char* to) {
 
 void load_recent_menu() noexcept {
     trap_in_main("load_recent_menu", [] {
-        Paths paths = merged(paths_of_store(), paths_of_settings_file());
+        Paths paths;
+        append_new(paths, stored_path(last_key));
+        for (const std::string& path : merged(paths_of_store(), paths_of_settings_file())) {
+            append_new(paths, path);
+        }
         if (paths.size() > most_recent_entries) paths.resize(most_recent_entries);
         main_window().set_recent_files(paths);
+    });
+}
+
+void note_last_project(const std::string& path) noexcept {
+    tried([&] {
+        if (!path.empty()) settings_store().set(section, last_key, path);
     });
 }
 

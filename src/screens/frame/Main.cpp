@@ -290,6 +290,8 @@ void Main::refresh_title() {
     QString shown = shown_text(title_);
     shown.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     if (project_modified != 0) shown += QLatin1Char('*');
+    const QString child = children_->whole_title();
+    if (!child.isEmpty()) shown = tr("%1 - [%2]").arg(shown, child);
     if (windowTitle() != shown) setWindowTitle(shown);
 }
 

@@ -41,6 +41,12 @@ bool ChildArea::has_child_window() const {
                        [](const QMdiSubWindow* child) { return !child->isHidden(); });
 }
 
+QString ChildArea::whole_title() const {
+    const QMdiSubWindow* front = area_.currentSubWindow();
+    const bool fills = front != nullptr && !front->isHidden() && front->isMaximized();
+    return fills ? front->windowTitle() : QString();
+}
+
 void ChildArea::set_recent_files(const std::vector<std::string>& paths) {
     start_page_->set_recent_files(paths);
     area_.setMinimumSize(start_page_->minimumSizeHint());

@@ -26,6 +26,8 @@ class ChildArea : public QObject {
     const StartPage& start_page() const { return *start_page_; }
 
     bool has_child_window() const;  // in sight
+    // Of the screen in front, when it fills the area; empty without one.
+    QString whole_title() const;
     void set_recent_files(const std::vector<std::string>& paths);
     void refresh(bool project_is_open);
 

@@ -42,6 +42,13 @@ class ChildWindow : public QMdiSubWindow {
         if (event->isAccepted()) closed_();
     }
 
+    // The title is the main window's to make: each child would put its name behind the one that it
+    // saw first, mark and all.
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const bool is_title = object == window() && event->type() == QEvent::WindowTitleChange;
+        return !is_title && QMdiSubWindow::eventFilter(object, event);
+    }
+
     void changeEvent(QEvent* event) override {
         const bool was_changing = std::exchange(is_changing_, true);
         QMdiSubWindow::changeEvent(event);

@@ -211,6 +211,7 @@ void LotView::ask_quantity(i16 place) {
     if (!typed) return;
     const std::optional<f64> quantity = typed_number(*typed);
     if (!quantity) return say("\"" + *typed + "\" is not a number; the lot keeps its quantity.");
+    if (*quantity < 0) return say(*typed + " is less than 0; the lot keeps its quantity.");
     change_lots(held, [&](i16 item) { set_lot_quantity(item, *quantity, place); });
 }
 

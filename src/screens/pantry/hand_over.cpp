@@ -59,8 +59,7 @@ void set_in_recipe(i16 item, f64 servings) {
 }
 
 QString date_of_day(const DayRecord& day) {
-    const Date date = date_from_civil(day.year, day.month, day.day);
-    return shown_date(date, date_day_first != 0 ? "DD/MM/YYYY" : "MM/DD/YYYY");
+    return spoken_date({day.year, day.month, day.day});
 }
 
 void add_to_day(i16 item, f64 servings) {

@@ -205,6 +205,7 @@ TEST_F(FileRights, AWriteProtectedProjectIsNotReplaced) {
     platform.boxes.expect_message(save_error(70));
     mnuFile_Save();
     EXPECT_TRUE(read_whole_file(home) == before);
+    EXPECT_EQ(platform.main.status[1], "home.tvk is write-protected; nothing was saved.");
     EXPECT_EQ(mode_of(home), 0444U);
     EXPECT_EQ(project_modified, i16_true);
     EXPECT_EQ(platform.disk.list(platform.temp.path(), ".tvk"), Steps{"home.tvk"});

@@ -70,6 +70,19 @@ TEST_F(RecentFiles, APathThatIsThereStaysInItsPlace) {
     }
 }
 
+TEST_F(RecentFiles, TheProjectThatWasOpenLastIsInFrontWhereverItStands) {
+    store("/a/one.tvk", "/a/two.tvk", "/a/three.tvk");
+    note_last_project("/a/two.tvk");
+    load_recent_menu();
+    EXPECT_EQ(platform.main.recent_files, (Paths{"/a/two.tvk", "/a/one.tvk", "/a/three.tvk"}));
+    note_last_project("/a/new.tvk");
+    note_last_project("");
+    load_recent_menu();
+    EXPECT_EQ(platform.main.recent_files,
+              (Paths{"/a/new.tvk", "/a/one.tvk", "/a/two.tvk", "/a/three.tvk"}));
+    EXPECT_EQ(stored(), (Paths{"/a/one.tvk", "/a/two.tvk", "/a/three.tvk"}));
+}
+
 TEST_F(RecentFiles, PathsDifferInCapitals) {
     store("/a/one.tvk", "", "");
     save_recent_project("/a/One.tvk");

@@ -32,6 +32,21 @@ TEST_F(SaveAsCompanions, TheNewProjectHasThemAllAndTheOldOneWhatWasSaved) {
     EXPECT_EQ(bytes_of(report("home", flour)), saved_moves);
 }
 
+TEST_F(SaveAsCompanions, TheNewProjectIsTheOneToContinueWith) {
+    user_saves_as(cabin);
+    EXPECT_TRUE(main_unload());
+    end_and_start_again();
+    EXPECT_EQ(platform.main.recent_files.front(), cabin);
+}
+
+TEST_F(SaveAsCompanions, ANewProjectIsTheOneToContinueWith) {
+    user_is_asked_to_save(Answer::no);
+    user_creates(cabin);
+    EXPECT_TRUE(main_unload());
+    end_and_start_again();
+    EXPECT_EQ(platform.main.recent_files.front(), cabin);
+}
+
 TEST_F(SaveAsCompanions, WhatLayUnderTheNewNameIsNotMixedIn) {
     begin_run_beside_cabin();
     put(report("cabin", 9), cabin_moves);

@@ -67,6 +67,34 @@ TEST_F(ChildWindows, LeavingTheItemScreenLeavesTheOthersMaximised) {
     expect_whole("Mealbuilder");
 }
 
+TEST_F(ChildWindows, TheTitleTellsTheWholeScreenInFrontAndWhetherAllIsSaved) {
+    const auto title = [&](bool modified) {
+        project_modified = modified ? i16_true : i16_false;
+        tick("timer_1");
+        tick("timer_2");
+        return shown_title();
+    };
+    const auto expect_title = [&](const std::string& behind) {
+        for (const bool modified : {true, false, true, false}) {
+            EXPECT_EQ(title(modified), std::string("Tavernook") + (modified ? "*" : "") + behind);
+        }
+    };
+    expect_title("");
+    open("MealPlan");
+    expect_title(" - [Meal Planning]");
+    open("FoodInventory");
+    expect_title(" - [Item Inventory]");
+    click("close_screen");
+    settle();
+    expect_title(" - [Meal Planning]");
+    open("Mealbuilder");
+    expect_title(" - [Recipe Manager]");
+    child("Mealbuilder").showNormal();
+    expect_title("");
+    open("MealPlan");
+    expect_title(" - [Meal Planning]");
+}
+
 TEST_F(ChildWindows, ASmallOneThatComesAndGoesLeavesTheOthersMaximised) {
     open("Mealbuilder");
     open("MealPlan");

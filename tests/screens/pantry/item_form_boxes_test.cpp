@@ -289,10 +289,10 @@ TEST_F(AddingAnItem, ADayConfirmsWhatItGot) {
     add(2, "8");
     ASSERT_EQ(days[current_day].planned_item[1], 1);
     EXPECT_EQ(day_quantities[current_day].item_quantity[1], 16);
-    EXPECT_EQ(panel(1), "Rice is added to 05/15/2024: 8 x 2 oz = 16 oz.");
+    EXPECT_EQ(panel(1), "Rice is added to Wednesday, May 15: 8 x 2 oz = 16 oz.");
     add(2, "1");
     EXPECT_EQ(day_quantities[current_day].item_quantity[1], 18);
-    EXPECT_EQ(panel(1), "Rice is added to 05/15/2024: 1 x 2 oz = 2 oz.");
+    EXPECT_EQ(panel(1), "Rice is added to Wednesday, May 15: 1 x 2 oz = 2 oz.");
 }
 
 TEST_F(AddingAnItem, WhatADayRefusesIsNotConfirmed) {

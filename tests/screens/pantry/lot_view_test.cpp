@@ -232,6 +232,9 @@ TEST_F(LotViewScreen, ACancelledBoxOrNoNumberChangesNothing) {
         EXPECT_EQ(panel(1),
                   std::string("\"") + typed + "\" is not a number; the lot keeps its quantity.");
     }
+    expect_quantity_box("4", "-3");
+    press("Return");
+    EXPECT_EQ(panel(1), "-3 is less than 0; the lot keeps its quantity.");
     EXPECT_EQ(lots[3].lot_quantity[2], 4);
     EXPECT_EQ(project_modified, i16_false);
 }

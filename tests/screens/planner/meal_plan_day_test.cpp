@@ -272,7 +272,7 @@ TEST_F(PlannerDay, TheInventoryHandsItsItemToTheDay) {
     settle();
     EXPECT_FALSE(inventory->isVisible());
     EXPECT_EQ(plan_shown(), Texts{"Milk 750 gram(s)"});
-    EXPECT_EQ(panel(1), "Milk is added to 05/20/2024: 3 x 250 gram(s) = 750 gram(s).");
+    EXPECT_EQ(panel(1), "Milk is added to Monday, May 20: 3 x 250 gram(s) = 750 gram(s).");
     EXPECT_TRUE(grid().cell(may_20).planned);
 }
 
