@@ -9,6 +9,7 @@
 #include "core/catagories.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
+#include "core/rows.h"
 #include "core/string_storage.h"
 #include "inventory/item_form.h"
 #include "inventory/items.h"
@@ -21,6 +22,7 @@
 #include "screens/parts/icons.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/plan_names.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/tab_order.h"
 #include "ui_FoodInventory.h"
@@ -234,11 +236,13 @@ void FoodInventory::remove() {
     const i16 item = item_.number();
     const i16 catagory = list_.marked_catagory();
     if (item == 0 && catagory == 0) return;
+    const QString name = item_name(item);
     const i16 gone = item != 0 ? delete_item(item) : delete_catagory(catagory);
     // The user may have closed the replacement screen.
     if (gone == 0 || item_.number() != 0) return;
     project_modified = i16_true;
     show_no_item();
+    if (item != 0 && !is_live_row(items, item)) say(tr("%1 is deleted.").arg(name));
 }
 
 void FoodInventory::copy_item_shown() {

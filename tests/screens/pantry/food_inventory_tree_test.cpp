@@ -256,6 +256,7 @@ TEST_F(ItemTree, AnUnusedItemIsDeletedWithoutAQuestion) {
     settle();
     EXPECT_EQ(items[1].in_use, 0);
     EXPECT_EQ(lots[1].active, 0);
+    EXPECT_EQ(panel(1), "Rice is deleted.");
     EXPECT_EQ(screen().getindex(), 0);
     EXPECT_EQ(rows(), "[Dairy] Butter Milk [General] ");
     EXPECT_EQ(project_modified, i16_true);
