@@ -11,7 +11,7 @@ namespace tavernook {
 
 extern i16 project_open;         // a project is open
 extern i16 project_modified;     // it has unsaved changes
-extern i16 recipe_text_changed;  // the recipe document on screen differs from its file
+extern i16 recipe_text_changed;  // a text was changed since the save and can go back
 extern i16 project_load_failed;  // Project_Open gave up
 extern i16 older_file_format;    // the file opened has a file_version other than 1
 extern i16 date_day_first;       // 1 = the user's short dates start with the day, 0 = the month

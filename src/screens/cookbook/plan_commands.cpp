@@ -1,6 +1,5 @@
 #include "screens/cookbook/plan_commands.h"
 
-#include <QObject>
 #include <algorithm>
 
 #include "basics/number_text.h"
@@ -17,10 +16,6 @@
 namespace tavernook {
 
 namespace {
-
-QString tr(const char* text) {
-    return QObject::tr(text);
-}
 
 bool is_audited(const QDate& date) {
     const std::vector<i16> held = live_days_of(civil_date_of(date));

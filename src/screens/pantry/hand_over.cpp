@@ -1,6 +1,5 @@
 #include "screens/pantry/hand_over.h"
 
-#include <QObject>
 #include <cmath>
 
 #include "basics/number_text.h"
@@ -17,10 +16,6 @@
 namespace tavernook {
 
 namespace {
-
-QString tr(const char* text) {
-    return QObject::tr(text);
-}
 
 // Without the crumbs of binary fractions.
 QString plain_number(f64 value) {

@@ -74,6 +74,10 @@ void Screen::showEvent(QShowEvent* event) {
     follow();
 }
 
+QString tr(const char* text) {
+    return QObject::tr(text);
+}
+
 void say(const QString& text) {
     say(std::string_view(typed_text(text)));
 }

@@ -59,6 +59,9 @@ class Screen : public QWidget {
     bool follows_ = true;  // the last time it did
 };
 
+// Words for the user where no class of Qt's is at hand to translate them.
+QString tr(const char* text);
+
 // In the status bar's message panel. What stood there goes with the next command.
 void say(const QString& text);
 void say(std::string_view text);  // as the tables hold texts

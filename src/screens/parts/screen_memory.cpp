@@ -10,8 +10,8 @@
 #include <QTreeView>
 #include <algorithm>
 
-#include "core/trap.h"
 #include "platform/platform.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 
@@ -138,14 +138,9 @@ QSize size_for_what_is_shown(const QWidget& screen) {
     return window_of(screen)->size() + more;
 }
 
-// A screen that cannot be remembered comes up as designed; nobody is stopped for it.
-template <typename Work>
-void quietly(Work&& work) {
-    trap(std::forward<Work>(work), [](const Fault&) {});
-}
-
 }  // namespace
 
+// A screen that cannot be remembered comes up as designed; nobody is stopped for it.
 void restore_screen(QWidget& screen) {
     quietly([&screen] {
         restore_size(screen);

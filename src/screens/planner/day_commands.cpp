@@ -1,6 +1,5 @@
 #include "screens/planner/day_commands.h"
 
-#include <QObject>
 #include <optional>
 
 #include "barcodes/scanned_code.h"
@@ -23,10 +22,6 @@
 namespace tavernook {
 
 namespace {
-
-QString tr(const char* text) {
-    return QObject::tr(text);
-}
 
 QString shown_date() {
     return spoken_date(selected_date());
