@@ -45,7 +45,7 @@ void add_number(QComboBox& list, const QString& text, int number) {
 }  // namespace
 
 ProjectSetup::ProjectSetup(QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::ProjectSetup>()) {
+    : QDialog(parent), ui_(std::make_unique<Ui::ProjectSetup>()), font_before_(font_size) {
     ui_->setupUi(this);
     ui_->project_info_button->setEnabled(false);
     ui_->project_info_button->setToolTip(tr("Not available in this version."));
@@ -222,7 +222,7 @@ void ProjectSetup::accept() {
 
 // The lists take back the size that was only tried.
 void ProjectSetup::reject() {
-    if (font_was_tried_) apply_font_size(font_size);
+    if (font_was_tried_) apply_font_size(font_before_);
     QDialog::reject();
 }
 

@@ -46,6 +46,7 @@ class ProjectSetup : public QDialog {
     Steps steps_;
     std::unique_ptr<Ui::ProjectSetup> ui_;
     bool font_was_tried_ = false;
+    const i16 font_before_;  // 0 becomes the first size of the list
 };
 
 }  // namespace tavernook

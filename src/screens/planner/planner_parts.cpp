@@ -35,14 +35,16 @@ class ColumnRoom : public QObject {
   public:
     ColumnRoom(QTreeView& list, std::vector<std::pair<int, int>> letters)
         : QObject(&list), list_(list), letters_(std::move(letters)) {
-        for (const auto& [column, count] : letters_) list.header()->resizeSection(column, 0);
-        give();
+        keep_titles_whole();
+        for (const auto& [column, count] : letters_) {
+            list.header()->resizeSection(column, letters_wide(list, count));
+        }
         list.installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Show) keep_titles_whole();
-        if (event->type() == QEvent::FontChange) give();
+        if (event->type() == QEvent::FontChange) follow_font();
         return QObject::eventFilter(watched, event);
     }
 
@@ -53,17 +55,26 @@ class ColumnRoom : public QObject {
         list_.header()->setMinimumSectionSize(title + letters_wide(list_, 2));
     }
 
-    void give() {
-        keep_titles_whole();
+    // Each column keeps its room in letters, also back and forth.
+    void follow_font() {
+        const double grown = letters_wide(list_, many) / measured_;
+        measured_ = letters_wide(list_, many);
+        std::vector<int> widths;
         QHeaderView& header = *list_.header();
         for (const auto& [column, count] : letters_) {
-            const int wide = std::max(header.sectionSize(column), letters_wide(list_, count));
-            header.resizeSection(column, wide);
+            widths.push_back(qRound(header.sectionSize(column) * grown));
+        }
+        keep_titles_whole();
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            header.resizeSection(letters_[i].first, widths[i]);
         }
     }
 
+    static constexpr int many = 100;
+
     QTreeView& list_;
     std::vector<std::pair<int, int>> letters_;
+    double measured_ = letters_wide(list_, many);
 };
 
 }  // namespace

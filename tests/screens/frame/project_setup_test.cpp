@@ -1,6 +1,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QToolBar>
 #include <QTreeView>
@@ -288,6 +289,21 @@ TEST_F(ProjectSetupTest, TheListsFollowATriedFontSizeAndTakeItBackOnCancel) {
     });
     EXPECT_EQ(tree.font().pointSize(), 18);
     EXPECT_EQ(font_size, 18);
+}
+
+TEST_F(ProjectSetupTest, AfterACancelTheListsAreAsTheyWere) {
+    font_size = 0;  // that of the system
+    open("MealPlan");
+    QTreeView& list = part<QTreeView>("lv2");
+    list.header()->resizeSection(1, 90);
+    const int points = list.font().pointSize();
+    in_setup([&](ProjectSetup& setup) {
+        choose_text(setup, "font_list", "72");
+        EXPECT_GT(list.header()->sectionSize(1), 300);
+        press_button(setup, "cancel_button");
+    });
+    EXPECT_EQ(list.font().pointSize(), points);
+    EXPECT_NEAR(list.header()->sectionSize(1), 90, 2);
 }
 
 TEST_F(ProjectSetupTest, EverythingIsNamedForAssistiveTechnologyAndReachedByTab) {
