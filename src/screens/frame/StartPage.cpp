@@ -87,6 +87,7 @@ StartPage::StartPage(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui
     connect(ui_->start_continue, &QToolButton::clicked, this,
             [this] { Q_EMIT recent_wanted(newest_); });
     ui_->start_sample->setAutoDefault(true);
+    ui_->start_sample->installEventFilter(this);
     ui_->start_sample->setCursor(Qt::PointingHandCursor);
     connect(ui_->start_new, &QToolButton::clicked, this, &StartPage::new_wanted);
     connect(ui_->start_open, &QToolButton::clicked, this, &StartPage::open_wanted);
@@ -181,6 +182,7 @@ void StartPage::add_link(std::size_t place) {
     auto* link = new QPushButton(without_mnemonics(text), this);
     link->setObjectName(QStringLiteral("recent_link_%1").arg(place + 1));
     link->setFlat(true);
+    link->installEventFilter(this);
     link->setAutoDefault(true);
     link->setCursor(Qt::PointingHandCursor);
     link->setToolTip(full);
@@ -214,6 +216,15 @@ void StartPage::follow_palette_and_font() {
 void StartPage::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     offer_to_continue();
+}
+
+// A flat button shows no focus: it has a frame for as long as it has it.
+bool StartPage::eventFilter(QObject* watched, QEvent* event) {
+    const bool comes = event->type() == QEvent::FocusIn;
+    if (comes || event->type() == QEvent::FocusOut) {
+        static_cast<QPushButton*>(watched)->setFlat(!comes);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 // What Enter does to the other buttons by itself.

@@ -152,7 +152,7 @@ void ListPane::set_up_commands() {
     connect(ui_->pop2_qty, &QAction::triggered, this, &ListPane::quantity_wanted);
     connect(ui_->pop2_so, &QAction::triggered, this, &ListPane::store_order_wanted);
     connect(&list_, &QTreeView::activated, this, &ListPane::view_wanted);
-    connect(&list_, &QTreeView::customContextMenuRequested, this, &ListPane::show_popup);
+    connect(&list_, &QTreeView::customContextMenuRequested, this, &ListPane::show_popup_at);
     connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ListPane::follow_selection);
     connect(list_.selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -216,11 +216,16 @@ void ListPane::follow_selection() {
     }
 }
 
+// Beneath the selected row.
 void ListPane::show_popup() {
-    if (selected_list_item == 0) return;
     const QModelIndex row = rows_->index(std::max(0, rows_->place_of(selected_list_item)), 0);
     list_.scrollTo(row);
-    ui_->popmenu2->popup(list_.viewport()->mapToGlobal(list_.visualRect(row).bottomLeft()));
+    show_popup_at(list_.visualRect(row).bottomLeft());
+}
+
+void ListPane::show_popup_at(const QPoint& place) {
+    if (selected_list_item == 0) return;
+    ui_->popmenu2->popup(list_.viewport()->mapToGlobal(place));
 }
 
 // --- columns and sort ----------------------------------------------------------------------------

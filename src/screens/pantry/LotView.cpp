@@ -98,7 +98,7 @@ void LotView::connect_commands() {
     bind(ui_->lot_current, ui_->current_button, &LotView::set_current);
     on_command(ui_->close_button, [this] { close_screen(*this); });
     connect(ui_->lot_list, &QTreeView::activated, ui_->lot_quantity, &QAction::trigger);
-    connect(ui_->lot_list, &QTreeView::customContextMenuRequested, this, &LotView::show_popup);
+    connect(ui_->lot_list, &QTreeView::customContextMenuRequested, this, &LotView::show_popup_at);
     connect(ui_->lot_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &LotView::update_commands);
     connect(calendar_, &DatePopup::picked, this,
@@ -258,10 +258,14 @@ void LotView::escape() {
     }
 }
 
+// Beneath the selected lot.
 void LotView::show_popup() {
+    show_popup_at(ui_->lot_list->visualRect(ui_->lot_list->currentIndex()).bottomLeft());
+}
+
+void LotView::show_popup_at(const QPoint& place) {
     if (selected_place() < 0) return;
-    const QRect cell = ui_->lot_list->visualRect(ui_->lot_list->currentIndex());
-    ui_->LotviewpOP->popup(ui_->lot_list->viewport()->mapToGlobal(cell.bottomLeft()));
+    ui_->LotviewpOP->popup(ui_->lot_list->viewport()->mapToGlobal(place));
 }
 
 }  // namespace tavernook

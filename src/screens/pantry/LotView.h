@@ -74,6 +74,7 @@ class LotView : public Screen {
     void take_date(const QDate& day);
     void escape();
     void show_popup();
+    void show_popup_at(const QPoint& place);
 
     std::unique_ptr<Ui::LotView> ui_;
     LotRows lots_shown_;

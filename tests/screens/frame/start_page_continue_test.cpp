@@ -74,6 +74,21 @@ TEST_F(StartPageContinue, EnterOpensItToo) {
     EXPECT_EQ(shown_title(), "Tavernook - home.tvk");
 }
 
+// A flat button looks the same with the focus.
+TEST_F(StartPageContinue, TheLinkWithTheFocusIsSeen) {
+    recent_project("home.tvk");
+    restart();
+    settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // the links before
+    auto& sample = *window.findChild<QPushButton*>("start_sample");
+    for (QPushButton* flat : {&sample, &link(1)}) {
+        flat->setFocus(Qt::TabFocusReason);
+        EXPECT_FALSE(flat->isFlat()) << flat->objectName().toStdString();
+        button().setFocus(Qt::TabFocusReason);
+        EXPECT_TRUE(flat->isFlat());
+    }
+}
+
 TEST_F(StartPageContinue, ANameMayHoldAnAmpersand) {
     recent_project("salt & pepper.tvk");
     restart();
