@@ -9,7 +9,6 @@
 #include "core/catagories.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
-#include "core/rows.h"
 #include "core/string_storage.h"
 #include "inventory/item_form.h"
 #include "inventory/items.h"
@@ -28,12 +27,6 @@
 #include "ui_FoodInventory.h"
 
 namespace tavernook {
-
-namespace {
-
-constexpr i16 item_catagory_type = -1;
-
-}  // namespace
 
 FoodInventory::FoodInventory(QWidget* parent)
     : Screen(parent),
@@ -223,6 +216,7 @@ void FoodInventory::accept() {
 void FoodInventory::new_category() {
     const auto name = boxes().input("Enter name of new catagory.", "New Catagory", "");
     if (!name || trim(*name).empty()) return;
+    constexpr i16 item_catagory_type = -1;
     const i16 row = new_catagory(trim(*name), item_catagory_type, 0);
     project_modified = i16_true;
     list_.refresh();
@@ -242,7 +236,7 @@ void FoodInventory::remove() {
     if (gone == 0 || item_.number() != 0) return;
     project_modified = i16_true;
     show_no_item();
-    if (item != 0 && !is_live_row(items, item)) say(tr("%1 is deleted.").arg(name));
+    if (item != 0 && items[item].in_use == 0) say(tr("%1 is deleted.").arg(name));
 }
 
 void FoodInventory::copy_item_shown() {
