@@ -71,6 +71,46 @@ Value asked(const std::function<Value(RowId)>& function, RowId row) {
     return value;
 }
 
+std::vector<f64> ranks_of(const RowsColumn& column, const std::vector<RowId>& rows) {
+    if (column.number) {
+        std::vector<f64> numbers;
+        numbers.reserve(rows.size());
+        for (const RowId row : rows) {
+            const f64 number = asked(column.number, row);
+            // What is no number at all can be compared with none.
+            numbers.push_back(std::isnan(number) ? -std::numeric_limits<f64>::infinity() : number);
+        }
+        return numbers;
+    }
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(rows.size()));
+    for (const RowId row : rows) texts.append(asked(column.text, row));
+    return text_ranks(texts);
+}
+
+// One row of each value that the part has, and which of these stands for each row.
+struct SharedParts {
+    std::vector<RowId> examples;
+    std::vector<std::size_t> example_of;
+};
+
+SharedParts shared_parts(const std::vector<RowId>& rows, int part) {
+    constexpr std::size_t values = 0x10000;
+    constexpr std::size_t none = values;
+    std::vector<std::size_t> example_with(values, none);
+    SharedParts shared;
+    shared.example_of.reserve(rows.size());
+    for (const RowId row : rows) {
+        std::size_t& example = example_with[static_cast<std::uint16_t>(part_of(row, part))];
+        if (example == none) {
+            example = shared.examples.size();
+            shared.examples.push_back(row);
+        }
+        shared.example_of.push_back(example);
+    }
+    return shared;
+}
+
 // In whatever order.
 bool same_numbers(std::vector<RowId> some, std::vector<RowId> others) {
     std::sort(some.begin(), some.end());
@@ -161,20 +201,13 @@ std::vector<RowId> RowsModel::sorted_by(const SortStep& step,
 }
 
 std::vector<f64> RowsModel::ranks(const RowsColumn& column, const std::vector<RowId>& rows) const {
-    if (column.number) {
-        std::vector<f64> numbers;
-        numbers.reserve(rows.size());
-        for (const RowId row : rows) {
-            const f64 number = asked(column.number, row);
-            // What is no number at all can be compared with none.
-            numbers.push_back(std::isnan(number) ? -std::numeric_limits<f64>::infinity() : number);
-        }
-        return numbers;
-    }
-    QStringList texts;
-    texts.reserve(static_cast<qsizetype>(rows.size()));
-    for (const RowId row : rows) texts.append(asked(column.text, row));
-    return text_ranks(texts);
+    if (column.part < 0) return ranks_of(column, rows);
+    const SharedParts shared = shared_parts(rows, column.part);
+    const std::vector<f64> of_examples = ranks_of(column, shared.examples);
+    std::vector<f64> ranks;
+    ranks.reserve(rows.size());
+    for (const std::size_t example : shared.example_of) ranks.push_back(of_examples[example]);
+    return ranks;
 }
 
 // The same rows in another order; what was selected stays selected.

@@ -13,8 +13,9 @@
 // A sort is done on top of the order that the rows have, so that rows which are equal keep it: by
 // store, and then by category, is by category and within it by store. Column -1 goes back to the
 // order of the owner. The sorts are done again, in their order, whenever rows come. What a column
-// is sorted by is read once for each row, and texts become their places among all texts, as people
-// write them, before anything is compared; so 50,000 rows turn at once, without a proxy.
+// is sorted by is read once for each row (or each part, where the column names it), and texts
+// become their places among all texts, as people write them, before anything is compared; so 50,000
+// rows turn at once, without a proxy.
 //
 // What can go wrong: Qt asks for a cell while a row's record has already gone, or holds nonsense.
 // The functions of the columns read by `row_or_none`; should one fail all the same, the cell is
@@ -58,6 +59,7 @@ struct RowsColumn {
     std::function<QString(RowId)> tip = {};
     std::function<QString(RowId)> description = {};  // for assistive technology
     QString title_tip = {};
+    int part = -1;  // of the row's number, which alone decides text and number; -1 = all of it
 };
 
 class RowsModel : public QAbstractTableModel {

@@ -24,12 +24,15 @@ namespace {
 
 enum Column { meal_column, item_column, quantity_column };
 
+constexpr int item_part = 0;
+constexpr int recipe_part = 1;
+
 i16 item_of(RowId row) {
-    return part_of(row, 0);
+    return part_of(row, item_part);
 }
 
 i16 recipe_of(RowId row) {
-    return part_of(row, 1);
+    return part_of(row, recipe_part);
 }
 
 QString key_of(RowId row) {
@@ -68,13 +71,16 @@ std::vector<RowsColumn> RecommendationsPane::columns() {
     };
     return {{.title = tr("Meal"),
              .text = [](RowId row) { return recipe_name(recipe_of(row)); },
-             .icon = [recipe](RowId) { return recipe; }},
+             .icon = [recipe](RowId) { return recipe; },
+             .part = recipe_part},
             {.title = QStringLiteral("Item"),
-             .text = [](RowId row) { return item_name(item_of(row)); }},
+             .text = [](RowId row) { return item_name(item_of(row)); },
+             .part = item_part},
             {.title = QStringLiteral("Quantity"),
              .text = [quantity](RowId row) { return shown_text(number_text(quantity(row))); },
              .number = quantity,
-             .alignment = on_the_right}};
+             .alignment = on_the_right,
+             .part = item_part}};
 }
 
 void RecommendationsPane::set_up_list() {

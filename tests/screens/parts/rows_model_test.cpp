@@ -311,5 +311,26 @@ TEST_F(RowsModelTest, OnlyWhatTheRuleLetsThroughIsDropped) {
     EXPECT_FALSE(model.canDropMimeData(nullptr, Qt::CopyAction, -1, -1, {}));
 }
 
+TEST(RowsModelParts, WhatAPartDecidesIsReadOnceForItWhenRowsAreSorted) {
+    int read = 0;
+    const std::map<i16, QString> names = {{-7, "Milk"}, {2, "apples"}, {9, "Bread"}};
+    RowsColumn name{.title = "Food",
+                    .text =
+                        [&](RowId row) {
+                            ++read;
+                            return names.at(part_of(row, 1));
+                        },
+                    .part = 1};
+    RowsModel model({name}, nullptr);
+    model.set_rows({row_id(1, -7), row_id(1, 2), row_id(2, 9), row_id(3, -7), row_id(4, 2)});
+    read = 0;
+    model.sort(0, Qt::AscendingOrder);
+    EXPECT_EQ(read, 3);
+    Rows sorted;
+    for (int row = 0; row < model.rowCount(); ++row) sorted.push_back(model.row_at(row));
+    EXPECT_EQ(sorted,
+              (Rows{row_id(1, 2), row_id(4, 2), row_id(2, 9), row_id(1, -7), row_id(3, -7)}));
+}
+
 }  // namespace
 }  // namespace tavernook
