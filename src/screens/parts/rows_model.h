@@ -124,7 +124,6 @@ class RowsModel : public QAbstractTableModel {
   private:
     std::vector<RowId> arranged(std::vector<RowId> rows) const;
     std::vector<RowId> sorted_by(const SortStep& step, const std::vector<RowId>& rows) const;
-    std::vector<f64> ranks(const RowsColumn& column, const std::vector<RowId>& rows) const;
     void move_rows(std::vector<RowId> rows);
     QVariant cell(const RowsColumn& column, RowId row, int role) const;
     QString key_of(RowId row) const;
