@@ -38,10 +38,4 @@ bool contains_case_blind(std::string_view text, std::string_view part) noexcept 
                                        is_same_letter) != text.end();
 }
 
-int compare_case_blind(std::string_view a, std::string_view b) noexcept {
-    const auto [in_a, in_b] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(), is_same_letter);
-    if (in_a == a.end() || in_b == b.end()) return int{in_a != a.end()} - int{in_b != b.end()};
-    return folded(*in_a) - folded(*in_b);
-}
-
 }  // namespace tavernook

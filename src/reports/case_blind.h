@@ -10,7 +10,4 @@ bool is_same_case_blind(std::string_view a, std::string_view b) noexcept;
 // An empty part is in every text.
 bool contains_case_blind(std::string_view text, std::string_view part) noexcept;
 
-// Below 0, 0 or above 0, as `a` comes before `b`, equals it or comes behind it.
-int compare_case_blind(std::string_view a, std::string_view b) noexcept;
-
 }  // namespace tavernook

@@ -33,18 +33,23 @@ void set_defaults(ReportFilter& filter, int last_entry) {
     }
 }
 
-// What a row contributes to the running result.
+// What a row contributes to the running result, and where the walk goes on behind it. A row whose
+// join cannot change the result as it stands ("and" with false, "or" with true) is passed by.
 struct Step {
     int row;
     Join join;
     ReportPattern pattern;
+    std::size_t next_when_false = 0;
+    std::size_t next_when_true = 0;
 };
 
-// The rows that can make a difference. An "and" with what always matches makes none.
+// The name, joined by "or" to the false that the walk begins with, and the rows that can make a
+// difference. An "and" with what always matches makes none.
 std::vector<Step> steps_of(const ReportFilter& filter) {
     const RowJoins joins = row_joins(filter.logic_strings);
-    std::vector<Step> steps;
-    for (int row = 2; row <= report_rows; ++row) {
+    std::vector<Step> steps = {
+        {item_row, Join::with_or, ReportPattern(filter.search_strings[item_row])}};
+    for (int row = item_row + 1; row <= report_rows; ++row) {
         const Join join = joins[entry(row)];
         ReportPattern pattern(filter.search_strings[entry(row)]);
         const bool changes_nothing = join == Join::with_and && pattern.matches_everything();
@@ -54,27 +59,36 @@ std::vector<Step> steps_of(const ReportFilter& filter) {
     return steps;
 }
 
-// The row cannot change the result any more: matching has no other effect, so it is spared.
-bool is_settled(Join join, bool result) {
-    return (join == Join::with_and && !result) || (join == Join::with_or && result);
+void connect(std::vector<Step>& steps) {
+    std::size_t when_false = steps.size();
+    std::size_t when_true = steps.size();
+    for (std::size_t number = steps.size(); number-- > 0;) {
+        Step& step = steps[number];
+        step.next_when_false = when_false;
+        step.next_when_true = when_true;
+        if (step.join != Join::with_and) when_false = number;
+        if (step.join != Join::with_or) when_true = number;
+    }
 }
 
-bool item_matches(i16 item, const ReportPattern& name, const std::vector<Step>& steps) {
+bool item_matches(i16 item, const std::vector<Step>& steps) {
     const ReportItem of = report_item(item);
-    bool result = name.matches(field_value(item_row, of));
-    for (const Step& step : steps) {
-        if (is_settled(step.join, result)) continue;
-        result = joined(step.join, result, step.pattern.matches(field_value(step.row, of)));
+    bool result = false;
+    for (std::size_t number = 0; number < steps.size();) {
+        const Step& step = steps[number];
+        const bool matches = step.pattern.matches(field_value(step.row, of));
+        result = joined(step.join, result, matches);
+        number = result ? step.next_when_true : step.next_when_false;
     }
     return result;
 }
 
 void search(ReportFilter& filter) {
-    const ReportPattern name(filter.search_strings[item_row]);
-    const std::vector<Step> steps = steps_of(filter);
+    std::vector<Step> steps = steps_of(filter);
+    connect(steps);
     for (i16 item = 1; item <= item_capacity; ++item) {
         if (items[item].in_use != 1) continue;
-        filter.result_flags[entry(item)] = truth(item_matches(item, name, steps));
+        filter.result_flags[entry(item)] = truth(item_matches(item, steps));
     }
 }
 

@@ -10,7 +10,6 @@
 #include "basics/typed_numbers.h"
 #include "core/item_progress.h"
 #include "core/trap.h"
-#include "reports/case_blind.h"
 
 namespace tavernook {
 
@@ -103,32 +102,33 @@ void ReportList::sort_by(int column) {
     apply_sort();
 }
 
+template <typename KeyOf>
+auto ReportList::keys_of(std::size_t column, KeyOf key_of) const {
+    std::vector<decltype(key_of({}))> keys;
+    keys.reserve(order_.size());
+    for (std::size_t row = 0; row < order_.size(); ++row) {
+        keys.push_back(key_of(stored_cell(row, column)));
+    }
+    return keys;
+}
+
+template <typename Key>
+void ReportList::order_by(const std::vector<Key>& keys) {
+    std::stable_sort(order_.begin(), order_.end(),
+                     [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+}
+
 void ReportList::apply_sort() {
     std::iota(order_.begin(), order_.end(), std::size_t{0});
     if (sort.sorted == i16_false || sort.key < 0 || sort.key >= columns()) return;
     const std::size_t column = index(sort.key);
-    if (sort_kind(columns_[column]) == SortKind::text) {
-        order_by_texts(column);
+    const SortKind kind = sort_kind(columns_[column]);
+    if (kind == SortKind::text) {
+        order_by(keys_of(column, [](std::string_view cell) { return lower_case(cell); }));
     } else {
-        order_by_numbers(column);
+        order_by(keys_of(column, [&](std::string_view cell) { return sort_number(cell, kind); }));
     }
     if (sort.order != 0) std::reverse(order_.begin(), order_.end());
-}
-
-void ReportList::order_by_texts(std::size_t column) {
-    std::stable_sort(order_.begin(), order_.end(), [&](std::size_t a, std::size_t b) {
-        return compare_case_blind(stored_cell(a, column), stored_cell(b, column)) < 0;
-    });
-}
-
-void ReportList::order_by_numbers(std::size_t column) {
-    const SortKind kind = sort_kind(columns_[column]);
-    std::vector<f64> keys(order_.size());
-    for (std::size_t row = 0; row < keys.size(); ++row) {
-        keys[row] = sort_number(stored_cell(row, column), kind);
-    }
-    std::stable_sort(order_.begin(), order_.end(),
-                     [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
 }
 
 f64 ReportList::sort_number(std::string_view cell, SortKind kind) const {

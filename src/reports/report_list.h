@@ -56,8 +56,10 @@ class ReportList {
     void clear();
     void add_item(i16 item);
     std::string_view stored_cell(std::size_t row, std::size_t column) const noexcept;
-    void order_by_texts(std::size_t column);
-    void order_by_numbers(std::size_t column);
+    template <typename KeyOf>
+    auto keys_of(std::size_t column, KeyOf key_of) const;
+    template <typename Key>
+    void order_by(const std::vector<Key>& keys);
     f64 sort_number(std::string_view cell, SortKind kind) const;
 
     std::vector<ReportColumn> columns_;
