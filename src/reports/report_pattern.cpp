@@ -75,14 +75,15 @@ void ReportPattern::read_text(std::string_view search_string) {
             kind_ = Kind::part;
             text_ = search_string.substr(1, search_string.size() - 2);
     }
+    is_trimmed_ = trim(text_).size() == text_.size();
     has_other_than_digits_ = text_.find_first_not_of(figures) != std::string::npos;
 }
 
 bool ReportPattern::matches(const ReportValue& value) const {
     if (kind_ == Kind::everything) return true;
     if (compares_numbers()) return number_matches(number_of(value));
-    if (value.kind == ValueKind::text) return text_matches(trim(value.text));
-    return !cannot_match(value) && text_matches(trim(value_text(value)));
+    if (value.kind == ValueKind::text) return text_matches(value.text);
+    return !cannot_match(value) && text_matches(value_text(value));
 }
 
 bool ReportPattern::number_matches(f64 number) const {
@@ -98,7 +99,10 @@ bool ReportPattern::number_matches(f64 number) const {
     }
 }
 
-bool ReportPattern::text_matches(std::string_view text) const {
+bool ReportPattern::text_matches(std::string_view stored) const {
+    // Blanks around the text hide nothing of a part without such, and cutting them takes time.
+    if (kind_ == Kind::part && is_trimmed_) return contains_case_blind(stored, text_);
+    const std::string_view text = trim(stored);
     const std::size_t taken = std::min(text_.size(), text.size());
     switch (kind_) {
         case Kind::end:
