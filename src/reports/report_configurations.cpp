@@ -84,6 +84,15 @@ ConfigFile Configurations::numbered(int number) const noexcept {
     return known ? config_files[static_cast<std::size_t>(number - 1)] : ConfigFile{};
 }
 
+std::vector<i16> Configurations::listed() const noexcept {
+    std::vector<i16> numbers;
+    for (std::size_t place = 0; place < config_files.size(); ++place) {
+        if (config_files[place].display_name.empty()) continue;
+        numbers.push_back(static_cast<i16>(place + 1));
+    }
+    return numbers;
+}
+
 std::string report_file_name(std::string_view name) noexcept {
     constexpr std::string_view forbidden = "/\\:*?\"<>|";
     std::string stem;

@@ -26,6 +26,9 @@ struct Configurations {
 
     // Blank for a number that is none.
     ConfigFile numbered(int number) const noexcept;
+
+    // The numbers of those with a name, in their order: what the list of saved reports shows.
+    std::vector<i16> listed() const noexcept;
 };
 
 // The name as typed, blanks around it gone, what no file may be called replaced, and ".rcg". A

@@ -72,12 +72,12 @@ void ReportList::add_item(i16 item) {
         text_ += column_text(column, of);
         ends_.push_back(text_.size());
     }
-    items_.push_back(item);
+    items_.emplace_back(Subject::items, item);
     order_.push_back(order_.size());
 }
 
 i16 ReportList::item(int row) const noexcept {
-    return row >= 0 && row < rows() ? items_[order_[index(row)]] : i16{0};
+    return row >= 0 && row < rows() ? items_[order_[index(row)]].now() : i16{0};
 }
 
 std::string_view ReportList::cell(int row, int column) const noexcept {

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/changes.h"
 #include "reports/report_columns.h"
 #include "reports/report_filter.h"
 
@@ -37,7 +38,7 @@ class ReportList {
 
     int rows() const noexcept { return static_cast<int>(order_.size()); }
     int columns() const noexcept { return rows() == 0 ? 0 : static_cast<int>(columns_.size()); }
-    i16 item(int row) const noexcept;
+    i16 item(int row) const noexcept;  // 0 as well when the item has gone since
     std::string_view cell(int row, int column) const noexcept;
 
     // Written with the rows: an empty list leaves the first 77 blank. What is behind them stays
@@ -64,7 +65,7 @@ class ReportList {
 
     std::vector<ReportColumn> columns_;
     std::array<std::string, report_column_slots> titles_;
-    std::vector<i16> items_;          // of stored rows
+    std::vector<RowRef> items_;       // of stored rows
     std::string text_;                // the cells, row by row
     std::vector<std::size_t> ends_;   // of each in text_
     std::vector<std::size_t> order_;  // the stored row of each row shown

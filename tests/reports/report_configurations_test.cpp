@@ -162,6 +162,7 @@ TEST_F(ReportConfigurations, AFileWithoutAWholeNameHasAnEntryWithoutOne) {
     age("a.rcg", 1);
     EXPECT_EQ(listed(), (Texts{"", padded("b")}));
     EXPECT_EQ(configurations.numbered(1).file_name, "a.rcg");
+    EXPECT_EQ(configurations.listed(), std::vector<i16>{2});
 }
 
 TEST_F(ReportConfigurations, OtherFilesAreNone) {

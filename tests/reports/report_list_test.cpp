@@ -228,7 +228,20 @@ TEST_F(ReportLists, AreSnapshots) {
     add_soup();
     show();
     items[soup].name = "Other";
+    EXPECT_EQ(list.cell(0, 0), "Tomato Soup");
+    EXPECT_EQ(list.item(0), soup);
+}
+
+TEST_F(ReportLists, AnItemThatIsGoneIsNotTheOneInItsPlace) {
+    add_soup();
+    look_for_changes();
+    show();
     items[soup].in_use = 0;
+    EXPECT_EQ(list.item(0), 0);
+    look_for_changes();
+    add_item(soup, "Another");
+    look_for_changes();
+    EXPECT_EQ(list.item(0), 0);
     EXPECT_EQ(list.cell(0, 0), "Tomato Soup");
 }
 
