@@ -59,6 +59,10 @@ TEST(ReportPattern, BlanksAroundItCount) {
     EXPECT_FALSE(text_matches("whole *", "Whole milk"));
     EXPECT_TRUE(text_matches("* milk*", "Whole milk"));
     EXPECT_FALSE(text_matches("* milk*", "milk"));
+    EXPECT_FALSE(text_matches("* milk*", "  milk"));
+    EXPECT_FALSE(text_matches("*milk *", "milk   "));
+    EXPECT_FALSE(text_matches("* *", "milk   "));
+    EXPECT_TRUE(text_matches("* *", "whole milk   "));
 }
 
 TEST(ReportPattern, BehindAStarItIsTheEnd) {
