@@ -3,9 +3,11 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 
 #include "core/project/settings_file_format.h"
 #include "memory_files.h"
+#include "reports/report_file_format.h"
 #include "whole_file.h"
 
 namespace tavernook {
@@ -96,6 +98,21 @@ void write_settings_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "cut", encode_settings(record, "").substr(0, 300));
 }
 
+void write_report_seeds(const std::filesystem::path& folder) {
+    const auto filter = std::make_unique<ReportFilter>();
+    begin_report_filter(*filter);
+    const ReportLook look;
+    const std::string plain = encode_report(ReportName("All"), *filter, look, "");
+    write_seed(folder / "plain", plain);
+    write_seed(folder / "longer", encode_report(ReportName("All"), *filter, look, plain + "rest"));
+    write_seed(folder / "cut", plain.substr(0, 1100));
+    filter->search_strings[1] = "*milk*";
+    filter->search_strings[5] = ">12";
+    filter->search_strings[31] = "12:*";
+    filter->search_strings[77] = "*AM";
+    write_seed(folder / "patterns", encode_report(ReportName("Milk"), *filter, look, ""));
+}
+
 }  // namespace
 
 }  // namespace tavernook
@@ -108,5 +125,6 @@ int main(int argc, char** argv) {
     const std::filesystem::path folder = argv[1];
     tavernook::write_project_seeds(folder / "project_file");
     tavernook::write_settings_seeds(folder / "settings_file");
+    tavernook::write_report_seeds(folder / "report_file");
     return 0;
 }

@@ -108,6 +108,16 @@ void append_number(std::string& text, int number, std::size_t least_digits) {
     text += digits;
 }
 
+std::string month_day_year(const CivilDate& date) {
+    std::string text;
+    append_number(text, date.month, 1);
+    text += '/';
+    append_number(text, date.day, 1);
+    text += '/';
+    append_number(text, date.year, 4);
+    return text;
+}
+
 void append_name(std::string& text, std::string_view name, std::size_t length) {
     text += length == 3 ? name.substr(0, 3) : name;
 }
@@ -264,7 +274,7 @@ int weekday(Date date) {
 std::string date_text(Date date) {
     const DayAndSecond moment = rounded(date);
     if (moment.day == 0) return format_date(date, "h:mm:ss AM/PM");
-    if (moment.second == 0) return format_date(date, "m/d/yyyy");
+    if (moment.second == 0) return month_day_year(civil_from_day(moment.day));
     return format_date(date, "m/d/yyyy h:mm:ss AM/PM");
 }
 

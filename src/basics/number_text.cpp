@@ -52,6 +52,17 @@ Decimal shortest_decimal(double value) {
     return decimal;
 }
 
+// In between, the digits of std::to_chars without an exponent are the shortest ones, and few.
+constexpr double plain_from = 1e-5;
+constexpr double plain_below = 1e15;
+
+std::string plain_text(double value) {
+    char buffer[32];
+    const std::to_chars_result end =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+    return std::string(buffer, end.ptr);
+}
+
 // Half away from zero.
 void round_to_places(Decimal& decimal, int places) {
     std::string& digits = decimal.digits;
@@ -207,6 +218,8 @@ double parse_number(std::string_view text) {
 std::string number_text(double value) {
     if (std::isnan(value)) return "nan";
     if (std::isinf(value)) return value < 0 ? "-inf" : "inf";
+    const double size = std::fabs(value);
+    if (size >= plain_from && size < plain_below) return plain_text(value);
     const Decimal decimal = shortest_decimal(value);
     if (decimal.digits.empty()) return "0";
     std::string text = decimal.negative ? "-" : "";

@@ -57,12 +57,6 @@ i16 current_place(const LotRecord& record) {
     return known ? record.current_lot : i16{0};
 }
 
-// The record that a reader may look at; a blank one where the item has none.
-const LotRecord& record_or_none(i16 item) {
-    static const LotRecord none{};
-    return item >= 0 && item < lots.entries() ? lots[item] : none;
-}
-
 void require_number(f64 quantity) {
     if (!std::isfinite(quantity)) throw Fault(fault_number::overflow);
 }
@@ -189,6 +183,11 @@ void blank_lot(i16 item, i16 place) {
 
 }  // namespace
 
+const LotRecord& lot_record_or_none(i16 item) noexcept {
+    static const LotRecord none{};
+    return item >= 0 && item < lots.entries() ? lots[item] : none;
+}
+
 std::string default_lot_name(i16 place) noexcept {
     return std::string("Lot ") + static_cast<char>('A' + place);
 }
@@ -216,12 +215,12 @@ void first_lots_of_all_items() noexcept {
 }
 
 f64 lot_total(i16 item) noexcept {
-    const auto& quantities = record_or_none(item).lot_quantity;
+    const auto& quantities = lot_record_or_none(item).lot_quantity;
     return std::accumulate(quantities.begin(), quantities.end(), 0.0);
 }
 
 i16 current_lot_of(i16 item) noexcept {
-    return current_place(record_or_none(item));
+    return current_place(lot_record_or_none(item));
 }
 
 i16 add_to_lots(i16 item, f64 quantity) noexcept {
@@ -237,7 +236,7 @@ i16 remove_from_lots(i16 item, f64 quantity) noexcept {
 }
 
 bool current_lot_is_readable(i16 item) noexcept {
-    const LotRecord& record = record_or_none(item);
+    const LotRecord& record = lot_record_or_none(item);
     return !std::isnan(lot_total(item)) &&
            fits_16_bits(record.lot_quantity[index_of(current_place(record))]);
 }
@@ -259,7 +258,7 @@ bool set_lot_quantity(i16 item, f64 quantity, i16 place) noexcept {
 f64 expiring_quantity(i16 item) noexcept {
     if (!(row_or_none(items, item).quantity > 0)) return 0;
     const Date limit = platform_clock().now() - civil_from_date(expiration_warning_days).day;
-    const LotRecord& record = record_or_none(item);
+    const LotRecord& record = lot_record_or_none(item);
     f64 total = 0;
     for (std::size_t place = 0; place < lot_places; ++place) {
         if (record.expiration_date[place] <= limit) total += record.lot_quantity[place];

@@ -11,6 +11,11 @@
 
 namespace tavernook {
 
+struct LotRecord;
+
+// What a reader may look at; a blank record where the item has none.
+const LotRecord& lot_record_or_none(i16 item) noexcept;
+
 // Makes or blanks the item's record: default names, no quantities, no dates, active. A box for an
 // item number outside 0..10000.
 void init_lot_record(i16 item) noexcept;

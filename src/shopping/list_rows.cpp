@@ -1,9 +1,9 @@
 #include "shopping/list_rows.h"
 
 #include "basics/number_text.h"
+#include "core/item_progress.h"
 #include "core/money_text.h"
 #include "core/rows.h"
-#include "platform/platform.h"
 
 namespace tavernook {
 
@@ -14,23 +14,6 @@ std::string total_text;
 std::string tax_text;
 
 namespace {
-
-// Shown for as long as it lives.
-class ListProgress {
-  public:
-    ListProgress() {
-        save_progress().load("Building Shopping List", "Adding Items to list. Please Wait....");
-        save_progress().show();
-    }
-    ~ListProgress() { save_progress().unload(); }
-    ListProgress(const ListProgress&) = delete;
-    ListProgress& operator=(const ListProgress&) = delete;
-
-    static void at_item(int item) {
-        constexpr int items_a_percent = item_capacity / 100;
-        if (item % items_a_percent == 0) save_progress().workbar(item / items_a_percent);
-    }
-};
 
 bool is_listed(const ItemRecord& item) {
     return item.shopping_quantity != 0 && item.on_shopping_list != 0;
@@ -88,11 +71,11 @@ std::string cell_text(ListColumn column, i16 item) noexcept {
 
 void collect_list_items() noexcept {
     empty_list();
-    const ListProgress progress;
+    const ItemProgress progress("Building Shopping List", "Adding Items to list. Please Wait....");
     f64 net = 0;
     bool selection_is_shown = false;
     for (i16 item = 1; item <= item_capacity; ++item) {
-        ListProgress::at_item(item);
+        ItemProgress::at_item(item);
         if (!is_listed(items[item])) continue;
         list_items[++list_count] = item;
         net += sub_total(items[item]);

@@ -34,6 +34,16 @@ TEST(NumberText, IsTheShortestDecimalText) {
     EXPECT_EQ(number_text(100.25), "100.25");
 }
 
+TEST(NumberText, IsPlainWhateverTheSize) {
+    EXPECT_EQ(number_text(0.00001), "0.00001");
+    EXPECT_EQ(number_text(0.0000099), "0.0000099");
+    EXPECT_EQ(number_text(-0.000012345678901234567), "-0.000012345678901234568");
+    EXPECT_EQ(number_text(999999999999999), "999999999999999");
+    EXPECT_EQ(number_text(999999999999999.9), "999999999999999.9");
+    EXPECT_EQ(number_text(-1e15), "-1000000000000000");
+    EXPECT_EQ(number_text(0.1 + 0.2), "0.30000000000000004");
+}
+
 TEST(NumberText, HasNoExponent) {
     EXPECT_EQ(number_text(1e15), "1" + std::string(15, '0'));
     EXPECT_EQ(number_text(1e22), "1" + std::string(22, '0'));
