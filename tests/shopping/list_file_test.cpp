@@ -94,7 +94,7 @@ TEST_F(ListFile, LoadingClearsWhatWasOnTheListAndSetsTheColumns) {
     remove_from_list(milk);
     collect_list_items();
     const std::string only_bread = saved({false, true, false, false, false, false, true});
-    remove_from_list(bread);
+    items[bread].on_shopping_list = i16_false;
     put_on_list(milk, 1);
     ShownColumns shown = all_shown;
     project_modified = i16_false;
