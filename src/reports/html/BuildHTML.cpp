@@ -73,8 +73,14 @@ std::string TagLine(std::string_view text, i16 size) noexcept {
 }
 
 std::string TagCell(std::string_view text, i16 size) noexcept {
-    return joined({"<td width='20%'><font face='Arial' size='", std::to_string(size), "'>", text,
-                   "</font></td>"});
+    std::string cell;
+    append_cell(cell, text, size);
+    return cell;
+}
+
+void append_cell(std::string& page, std::string_view text, i16 size) noexcept {
+    page.append("<td width='20%'><font face='Arial' size='").append(std::to_string(size));
+    page.append("'>").append(text).append("</font></td>");
 }
 
 std::string TagFont(std::string_view face, i16 size) noexcept {

@@ -29,6 +29,10 @@ std::string TagLine(std::string_view text, i16 size) noexcept;
 
 // 20% wide, however many columns there are.
 std::string TagCell(std::string_view text, i16 size) noexcept;
+
+// The same behind what the page holds already, for long lists.
+void append_cell(std::string& page, std::string_view text, i16 size) noexcept;
+
 std::string TagFont(std::string_view face, i16 size) noexcept;
 
 }  // namespace tavernook

@@ -16,10 +16,10 @@ std::string title_row(const std::vector<std::string>& titles, i16 size) {
     return row + TagRowEnd();
 }
 
-std::string cells_row(const std::vector<std::string>& cells, i16 size) {
-    std::string row = TagRow();
-    for (const std::string& cell : cells) row += TagCell(cell.empty() ? "-" : cell, size);
-    return row + TagRowEnd();
+void append_row(std::string& text, const std::vector<std::string>& cells, i16 size) {
+    text += TagRow();
+    for (const std::string_view cell : cells) append_cell(text, cell.empty() ? "-" : cell, size);
+    text += TagRowEnd();
 }
 
 }  // namespace
@@ -41,12 +41,13 @@ std::string list_page_text(const ListPage& page, Date today, i16 size) noexcept 
     text +=
         TagPara(TagFont("arial", size) + TagBold() + heading + TagBoldEnd() + TagFontEnd(), size);
     text += TagRule() + TagTable(0, 100) + title_row(page.list.titles, size);
-    for (const std::vector<std::string>& row : page.list.rows) text += cells_row(row, size);
+    for (const std::vector<std::string>& row : page.list.rows) append_row(text, row, size);
     text += TagTableEnd();
     if (page.list.rows.empty()) text += TagPara("There is nothing on the shopping list.", size);
     text += TagRule() + TagLine("Sales Tax = " + page.tax_text, size);
     text += TagLine("Total Cost = " + page.total_text, size);
-    return text + TagTail();
+    text += TagTail();
+    return text;
 }
 
 bool Build_HTMLlist(const ListPage& page, i16 size) noexcept {

@@ -28,10 +28,17 @@ std::string title_row(const TextTable& report, i16 size) {
     return row + TagRowEnd();
 }
 
+// The first cell is the row's own text, the others go with it.
 void append_row(std::string& text, const std::vector<std::string>& cells, i16 size) {
     text += TagRow();
-    for (std::size_t cell = 0; cell < cells.size(); ++cell) {
-        text += TagCell(cell == 0 ? TagBold() + cells[0] + TagBoldEnd() : cells[cell], size);
+    bool is_first = true;
+    for (const std::string& cell : cells) {
+        if (is_first) {
+            append_cell(text, TagBold() + cell + TagBoldEnd(), size);
+        } else {
+            append_cell(text, cell, size);
+        }
+        is_first = false;
     }
     text += TagRowEnd();
 }
@@ -40,12 +47,15 @@ void append_row(std::string& text, const std::vector<std::string>& cells, i16 si
 
 std::string report_page_text(const TextTable& report, i16 size, bool border, std::string_view name,
                              Date today) noexcept {
-    std::string text = TagHead() + heading(name, today, size);
+    std::string text;
+    text.reserve(room_for(report));
+    text += TagHead() + heading(name, today, size);
     text += TagTable(border ? 1 : 0, 0) + title_row(report, size);
     for (const std::vector<std::string>& row : report.rows) append_row(text, row, size);
     text += TagTableEnd();
     if (report.rows.empty()) text += TagPara("Nothing was found for this report.", size);
-    return text + TagRule() + TagTail();
+    text += TagRule() + TagTail();
+    return text;
 }
 
 bool Build_HTML_Report_list(const TextTable& report, i16 size, bool border,
