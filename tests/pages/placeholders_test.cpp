@@ -1,6 +1,7 @@
 #include "reports/pages/placeholders.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace tavernook {
 namespace {
@@ -57,6 +58,34 @@ TEST(NumberedValues, ThoseAboveTheCountStayInThePage) {
     EXPECT_EQ(with_all_replaced("%1% %2%", numbered_values({"", "a", "b"}, 1)), "a %2%");
     EXPECT_EQ(with_all_replaced("%1% %10%", numbered_values(std::vector<std::string>(11, "x"), 9)),
               "x %10%");
+}
+
+// --- beside the plain way: one placeholder after the other, each searched from the start ---------
+
+std::string one_after_the_other(std::string page, const PageValues& values, bool every) {
+    for (const auto& [name, value] : values) {
+        const std::string placeholder = "%" + name + "%";
+        std::size_t at = page.find(placeholder);
+        while (at != std::string::npos) {
+            page.replace(at, placeholder.size(), value);
+            at = every ? page.find(placeholder) : std::string::npos;
+        }
+    }
+    return page;
+}
+
+TEST(Placeholders, OrdinaryValuesComeOutAsInThePlainWay) {
+    const std::vector<std::string> parts = {"%1%", "%2%", "%ct12%", "%$1%", "%3%", " ", "a", "<p>"};
+    std::minstd_rand random(7);
+    for (int turn = 0; turn < 3000; ++turn) {
+        std::string page;
+        for (std::size_t part = random() % 12; part > 0; --part) {
+            page += parts[random() % parts.size()];
+        }
+        EXPECT_EQ(with_all_replaced(page, values), one_after_the_other(page, values, true)) << page;
+        EXPECT_EQ(with_first_replaced(page, values), one_after_the_other(page, values, false))
+            << page;
+    }
 }
 
 }  // namespace

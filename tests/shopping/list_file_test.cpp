@@ -1,5 +1,7 @@
 #include "shopping/list_file.h"
 
+#include <random>
+
 #include "core/project_data.h"
 #include "shopping/list_rows.h"
 #include "shopping/shopping_fixture.h"
@@ -161,6 +163,16 @@ TEST_F(ListFile, AShortFileGivesWhatItHolds) {
 TEST_F(ListFile, WhatIsBehindTheEndIsNotRead) {
     EXPECT_TRUE(load(saved(none_shown) + std::string(70000, 'x')));
     EXPECT_EQ(listed(), (std::vector<i16>{milk, bread}));
+}
+
+TEST_F(ListFile, AnyBytesGiveAListOfItems) {
+    std::minstd_rand random(7);
+    for (int turn = 0; turn < 60; ++turn) {
+        std::string bytes(random() % 21000, '\0');
+        for (char& byte : bytes) byte = static_cast<char>(random() >> 8);
+        EXPECT_TRUE(load(bytes));
+        EXPECT_EQ(items[0].on_shopping_list, 0);
+    }
 }
 
 TEST_F(ListFile, AFileThatCannotBeReadChangesNothing) {
