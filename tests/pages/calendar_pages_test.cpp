@@ -141,6 +141,13 @@ TEST_F(CalendarPages, WhatNamesNothingLiveIsPassedOver) {
     EXPECT_EQ(day_of_week(0), "Sun 12  $0.0 0.0 g 0 cal");
 }
 
+TEST_F(CalendarPages, ThePlaceThatIsNeverUsedIsNotShown) {
+    add_day(5, 5, 12, 2024);
+    plan(5, 0, bread, 2);
+    plan_item(5, 0, flour, 1);
+    EXPECT_EQ(day_of_week(0), "Sun 12  $0.0 0.0 g 0 cal");
+}
+
 TEST_F(CalendarPages, FiguresThatCannotBeWorkedOutAreNotTold) {
     add_day(5, 5, 12, 2024);
     items[flour].serving_size = 0;
