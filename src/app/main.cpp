@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
                      Qt::QueuedConnection);
 
     Placing placing{place_program_files()};
-    place_sample_household(placing);
+    place_sample_and_pages(placing);
     Splash splash;
     start_program(main_window, splash, project_argument(QCoreApplication::arguments().mid(1)));
     if (!placing.complete) {

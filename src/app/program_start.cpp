@@ -10,7 +10,9 @@
 #include "platform/platform.h"
 #include "platform_qt/program_files.h"
 #include "platform_qt/qt_text.h"
+#include "platform_qt/shipped_page_files.h"
 #include "platform_qt/shipped_sample.h"
+#include "reports/pages/shipped_pages.h"
 #include "screens/parts/icons.h"
 
 namespace tavernook {
@@ -41,10 +43,11 @@ bool place_program_files() {
     return placed || from.isEmpty();
 }
 
-void place_sample_household(Placing& placing) {
+void place_sample_and_pages(Placing& placing) {
     constexpr int while_the_splash_stands = 200;
     QTimer::singleShot(while_the_splash_stands, QCoreApplication::instance(), [&placing] {
         if (!lay_out_sample_project(platform_clock().now())) placing.complete = false;
+        if (!lay_out_pages(shipped_page_file)) placing.complete = false;
     });
 }
 

@@ -16,8 +16,9 @@ struct Placing {
     bool complete = true;
 };
 
-// Lays the sample household out while the splash stands, so that the first window does not wait for
-// the disk. `placing` must live as long as the program.
-void place_sample_household(Placing& placing);
+// Lays the sample household out, and the templates and pictures of the pages, while the splash
+// stands, so that the first window does not wait for the disk. `placing` must live as long as the
+// program.
+void place_sample_and_pages(Placing& placing);
 
 }  // namespace tavernook

@@ -28,7 +28,7 @@ void add_recipe(DayTotals& totals, i16 recipe, f64 servings) {
     if (!is_live_row(meals, recipe)) return;
     const f64 size = meal_serving_size[recipe] == 0 ? 1.0 : meal_serving_size[recipe];
     if (size < 0) return;
-    const RollUp figures = roll_up(meals[recipe], size);
+    const RecipeFigures figures = recipe_figures(meals[recipe]);
     totals.fat += figures.fat / size * servings;
     totals.calories += figures.calories / size * servings;
     totals.cost += figures.cost / size * servings;

@@ -23,19 +23,22 @@ f64 cost_of_serving(const ItemRecord& item) {
     return item.cost / (item.servings_per_qty_unit == 0 ? 1.0 : item.servings_per_qty_unit);
 }
 
-void add_ingredients(RollUp& figures, const MealRecord& meal) {
+// Calls `take` with the item and the quantity of each ingredient, in the order of their places.
+template <typename Take>
+void for_each_ingredient(const MealRecord& meal, Take take) {
     for (std::size_t place = 1; place <= ingredient_places; ++place) {
         const i16 number = meal.ingredient_item[place];
-        if (number < 1 || number > item_capacity) continue;
+        if (number >= 1 && number <= item_capacity) take(number, meal.ingredient_qty[place]);
+    }
+}
+
+void add_ingredients(RollUp& figures, const MealRecord& meal) {
+    for_each_ingredient(meal, [&](i16 number, f64 quantity) {
         const ItemRecord& item = items[number];
-        const f64 quantity = meal.ingredient_qty[place];
         figures.ingredients.push_back(
             {number, std::string(item.name.trimmed()),
              number_text(quantity * item.serving_size) + " " + unit_name(item.serving_size_units)});
-        figures.calories += item.calories * quantity;
-        figures.fat += item.fat * quantity;
-        figures.cost += cost_of_serving(item) * quantity;
-    }
+    });
 }
 
 void write_captions(RollUp& figures) {
@@ -62,9 +65,21 @@ void write_figures_per_serving(RollUp& figures, f64 serving_size) {
 
 }  // namespace
 
+RecipeFigures recipe_figures(const MealRecord& meal) noexcept {
+    RecipeFigures figures;
+    for_each_ingredient(meal, [&](i16 number, f64 quantity) {
+        const ItemRecord& item = items[number];
+        figures.calories += item.calories * quantity;
+        figures.fat += item.fat * quantity;
+        figures.cost += cost_of_serving(item) * quantity;
+    });
+    return figures;
+}
+
 RollUp roll_up(const MealRecord& meal, f64 serving_size) noexcept {
     const f64 size = serving_size == 0 ? 1.0 : serving_size;
     RollUp figures;
+    static_cast<RecipeFigures&>(figures) = recipe_figures(meal);
     figures.serving_size = number_text(size);
     figures.unit = unit_name(meal.serving_size_units);
     add_ingredients(figures, meal);

@@ -14,12 +14,15 @@ struct IngredientLine {
     std::string amount;  // "1.5 Cup(s)"
 };
 
-struct RollUp {
-    std::vector<IngredientLine> ingredients;  // in the order of their places
-
-    f64 calories = 0;  // totals, of the items' whole-number figures
+// Totals, of the items' whole-number figures.
+struct RecipeFigures {
+    f64 calories = 0;
     f64 fat = 0;
     f64 cost = 0;
+};
+
+struct RollUp : RecipeFigures {
+    std::vector<IngredientLine> ingredients;  // in the order of their places
 
     std::string serving_size;  // of the recipe, a plain number
     std::string unit;          // of the serving size, trimmed
@@ -27,6 +30,9 @@ struct RollUp {
     std::string calories_caption, fat_caption, cost_caption;              // "Calories/Cup(s):"
     std::string calories_per_serving, fat_per_serving, cost_per_serving;  // "-" below size 0
 };
+
+// The totals alone. An ingredient outside the table is left out.
+RecipeFigures recipe_figures(const MealRecord& meal) noexcept;
 
 // Reads the tables and changes nothing; a serving size of exactly 0 counts as 1. An ingredient
 // outside the table is left out, a unit outside the table is blank.
