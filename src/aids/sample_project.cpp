@@ -44,7 +44,7 @@ void write_whole(const std::string& path, const std::string& bytes) {
         write_and_flush(unfinished, bytes);
         files().rename(unfinished, path);
     } catch (const Fault&) {
-        trap([&] { files().remove(unfinished); }, [](const Fault&) {});
+        tried([&] { files().remove(unfinished); });
         throw;
     }
 }
@@ -87,7 +87,7 @@ void set_shipped_sample(ShippedSample sample) noexcept {
 bool lay_out_sample_project(Date today) noexcept {
     bool complete = true;
     for (const std::string& name : shipped.names) {
-        complete = trap([&] { place(name, today); }, [](const Fault&) {}) && complete;
+        complete = tried([&] { place(name, today); }) && complete;
     }
     return complete;
 }

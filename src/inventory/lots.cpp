@@ -62,7 +62,7 @@ void require_number(f64 quantity) {
 }
 
 bool fits_16_bits(f64 quantity) {
-    return trap([quantity] { round_to_i16(quantity); }, [](const Fault&) {});
+    return tried([quantity] { round_to_i16(quantity); });
 }
 
 void make_blank_record(i16 item, bool active) {

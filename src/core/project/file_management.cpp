@@ -128,12 +128,10 @@ bool read_project() {
 // the tables are reset.
 bool was_saved_whole() {
     bool whole = false;
-    trap(
-        [&] {
-            const Ending ending = read_tables();
-            whole = ending.whole && !ending.marked && ending.missing.empty();
-        },
-        [](const Fault&) {});
+    tried([&] {
+        const Ending ending = read_tables();
+        whole = ending.whole && !ending.marked && ending.missing.empty();
+    });
     reset_project_tables();
     return whole;
 }

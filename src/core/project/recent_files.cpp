@@ -43,7 +43,7 @@ Paths paths_of_settings_file() {
             append_new(paths, std::string(record.recent_projects[place].right_trimmed()));
         }
     };
-    trap(read, [](const Fault&) {});
+    tried(read);
     return paths;
 }
 
