@@ -193,6 +193,7 @@ void CurlFtpSession::prepare_host_key(CURL* handle) {
     if (settings_.known_hosts.empty()) {
         throw Fault(ftp_fault::not_trusted, "There is no place to remember the server's key in");
     }
+    files().make_folder(folder_of(settings_.known_hosts));
     key_refusal_.clear();
     curl_easy_setopt(handle, CURLOPT_SSH_AUTH_TYPES,
                      static_cast<long>(CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD));

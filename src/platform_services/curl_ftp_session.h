@@ -19,8 +19,7 @@ struct FtpSettings {
     // A server that says nothing for so long has gone.
     std::chrono::milliseconds longest_silence{30'000};
 
-    // The file of host keys, made with the first one, in a folder that is there. Without it no
-    // server over SSH is trusted.
+    // The file of host keys, made with the first one. Without it no server over SSH is trusted.
     std::string known_hosts = {};
 
     // A file of certificates to trust in place of the system's.

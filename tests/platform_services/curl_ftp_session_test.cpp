@@ -155,7 +155,8 @@ TEST_F(FtpTest, TheConversationIsHeardWithoutThePassword) {
     EXPECT_TRUE(said("STOR list.htm"));
     EXPECT_TRUE(said("226 "));
     EXPECT_TRUE(said("221 ")) << "the goodbye";
-    for (const std::string& line : lines) EXPECT_EQ(line.find("p\xE4ss"), std::string::npos) << line;
+    for (const std::string& line : lines)
+        EXPECT_EQ(line.find("p\xE4ss"), std::string::npos) << line;
 }
 
 TEST_F(FtpTest, ASessionCanBeOpenedAgain) {

@@ -63,6 +63,14 @@ def main():
         handle_read_event = handle_read
 
     if "certificate" in options:
+        from pyftpdlib.handlers import TLS_DTPHandler
+
+        # Else a handshake that comes before the command counts as a client that has gone.
+        class PatientData(TLS_DTPHandler):
+            def readable(self):
+                return self._ssl_accepting or super().readable()
+
+        Handler.dtp_handler = PatientData
         Handler.certfile = options["certificate"]
         Handler.tls_control_required = True
         Handler.tls_data_required = True
