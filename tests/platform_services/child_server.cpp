@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <map>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -57,8 +58,13 @@ void ChildServer::kill() noexcept {
 }
 
 bool python_has(const std::string& modules) {
-    return std::system(
-               (std::string(python) + " -c 'import " + modules + "' 2>/dev/null").c_str()) == 0;
+    static std::map<std::string, bool> known;
+    const auto [place, is_new] = known.try_emplace(modules);
+    if (is_new) {
+        const std::string question = std::string(python) + " -c 'import " + modules + "'";
+        place->second = std::system((question + " 2>/dev/null").c_str()) == 0;
+    }
+    return place->second;
 }
 
 }  // namespace tavernook

@@ -35,7 +35,7 @@ async def main():
         server_host_keys=[KEY_FILE],
         sftp_factory=lambda channel: asyncssh.SFTPServer(channel, chroot=FOLDER.encode()),
     )
-    print(server.get_port(), flush=True)
+    print(server.sockets[0].getsockname()[1], flush=True)
     await asyncio.Event().wait()
 
 

@@ -85,15 +85,10 @@ TEST_F(SftpTest, DirectoriesFromTheRootAndOfTheLogin) {
 
 TEST_F(SftpTest, TheKeyIsRememberedAndAnotherOneRefused) {
     EXPECT_EQ(publish(""), 0) << description;
-    std::string known = read_whole_file(known_hosts);
+    const std::string known = read_whole_file(known_hosts);
     EXPECT_EQ(publish(""), 0) << description;
     EXPECT_EQ(read_whole_file(known_hosts), known);
-    const std::string before = std::to_string(server->port());
     serve("second.key");
-    const std::size_t at = known.find(before);
-    ASSERT_NE(at, std::string::npos) << known;
-    known.replace(at, before.size(), std::to_string(server->port()));
-    write_whole_file(known_hosts, known);
     lines.clear();
     EXPECT_EQ(publish(""), ftp_fault::not_trusted);
     EXPECT_EQ(description,
