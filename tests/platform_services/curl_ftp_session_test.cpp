@@ -284,20 +284,22 @@ TEST_P(DyingServer, IsTold) {
 }
 INSTANTIATE_TEST_SUITE_P(At, DyingServer, testing::Values("USER", "PASS", "CWD", "STOR", "data"));
 
-TEST_F(FtpTest, AServerThatDiesBetweenTwoFilesIsNotLoggedInToAgain) {
-    serve();
-    open();
-    session.change_directory("pantry");
-    session.put_file("list.htm", page);
-    server->kill();
-    try {
-        session.put_file("main.htm", page);
-        ADD_FAILURE() << "sent";
-    } catch (const Fault& fault) {
-        EXPECT_EQ(fault.number, ftp_fault::connection_lost);
-    }
-    session.close();
+TEST_F(FtpTest, ASessionThatTheServerEndsBetweenTwoFilesIsNotBegunAnew) {
+    serve({"drops=data"});
+    EXPECT_EQ(publish(), ftp_fault::connection_lost) << description;
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "USER ann"), 1);
+    EXPECT_EQ(sent("pantry/list.htm"), "<p>Flour</p>");
+    EXPECT_EQ(sent("main.htm"), "(missing)") << "in the directory of the login";
+}
+
+TEST_F(FtpTest, AServerThatDiesBetweenTwoFiles) {
+    serve();
+    bool killed = false;
+    on_line = [&](const std::string& line) {
+        if (line.starts_with("226") && !std::exchange(killed, true)) server->kill();
+    };
+    EXPECT_EQ(publish(), ftp_fault::connection_lost) << description;
+    EXPECT_EQ(sent("pantry/list.htm"), "<p>Flour</p>");
 }
 
 TEST_F(FtpTest, AServerThatDiesAtTheGoodbyeHasAllFiles) {

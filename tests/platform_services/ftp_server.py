@@ -6,6 +6,7 @@ The account is "ann". WHERE is a command of
 the protocol, or "greeting", or "data" for the first bytes of a file. Faults:
   silent=WHERE   the server takes it and never says anything more
   dies=WHERE     the server process ends there
+  drops=data     the server ends the session behind each file, and takes visitors all the same
 """
 import os
 import socket
@@ -53,6 +54,10 @@ def main():
                 os._exit(0)
             if cmd != silent:
                 super().pre_process_command(line, cmd, arg)
+
+        def on_file_received(self, file):
+            if "drops" in options:
+                self.close_when_done()
 
     class Faulty(DTPHandler):
         def handle_read(self):
