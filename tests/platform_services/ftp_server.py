@@ -57,7 +57,7 @@ def main():
 
         def on_file_received(self, file):
             if "drops" in options:
-                self.close_when_done()
+                self.socket.shutdown(socket.SHUT_RDWR)
 
     class Faulty(DTPHandler):
         def handle_read(self):
