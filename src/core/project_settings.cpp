@@ -93,6 +93,10 @@ void settle_settings() noexcept {
     }
 }
 
+bool ftp_account_is_complete() noexcept {
+    return !ftp_server.blank() && !ftp_account.blank() && !ftp_password.blank();
+}
+
 void set_setting(i16& setting, i16 value) noexcept {
     if (stored(setting, value)) project_modified = i16_true;
 }

@@ -55,6 +55,12 @@ void accept_setup(const SetupTexts& texts);
 // become 1 where they are above 2.
 void settle_settings() noexcept;
 
+// Server, account and password of the web space are there; nothing is published without them.
+bool ftp_account_is_complete() noexcept;
+inline constexpr std::string_view incomplete_ftp_account =
+    "The FTP account information has not been entered completely in the PROJECT SETUP.  Please "
+    "check PROJECT SETUP and verify that all information has been entered.";
+
 // A setting that is written at once. Marks the project as modified where it differs.
 void set_setting(i16& setting, i16 value) noexcept;
 

@@ -74,6 +74,13 @@ ports::ReplaceItem& replace_item_screen() {
     return required(handed_over.replace_item, "replacement screen");
 }
 
+FtpSession& ftp_session() {
+    return required(handed_over.ftp_session, "FTP session");
+}
+ports::FtpExport* ftp_export() {
+    return handed_over.ftp_export;
+}
+
 ports::FoodInventory* food_inventory() {
     return loaded_food_inventory;
 }

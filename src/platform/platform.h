@@ -17,6 +17,11 @@
 
 namespace tavernook {
 
+class FtpSession;  // platform/ftp_session.h
+namespace ports {
+class FtpExport;  // platform/ftp_export.h
+}
+
 struct Platform {
     Clock* clock = nullptr;
     Boxes* boxes = nullptr;
@@ -31,6 +36,8 @@ struct Platform {
     ports::Main* main = nullptr;
     ports::Screens* screens = nullptr;
     ports::ReplaceItem* replace_item = nullptr;
+    FtpSession* ftp_session = nullptr;
+    ports::FtpExport* ftp_export = nullptr;
 };
 
 // Handed over once at the start (and by each test); nothing in it is owned.
@@ -67,5 +74,8 @@ void set_reports(ports::Reports* screen);
 void set_scan_list(ports::CS1504GETUPC* screen);
 
 ports::ReplaceItem& replace_item_screen();
+
+FtpSession& ftp_session();
+ports::FtpExport* ftp_export();  // null in a program without that window
 
 }  // namespace tavernook

@@ -8,6 +8,8 @@ namespace tavernook {
 
 QtPlatform::QtPlatform()
     : help_viewer(system_info.program_folder() + "/help"),
+      ftp_session({.pump = [] { QCoreApplication::processEvents(); },
+                   .known_hosts = system_info.settings_folder() + "/known_hosts"}),
       file_associations(portable_home().isEmpty() ? data_home() : QString(),
                         QCoreApplication::applicationFilePath()) {}
 
@@ -24,7 +26,8 @@ Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* m
             .help_viewer = &help_viewer,
             .save_progress = save_progress,
             .main = main,
-            .screens = screens};
+            .screens = screens,
+            .ftp_session = &ftp_session};
 }
 
 }  // namespace tavernook

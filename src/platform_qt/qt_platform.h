@@ -11,6 +11,7 @@
 #include "platform_qt/qt_project_lock.h"
 #include "platform_qt/qt_settings_store.h"
 #include "platform_qt/qt_system_info.h"
+#include "platform_services/curl_ftp_session.h"
 
 namespace tavernook {
 
@@ -29,6 +30,7 @@ struct QtPlatform {
     QtProjectLock project_lock;
     QtSystemInfo system_info;
     QtHelpViewer help_viewer;
+    CurlFtpSession ftp_session;
 
     // With $TAVERNOOK_HOME set the desktop is left alone.
     FreedesktopAssociations file_associations;

@@ -9,6 +9,7 @@
 #include "inventory/usage_files.h"
 #include "planning/planner_state.h"
 #include "recipes/documents.h"
+#include "reports/publishing.h"
 #include "shopping/list_rows.h"
 
 namespace tavernook {
@@ -73,6 +74,7 @@ void reset_status() {
     hide_welcome_dialog = i16_false;
     window_geometry = WindowGeometry{};
     audit_done_flag = i16_false;
+    export_style = 0;
     reset_planner_state();
     current_catagory = 1;
     category_edit_mode = 0;

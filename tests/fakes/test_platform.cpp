@@ -18,6 +18,7 @@ TestPlatform::TestPlatform() {
     boxes.log.pass_on_to(transcript, "box ");
     dialogs.log.pass_on_to(transcript, "dialog ");
     files.calls.pass_on_to(transcript, "file ");
+    ftp.log.pass_on_to(transcript, "ftp ");
 
     reset_program_state();
     set_platform({.clock = &clock,
@@ -32,7 +33,9 @@ TestPlatform::TestPlatform() {
                   .save_progress = &progress,
                   .main = &main,
                   .screens = &screens,
-                  .replace_item = &replace_item});
+                  .replace_item = &replace_item,
+                  .ftp_session = &ftp,
+                  .ftp_export = &ftp_export});
 }
 
 TestPlatform::~TestPlatform() {

@@ -17,6 +17,7 @@
 #include "fakes/fake_clock.h"
 #include "fakes/fake_file_associations.h"
 #include "fakes/fake_file_dialogs.h"
+#include "fakes/fake_ftp.h"
 #include "fakes/fake_help_viewer.h"
 #include "fakes/fake_main_window.h"
 #include "fakes/fake_progress.h"
@@ -53,6 +54,7 @@ struct TestPlatform {
     FakeMain main{calls};
     FakeScreens screens{calls};
     FakeReplaceItem replace_item{calls};
+    FakeFtpExport ftp_export{calls};
 
     FakeClock clock;
     FakeBoxes boxes;
@@ -63,6 +65,7 @@ struct TestPlatform {
     FakeProjectLock lock;
     FakeSystemInfo system;  // folders "program" and "settings" in the temporary folder, both there
     FakeHelpViewer help;
+    FakeFtpSession ftp;
 };
 
 }  // namespace tavernook

@@ -44,6 +44,13 @@ TEST_F(PlatformTest, WhatWasNeverHandedOverEndsTheProcess) {
     EXPECT_DEATH(save_progress(), "The platform has no progress window");
     EXPECT_DEATH(main_window(), "The platform has no main window");
     EXPECT_DEATH(screens(), "The platform has no screens");
+    EXPECT_DEATH(ftp_session(), "The platform has no FTP session");
+}
+
+TEST_F(PlatformTest, AWindowThatPublishesNeedNotBeThere) {
+    FakeClock clock;
+    set_platform({.clock = &clock});
+    EXPECT_EQ(ftp_export(), nullptr);
 }
 
 TEST_F(PlatformTest, ClearingTakesEverythingBack) {

@@ -5,7 +5,9 @@
 #include "core/program_state.h"
 #include "core/project/audit.h"
 #include "core/project_data.h"
+#include "core/project_settings.h"
 #include "core/trap.h"
+#include "platform/ftp_export.h"
 #include "platform/platform.h"
 #include "shopping/shopping_list.h"
 
@@ -30,10 +32,24 @@ void look_at_clock() {
     audit_waits = true;
 }
 
+// Nobody need be there: what is missing is told in the status bar, and the window goes by itself.
+void publish_unattended() {
+    if (ftp_send_after_audit == 0) return;
+    if (!ftp_account_is_complete()) {
+        main_window().set_status(message_panel, incomplete_ftp_account);
+        return;
+    }
+    ports::FtpExport* window = ftp_export();
+    if (window == nullptr) return;
+    window->setstyle(1);
+    window->show();
+}
+
 void run_waiting_audit() {
     if (audit_waits && project_open != 0 && !boxes().is_open()) {
         audit_waits = false;
         audit_and_list();
+        publish_unattended();
     }
     main_window().set_status(activity_panel, "Ready");
 }

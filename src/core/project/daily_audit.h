@@ -15,9 +15,10 @@ void audit_and_list() noexcept;
 // hours earlier as well; kept, households rely on it.
 void note_audit_minute() noexcept;
 
-// At each tick when the program waits for the user: runs the audit that waits. Nothing is taken out
-// of the stock, saved or sent below a box: the audit then runs at the first tick behind it, also
-// when its minute has passed.
+// At each tick when the program waits for the user: runs the audit that waits, and publishes the
+// project's pages behind it where the project wants that. Nothing is taken out of the stock, saved
+// or sent below a box: the audit then runs at the first tick behind it, also when its minute has
+// passed.
 void daily_audit_check() noexcept;
 
 // The project goes: an audit that waits is none of the next one's.

@@ -265,13 +265,6 @@ TEST_F(DailyAudit, TheAuditTakesThePlanAndTheListFollows) {
     EXPECT_EQ(items[4].shopping_quantity, 2);
 }
 
-TEST_F(DailyAudit, NothingIsSentToTheWeb) {
-    ftp_send_after_audit = i16_true;
-    EXPECT_EQ(tick(15, 14, 30), 1);
-    EXPECT_EQ(platform.main.status[3], "Ready");
-    EXPECT_EQ(platform.progress.events().back(), "hide");
-}
-
 TEST_F(DailyAudit, AListOnTheScreenIsShownAnew) {
     FakeShoppingList list(platform.calls);
     tick(15, 14, 30);
