@@ -63,6 +63,9 @@ class Screens {
     virtual void hide_all() = 0;
     virtual void show_meal_plan() = 0;
     virtual void load_food_inventory() = 0;
+
+    // The print preview, in front, with the page that was set last.
+    virtual void show_preview() = 0;
 };
 
 }  // namespace ports

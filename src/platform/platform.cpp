@@ -14,6 +14,7 @@ ports::MealPlan* loaded_meal_plan = nullptr;
 ports::ShoppingList* loaded_shopping_list = nullptr;
 ports::Reports* loaded_reports = nullptr;
 ports::CS1504GETUPC* loaded_scan_list = nullptr;
+ports::PP* loaded_preview = nullptr;
 
 template <typename Service>
 Service& required(Service* service, const char* name) {
@@ -81,6 +82,13 @@ ports::FtpExport* ftp_export() {
     return handed_over.ftp_export;
 }
 
+HtmlViews& html_views() {
+    return required(handed_over.html_views, "view of pages");
+}
+PrintPrompt& print_prompt() {
+    return required(handed_over.print_prompt, "print dialog");
+}
+
 ports::FoodInventory* food_inventory() {
     return loaded_food_inventory;
 }
@@ -99,6 +107,9 @@ ports::Reports* reports() {
 ports::CS1504GETUPC* scan_list() {
     return loaded_scan_list;
 }
+ports::PP* preview() {
+    return loaded_preview;
+}
 void set_food_inventory(ports::FoodInventory* screen) {
     loaded_food_inventory = screen;
 }
@@ -116,6 +127,9 @@ void set_reports(ports::Reports* screen) {
 }
 void set_scan_list(ports::CS1504GETUPC* screen) {
     loaded_scan_list = screen;
+}
+void set_preview(ports::PP* screen) {
+    loaded_preview = screen;
 }
 
 }  // namespace tavernook

@@ -17,7 +17,9 @@
 
 namespace tavernook {
 
-class FtpSession;  // platform/ftp_session.h
+class FtpSession;   // platform/ftp_session.h
+class HtmlViews;    // platform/html_view.h
+class PrintPrompt;  // platform/html_view.h
 namespace ports {
 class FtpExport;  // platform/ftp_export.h
 }
@@ -38,6 +40,8 @@ struct Platform {
     ports::ReplaceItem* replace_item = nullptr;
     FtpSession* ftp_session = nullptr;
     ports::FtpExport* ftp_export = nullptr;
+    HtmlViews* html_views = nullptr;
+    PrintPrompt* print_prompt = nullptr;
 };
 
 // Handed over once at the start (and by each test); nothing in it is owned.
@@ -64,6 +68,7 @@ ports::MealPlan* meal_plan();
 ports::ShoppingList* shopping_list();
 ports::Reports* reports();
 ports::CS1504GETUPC* scan_list();
+ports::PP* preview();
 
 // A screen tells of itself while it is loaded.
 void set_food_inventory(ports::FoodInventory* screen);
@@ -72,10 +77,14 @@ void set_meal_plan(ports::MealPlan* screen);
 void set_shopping_list(ports::ShoppingList* screen);
 void set_reports(ports::Reports* screen);
 void set_scan_list(ports::CS1504GETUPC* screen);
+void set_preview(ports::PP* screen);
 
 ports::ReplaceItem& replace_item_screen();
 
 FtpSession& ftp_session();
 ports::FtpExport* ftp_export();  // null in a program without that window
+
+HtmlViews& html_views();
+PrintPrompt& print_prompt();
 
 }  // namespace tavernook

@@ -97,6 +97,10 @@ class ShoppingList {
 
     virtual void populate_list() = 0;
     virtual void populate_list2() = 0;
+
+    // The page of the list with the columns that are shown. False, without a box, when it could
+    // not be made: an older page is as it was.
+    virtual bool Build_HTMLlist(i16 size) = 0;
 };
 
 class Reports {
@@ -105,6 +109,18 @@ class Reports {
 
     virtual void search_engine() = 0;
     virtual void populate_list() = 0;
+
+    // The page of the list as it is shown. False, without a box, when it could not be made: an
+    // older page is as it was.
+    virtual bool Build_HTML_Report_list(i16 size, bool border, std::string_view name) = 0;
+};
+
+// The print preview. It shows the page that `set_htmlpath` named; see reports/preview.
+class PP {
+  public:
+    virtual ~PP() = default;
+
+    virtual void show_page() = 0;  // that page, in place of the one on show and its edits
 };
 
 // The scan list.

@@ -58,6 +58,7 @@ class FakeScreens : public ports::Screens {
     void hide_all() override { calls_.add("hide all"); }
     void show_meal_plan() override { calls_.add("show meal plan"); }
     void load_food_inventory() override { calls_.add("load food inventory"); }
+    void show_preview() override { calls_.add("show preview"); }
 
   private:
     CallLog& calls_;

@@ -139,6 +139,12 @@ class FakeShoppingList : public ports::ShoppingList {
 
     void populate_list() override { calls_.add("ShoppingList populate_list"); }
     void populate_list2() override { calls_.add("ShoppingList populate_list2"); }
+    bool Build_HTMLlist(i16 size) override {
+        calls_.add("ShoppingList Build_HTMLlist " + std::to_string(size));
+        return builds;
+    }
+
+    bool builds = true;
 
   private:
     CallLog& calls_;
@@ -151,6 +157,13 @@ class FakeReports : public ports::Reports {
 
     void search_engine() override { calls_.add("Reports search_engine"); }
     void populate_list() override { calls_.add("Reports populate_list"); }
+    bool Build_HTML_Report_list(i16 size, bool border, std::string_view name) override {
+        calls_.add("Reports Build_HTML_Report_list " + std::to_string(size) +
+                   (border ? " with gridlines " : " ") + std::string(name));
+        return builds;
+    }
+
+    bool builds = true;
 
   private:
     CallLog& calls_;

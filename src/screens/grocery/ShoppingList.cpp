@@ -10,6 +10,7 @@
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "platform/platform.h"
+#include "reports/pages/list_page.h"
 #include "screens/grocery/list_pane.h"
 #include "screens/grocery/pick_pane.h"
 #include "screens/parts/drag_text.h"
@@ -155,6 +156,12 @@ void ShoppingList::populate_list() {
 
 void ShoppingList::populate_list2() {
     guarded([this] { picks_.fill(); });
+}
+
+bool ShoppingList::Build_HTMLlist(i16 size) {
+    list_.fill();
+    return tavernook::Build_HTMLlist(shopping_list_page(list_.shown_columns(), list_.shown_items()),
+                                     size);
 }
 
 void ShoppingList::follow_changes() {

@@ -31,6 +31,8 @@ class ShoppingList : public Screen, public ports::ShoppingList {
     // The "Quick Pick List" anew, as far as its find box lets it through.
     void populate_list2() override;
 
+    bool Build_HTMLlist(i16 size) override;
+
   protected:
     void follow_changes() override;
     void showEvent(QShowEvent* event) override;

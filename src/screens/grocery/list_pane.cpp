@@ -205,6 +205,21 @@ std::vector<i16> ListPane::selected_items() const {
     return found;
 }
 
+std::vector<ListColumn> ListPane::shown_columns() const {
+    std::vector<ListColumn> shown;
+    for (std::size_t column = 0; column < list_columns.size(); ++column) {
+        const bool hidden = list_.header()->isSectionHidden(static_cast<int>(column));
+        if (!hidden) shown.push_back(list_columns[column]);
+    }
+    return shown;
+}
+
+std::vector<i16> ListPane::shown_items() const {
+    std::vector<i16> shown;
+    for (const RowId row : rows_->rows()) shown.push_back(part_of(row, 0));
+    return shown;
+}
+
 void ListPane::follow_selection() {
     const std::vector<i16> selected = selected_items();
     const i16 current = part_of(current_row(list_, *rows_), 0);

@@ -9,6 +9,7 @@
 
 #include "core/changes.h"
 #include "screens/parts/rows_model.h"
+#include "shopping/list_rows.h"
 
 class QTreeView;
 
@@ -38,6 +39,10 @@ class ListPane : public QWidget {
     // The row that commands are about: the current one among those selected.
     RowRef selected() const { return selected_; }
     std::vector<i16> selected_items() const;
+
+    // What a page of the list shows: the columns, names first, and the items, in their order.
+    std::vector<ListColumn> shown_columns() const;
+    std::vector<i16> shown_items() const;
 
     // When the list is filled next: marks the item, in sight; marks what then stands in the place
     // of the current row.
