@@ -10,6 +10,7 @@
 #include "screens/frame/start_up.h"
 #include "screens/lookups/ReplaceItem.h"
 #include "screens/parts/application.h"
+#include "screens/reports/ftpexport.h"
 
 int main(int argc, char** argv) {
     using namespace tavernook;
@@ -18,13 +19,16 @@ int main(int argc, char** argv) {
     QtPlatform outside;
     Main main_window;
     ReplacementScreen replacement;
+    PublishingWindow publishing(main_window);
     Platform parts =
         outside.platform(&main_window.progress(), &main_window, &main_window.registry());
     parts.replace_item = &replacement;
+    parts.ftp_export = &publishing;
     set_platform(parts);
     register_screens(main_window);
     // The program ends with its main window and with nothing else.
     application.setQuitOnLastWindowClosed(false);
+    QObject::connect(&main_window, &Main::unloaded, [] { cancel_export(); });
     QObject::connect(&main_window, &Main::unloaded, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
 

@@ -29,8 +29,23 @@ Fault present_fault() {
     }
 }
 
+namespace {
+
+bool unattended = false;
+
+}  // namespace
+
+Unattended::Unattended(bool nobody_is_there) : before_(unattended) {
+    unattended = nobody_is_there;
+}
+
+Unattended::~Unattended() {
+    unattended = before_;
+}
+
 void show_fault(const std::string& message) noexcept {
     try {
+        if (unattended) return main_window().set_status(message_panel, message);
         boxes().message(message);
     } catch (...) {
         // There is nothing left to say it with.

@@ -33,6 +33,19 @@ Fault present_fault();
 // A box that cannot be shown, for want of memory say, is no reason to end the program.
 void show_fault(const std::string& message) noexcept;
 
+// While one lives and `nobody_is_there`, `show_fault` tells in the message panel what else has a
+// box, which would wait for a user.
+class Unattended {
+  public:
+    explicit Unattended(bool nobody_is_there);
+    ~Unattended();
+    Unattended(const Unattended&) = delete;
+    Unattended& operator=(const Unattended&) = delete;
+
+  private:
+    bool before_;
+};
+
 // True when `work` came to its end; otherwise `on_fault` was called with what stopped it.
 template <typename Work, typename OnFault>
 bool trap(Work&& work, OnFault&& on_fault) {

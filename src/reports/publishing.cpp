@@ -95,15 +95,21 @@ void remove_page(std::string_view name) {
     if (files().is_taken(path)) files().remove(path);
 }
 
+// The window hears nobody while a page is made, so that all its faults are those of the export.
+void make(const auto& page) {
+    const Unattended quiet(export_style == 1);
+    page();
+}
+
 void Export::build_pages() {
     begin("Building Main Report", 1);
-    pages_.build_main_report();
+    make([this] { pages_.build_main_report(); });
     begin("Building Grocery List", 5);
     remove_page("dat/list.htm");
-    pages_.Build_HTMLlist(size_on_the_web);
+    make([this] { pages_.Build_HTMLlist(size_on_the_web); });
     begin("Building Month View", 8);
     remove_page("dat/calm.htm");
-    pages_.Build_HTMLCal_Month(size_on_the_web);
+    make([this] { pages_.Build_HTMLCal_Month(size_on_the_web); });
 }
 
 void Export::connect() {

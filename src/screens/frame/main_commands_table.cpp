@@ -2,6 +2,7 @@
 
 #include "core/project/daily_audit.h"
 #include "core/project/main_commands.h"
+#include "reports/publishing.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/ProjectSetup.h"
 
@@ -42,6 +43,9 @@ void project_setup(Main& window) {
 void audit(Main&) {
     audit_now();
 }
+void send_to_web(Main&) {
+    Project_SendtoWeb();
+}
 void tile(Main& window) {
     window.tile();
 }
@@ -74,7 +78,7 @@ constexpr MainCommand commands[] = {
     {"mnu_wam", nullptr, "wam", Needs::project, none, "See and change weights and measures."},
     {"mnu_barcode", nullptr, "BCBuild", Needs::project, none, "Make a sheet of barcode labels."},
     {"Project_Calculator", nullptr, none, Needs::another_place, none, "Use the \"Calculator\" button of the toolbar."},
-    {"Project_SendtoWeb", nullptr, none, Needs::project, none, "Publish calendar and lists on the web."},
+    {"Project_SendtoWeb", send_to_web, none, Needs::project, none, "Publish calendar and lists on the web."},
     {"mnu_vii", nullptr, "VII", Needs::project, none, "Work by ear: everything is spoken."},
     {"mnu_tile", tile, none, Needs::child_window, none, "Arrange the open screens side by side."},
     {"mnu_cascade", cascade, none, Needs::child_window, none, "Arrange the open screens one behind the other."},

@@ -11,6 +11,7 @@
 #include "core/rows.h"
 #include "platform/platform.h"
 #include "reports/pages/list_page.h"
+#include "reports/preview.h"
 #include "screens/grocery/list_pane.h"
 #include "screens/grocery/pick_pane.h"
 #include "screens/parts/drag_text.h"
@@ -63,6 +64,18 @@ std::string words_for(const Booking& booking) {
            " put in stock: " + first_names(booking.placed) + ".";
 }
 
+FileDialogRequest list_dialog(const char* title) {
+    return {title, "Grocery List (*.lst)|*.lst", ""};
+}
+
+std::string file_name(const std::string& path) {
+    return text_from_utf8(file_name_part(path));
+}
+
+std::string items_told(i16 count) {
+    return std::to_string(count) + (count == 1 ? " item is" : " items are");
+}
+
 void say_gone() {
     say(QObject::tr("This item is not there any more."));
 }
@@ -108,6 +121,9 @@ void ShoppingList::set_up_toolbar() {
     font.setPointSizeF(font.pointSizeF() * 1.3);
     stock->setFont(font);
     on_command(ui_->list_toolbar_1, [this] { add_from_inventory(); });
+    on_command(ui_->list_toolbar_2, preview_list);
+    on_command(ui_->list_toolbar_3, [this] { save_list(); });
+    on_command(ui_->list_toolbar_4, [this] { load_list(); });
     on_command(ui_->list_toolbar_5, [this] { put_in_stock(); });
 }
 
@@ -229,6 +245,23 @@ void ShoppingList::put_in_stock() {
     const Booking booking = book_list_into_stock();
     list_.wait_for_codes(Qt::OtherFocusReason);
     say(was_empty ? std::string("Nothing was on the list.") : words_for(booking));
+}
+
+void ShoppingList::save_list() {
+    const std::string path = file_dialogs().save_file(list_dialog("Save List"));
+    if (path.empty()) return;
+    list_.fill();
+    if (!Save_Shoplist(path, list_.columns_shown())) return;
+    say(items_told(list_count) + " saved in " + file_name(path) + ".");
+}
+
+void ShoppingList::load_list() {
+    const std::string path = file_dialogs().open_file(list_dialog("Load List"));
+    ShownColumns shown = list_.columns_shown();
+    if (path.empty() || !populate_loadlist(path, shown)) return;
+    list_.show_columns(shown);
+    list_.fill();
+    say(items_told(list_count) + " on the list from " + file_name(path) + ".");
 }
 
 // --- what comes on the list ----------------------------------------------------------------------

@@ -49,6 +49,8 @@ class ShoppingList : public Screen, public ports::ShoppingList {
     void ask_about_item(const std::function<void(i16)>& question);
     void view_selected();
     void put_in_stock();
+    void save_list();
+    void load_list();
     void escape();
 
     // What comes on the list.

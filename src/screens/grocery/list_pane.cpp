@@ -205,6 +205,21 @@ std::vector<i16> ListPane::selected_items() const {
     return found;
 }
 
+ShownColumns ListPane::columns_shown() const {
+    ShownColumns shown{};
+    for (std::size_t column = 0; column < shown.size(); ++column) {
+        shown[column] = !list_.header()->isSectionHidden(static_cast<int>(column) + 1);
+    }
+    return shown;
+}
+
+void ListPane::show_columns(const ShownColumns& shown) {
+    const QList<QAction*> actions = ui_->viewmenu->actions();
+    for (std::size_t column = 0; column < shown.size(); ++column) {
+        actions[static_cast<qsizetype>(column)]->setChecked(shown[column]);
+    }
+}
+
 std::vector<ListColumn> ListPane::shown_columns() const {
     std::vector<ListColumn> shown;
     for (std::size_t column = 0; column < list_columns.size(); ++column) {

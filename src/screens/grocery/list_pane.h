@@ -9,6 +9,7 @@
 
 #include "core/changes.h"
 #include "screens/parts/rows_model.h"
+#include "shopping/list_file.h"
 #include "shopping/list_rows.h"
 
 class QTreeView;
@@ -39,6 +40,10 @@ class ListPane : public QWidget {
     // The row that commands are about: the current one among those selected.
     RowRef selected() const { return selected_; }
     std::vector<i16> selected_items() const;
+
+    // What a saved list knows of the columns: all but the names.
+    ShownColumns columns_shown() const;
+    void show_columns(const ShownColumns& shown);
 
     // What a page of the list shows: the columns, names first, and the items, in their order.
     std::vector<ListColumn> shown_columns() const;

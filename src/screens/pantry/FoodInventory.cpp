@@ -14,7 +14,9 @@
 #include "inventory/items.h"
 #include "platform/platform.h"
 #include "recipes/catagory_removal.h"
+#include "reports/preview.h"
 #include "screens/pantry/LotView.h"
+#include "screens/pantry/catagory_box.h"
 #include "screens/pantry/copydialog.h"
 #include "screens/pantry/hand_over.h"
 #include "screens/pantry/item_toolbars.h"
@@ -85,6 +87,12 @@ void FoodInventory::connect_commands() {
     on_command(ui_->item_toolbar_1_5, [this] { copy_item_shown(); });
     on_command(ui_->item_toolbar_1_6, [] { show_screen(QStringLiteral("StoresForm")); });
     on_command(ui_->item_toolbar_1_7, [] { show_screen(QStringLiteral("UnitsForm")); });
+    on_command(ui_->item_toolbar_1_10, [this] {
+        if (item_.settle()) preview_usage(item_.number());
+    });
+    on_command(ui_->item_toolbar_1_11, [this] {
+        if (item_.settle()) preview_label(item_.number());
+    });
     on_command(ui_->count_texts, [] { show_string_count(); });
     on_command(ui_->item_toolbar_2_1, [this] { accept(); });
     on_command(ui_->close_screen, [this] {
@@ -148,7 +156,10 @@ void FoodInventory::update_commands() {
     list_.set_item_on_show(item);
     ui_->item_toolbar_2_1->setEnabled(item_.is_any());
     ui_->item_toolbar_1_4->setEnabled(!is_copying_ && !item_.is_new() && (item != 0 || catagory));
-    ui_->item_toolbar_1_5->setEnabled(item != 0);
+    for (QAction* of_the_item :
+         {ui_->item_toolbar_1_5, ui_->item_toolbar_1_10, ui_->item_toolbar_1_11}) {
+        of_the_item->setEnabled(item != 0);
+    }
     hand_over_bar_.set_item(item);
     ui_->form_hint->setVisible(!item_.is_any() && list_.leaf_count() > 0);
 }
@@ -206,19 +217,12 @@ bool FoodInventory::start_new_item() {
 
 void FoodInventory::accept() {
     if (!item_.is_any() || !item_.store(item_.is_new())) return;
-    if (ports::Reports* screen = reports()) {
-        screen->search_engine();
-        screen->populate_list();
-    }
     view(item_.number(), true);
 }
 
 void FoodInventory::new_category() {
-    const auto name = boxes().input("Enter name of new catagory.", "New Catagory", "");
-    if (!name || trim(*name).empty()) return;
-    constexpr i16 item_catagory_type = -1;
-    const i16 row = new_catagory(trim(*name), item_catagory_type, 0);
-    project_modified = i16_true;
+    const i16 row = ask_new_catagory();
+    if (row == 0) return;
     list_.refresh();
     if (item_.is_any()) return;
     list_.mark_catagory(row);

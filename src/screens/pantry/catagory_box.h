@@ -24,4 +24,7 @@ class CatagoryBox : public QComboBox {
     i16 chosen_for(i16 stored) const;
 };
 
+// A new category of items, under the name that is asked for. Its row; 0 when there is no name.
+i16 ask_new_catagory();
+
 }  // namespace tavernook

@@ -26,6 +26,10 @@ void tell_other_screens(i16 item) {
     if (ports::CS1504GETUPC* list = scan_list()) {
         list->refresh_item(record.barcode.trimmed(), record.name.trimmed(), item);
     }
+    if (ports::Reports* screen = reports()) {
+        screen->search_engine();
+        screen->populate_list();
+    }
 }
 
 }  // namespace

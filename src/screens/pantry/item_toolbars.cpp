@@ -13,7 +13,7 @@ namespace {
 
 // Commands of a later version.
 void disable_later_ones(QWidget& screen, const QToolBar& commands) {
-    for (const int later : {8, 9, 10, 11}) {
+    for (const int later : {8, 9}) {
         const QString name = QStringLiteral("%1_%2").arg(commands.objectName()).arg(later);
         screen.findChild<QAction*>(name)->setEnabled(false);
     }

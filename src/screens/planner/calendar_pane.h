@@ -56,6 +56,8 @@ class CalendarPane : public QWidget {
     void date_chosen(const QDate& date);
     void month_chosen(const QDate& first);
     void today_wanted();
+    void week_page_wanted();
+    void month_page_wanted();
     void menu_wanted(const QPoint& place);  // of the marked date; place on the screen
     void recipes_wanted();
     void copy_wanted();
