@@ -28,7 +28,6 @@ int main(int argc, char** argv) {
     register_screens(main_window);
     // The program ends with its main window and with nothing else.
     application.setQuitOnLastWindowClosed(false);
-    QObject::connect(&main_window, &Main::unloaded, [] { cancel_export(); });
     QObject::connect(&main_window, &Main::unloaded, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
 

@@ -33,7 +33,7 @@ bool build_list_page(i16 size) noexcept {
 }
 
 // What could not be made is told by its builder or missed when it is to be sent.
-PageBuilders published_pages() {
+PageBuilders published_pages() noexcept {
     return {.build_main_report = [] { static_cast<void>(build_main_report()); },
             .Build_HTMLlist = [](i16 size) { static_cast<void>(build_list_page(size)); },
             .Build_HTMLCal_Month = [](i16 size) { static_cast<void>(Build_HTMLCal_Month(size)); }};

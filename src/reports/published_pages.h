@@ -5,7 +5,7 @@
 
 namespace tavernook {
 
-PageBuilders published_pages();
+PageBuilders published_pages() noexcept;
 
 // The page of the shopping list: with the columns that its screen shows, and with all of them where
 // the screen is closed. False, without a box, when it could not be made: an older page is as it

@@ -21,6 +21,7 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/lookups/ReplaceItem.h"
+#include "screens/reports/ftpexport.h"
 
 namespace tavernook {
 
@@ -44,7 +45,9 @@ class MainWindowTest : public testing::Test {
                       .save_progress = &window.progress(),
                       .main = &window,
                       .screens = &window.registry(),
-                      .replace_item = &replacement});
+                      .replace_item = &replacement,
+                      .ftp_session = &platform.ftp,
+                      .ftp_export = &publishing});
         QObject::connect(&window, &Main::unloaded, &window, [this] { ++ends; });
     }
 
@@ -125,6 +128,7 @@ class MainWindowTest : public testing::Test {
     TestPlatform platform;
     ReplacementScreen replacement;
     Main window;
+    PublishingWindow publishing{window};
     int ends = 0;
 };
 

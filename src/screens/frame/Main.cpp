@@ -14,6 +14,7 @@
 #include "core/project/main_commands.h"
 #include "core/project_data.h"
 #include "platform/platform.h"
+#include "reports/publishing.h"
 #include "screens/frame/About.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/StartPage.h"
@@ -165,6 +166,7 @@ void Main::unload() {
 void Main::end_program() {
     gone_ = true;
     timers_.stop();
+    cancel_export();
     hide();
     Q_EMIT unloaded();
 }

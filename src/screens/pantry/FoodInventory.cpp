@@ -6,7 +6,6 @@
 #include <QMdiSubWindow>
 
 #include "basics/text.h"
-#include "core/catagories.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/string_storage.h"
@@ -156,10 +155,8 @@ void FoodInventory::update_commands() {
     list_.set_item_on_show(item);
     ui_->item_toolbar_2_1->setEnabled(item_.is_any());
     ui_->item_toolbar_1_4->setEnabled(!is_copying_ && !item_.is_new() && (item != 0 || catagory));
-    for (QAction* of_the_item :
-         {ui_->item_toolbar_1_5, ui_->item_toolbar_1_10, ui_->item_toolbar_1_11}) {
-        of_the_item->setEnabled(item != 0);
-    }
+    for (QAction* its : {ui_->item_toolbar_1_5, ui_->item_toolbar_1_10, ui_->item_toolbar_1_11})
+        its->setEnabled(item != 0);
     hand_over_bar_.set_item(item);
     ui_->form_hint->setVisible(!item_.is_any() && list_.leaf_count() > 0);
 }

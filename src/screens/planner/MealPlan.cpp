@@ -12,7 +12,6 @@
 #include "planning/day_plans.h"
 #include "planning/day_totals.h"
 #include "platform/platform.h"
-#include "reports/preview.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
@@ -67,8 +66,7 @@ void MealPlan::set_up_calendar() {
     on_wish(*this, calendar_, &Pane::date_chosen, &MealPlan::choose_date);
     on_wish(*this, calendar_, &Pane::month_chosen, &MealPlan::choose_month);
     on_wish(*this, calendar_, &Pane::today_wanted, &MealPlan::go_to_today);
-    on_wish(*this, calendar_, &Pane::week_page_wanted, preview_week);
-    on_wish(*this, calendar_, &Pane::month_page_wanted, preview_month);
+    on_wish(*this, calendar_, &Pane::page_wanted, show_page);
     on_wish(*this, calendar_, &Pane::recipes_wanted, choose_recipe);
     on_wish(*this, calendar_, &Pane::copy_wanted, copy_day_shown);
     on_wish(*this, calendar_, &Pane::cut_wanted, cut_day_shown);

@@ -44,9 +44,9 @@ void CalendarPane::set_up_month_bar() {
     fill_toolbar(*this, *ui_->Toolbar1, {{1, "print_week"}, {2, "today"}, {3, "print_month"}});
     ui_->Toolbar1->setIconSize(QSize(line, line));
     ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    connect(ui_->Toolbar1_1, &QAction::triggered, this, &CalendarPane::week_page_wanted);
+    connect(ui_->Toolbar1_1, &QAction::triggered, this, [this] { Q_EMIT page_wanted(false); });
     connect(ui_->Toolbar1_2, &QAction::triggered, this, &CalendarPane::today_wanted);
-    connect(ui_->Toolbar1_3, &QAction::triggered, this, &CalendarPane::month_page_wanted);
+    connect(ui_->Toolbar1_3, &QAction::triggered, this, [this] { Q_EMIT page_wanted(true); });
     const std::pair<QToolButton*, const char*> steps[] = {{ui_->previous_month, "previous"},
                                                           {ui_->next_month, "next"}};
     for (const auto& [button, name] : steps) {

@@ -56,8 +56,7 @@ class CalendarPane : public QWidget {
     void date_chosen(const QDate& date);
     void month_chosen(const QDate& first);
     void today_wanted();
-    void week_page_wanted();
-    void month_page_wanted();
+    void page_wanted(bool of_the_month);  // else of the week
     void menu_wanted(const QPoint& place);  // of the marked date; place on the screen
     void recipes_wanted();
     void copy_wanted();

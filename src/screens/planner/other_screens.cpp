@@ -7,6 +7,7 @@
 #include "planning/day_keys.h"
 #include "planning/recommendations.h"
 #include "platform/platform.h"
+#include "reports/preview.h"
 #include "screens/parts/screen.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/planner/day_commands.h"
@@ -64,6 +65,10 @@ void show_recommended_item(const std::string& key) {
 
 void show_recommended_recipe(const std::string& key) {
     show_recipe(recommended_recipe(key));
+}
+
+void show_page(bool of_the_month) {
+    of_the_month ? preview_month() : preview_week();
 }
 
 }  // namespace tavernook

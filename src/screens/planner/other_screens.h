@@ -1,4 +1,4 @@
-// The ways from the planner to the recipe manager and to the inventory.
+// The ways from the planner to the recipe manager, to the inventory and to its pages.
 #pragma once
 
 #include <string>
@@ -15,5 +15,8 @@ void choose_item();
 void show_entry(const std::string& key);               // of the day list
 void show_recommended_item(const std::string& key);    // of the recommendations
 void show_recommended_recipe(const std::string& key);  // of the recommendations
+
+// In the preview: of the month of the selected date, else of its week.
+void show_page(bool of_the_month);
 
 }  // namespace tavernook
