@@ -232,6 +232,11 @@ TEST_F(DamagedHouseholdOnScreen, EveryDayOfTheCalendarIsComeTo) {
 }
 
 // All but those that run something outside or end the screen.
+bool opens_a_file(const QString& command) {
+    return command == QLatin1String("recipe_picture") ||
+           command == QLatin1String("list_toolbar_3") || command == QLatin1String("list_toolbar_4");
+}
+
 TEST_F(DamagedHouseholdOnScreen, EveryCommandIsGiven) {
     for (const char* name : screens) {
         show(name);
@@ -245,7 +250,7 @@ TEST_F(DamagedHouseholdOnScreen, EveryCommandIsGiven) {
             if (action.isNull() || !action->isEnabled()) continue;
             const std::string what = std::string(name) + "." + action->objectName().toStdString();
             // A file dialog and a window of its own.
-            if (action->objectName() == QLatin1String("recipe_picture")) continue;
+            if (opens_a_file(action->objectName())) continue;
             if (action->text().contains(QLatin1String("..."))) continue;
             no_fault_passes(what, [&] { action->trigger(); });
             no_fault_passes(what, [] { settle(); });

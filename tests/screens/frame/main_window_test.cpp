@@ -159,6 +159,7 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "toolbar_2_3",
                                               "mnu_wam",
                                               "Project_Setup",
+                                              "Project_SendtoWeb",
                                               "toolbar_1_5",
                                               "mnuProject_MealPlanning",
                                               "toolbar_1_8",
@@ -248,9 +249,10 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; settings, items, recipes, planner, measures and list;
+    // Six commands and the submenu of File; settings, items, recipes, planner, measures, list
+    // and publishing;
     // Help without the lessons.
-    EXPECT_EQ(reached, 7 + 6 + 3);
+    EXPECT_EQ(reached, 7 + 7 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {

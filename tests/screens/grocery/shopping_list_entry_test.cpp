@@ -363,9 +363,17 @@ TEST_F(ShoppingListEntry, WithABatchScannerEnterDoesNothing) {
 // --- the keyboard alone --------------------------------------------------------------------------
 
 TEST_F(ShoppingListEntry, EverythingIsReachedByTabInARound) {
-    const Texts round{
-        "Text1",           "columns_button", "shopping_list",         "find_box",
-        "quick_pick_list", "close_button",   "list_toolbar_1_button", "list_toolbar_5_button"};
+    const Texts round{"Text1",
+                      "columns_button",
+                      "shopping_list",
+                      "find_box",
+                      "quick_pick_list",
+                      "close_button",
+                      "list_toolbar_1_button",
+                      "list_toolbar_2_button",
+                      "list_toolbar_3_button",
+                      "list_toolbar_4_button",
+                      "list_toolbar_5_button"};
     for (const i16 scanner : {0, 3}) {
         scanner_type = scanner;
         open_list();

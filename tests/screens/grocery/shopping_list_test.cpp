@@ -336,14 +336,6 @@ TEST_F(ShoppingListScreen, AnItemAcceptedOnItsFormComesOnTheListWhenItIsLow) {
     expect_on_list(salt, 4);
 }
 
-TEST_F(ShoppingListScreen, WhatIsNotThereYetSaysSo) {
-    open_list();
-    for (const char* name : {"list_toolbar_2", "list_toolbar_3", "list_toolbar_4"}) {
-        EXPECT_FALSE(part<QAction>(name).isEnabled());
-        EXPECT_EQ(part<QAction>(name).toolTip(), "Not available in this version.");
-    }
-}
-
 TEST_F(ShoppingListScreen, FindingTakesNoNoticeOfCapitalsAndAccents) {
     put_food(4,
              "Cr\xE8me fra\xEE"

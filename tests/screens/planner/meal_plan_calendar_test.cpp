@@ -1,6 +1,11 @@
 // The planner's calendar: month, year, dates, and what its cells show.
 #include <QWheelEvent>
+#include <fstream>
+#include <iterator>
 
+#include "platform_qt/shipped_page_files.h"
+#include "reports/pages/shipped_pages.h"
+#include "reports/preview.h"
 #include "screens/planner/meal_plan_fixture.h"
 
 namespace tavernook {
@@ -8,6 +13,10 @@ namespace {
 
 class PlannerCalendar : public MealPlanTest {
   protected:
+    std::string page(const std::string& name) {
+        std::ifstream file(platform.system.program + "/dat/" + name + ".htm", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
     std::string month_shown() {
         return part<QComboBox>("Combo1").currentText().toStdString() + " " +
                part<QLineEdit>("Label11").text().toStdString();
@@ -175,12 +184,29 @@ TEST_F(PlannerCalendar, TodayComesBackByItsButton) {
     EXPECT_EQ(grid().selected_cell(), may_15);
 }
 
-TEST_F(PlannerCalendar, PrintingIsThereAndSaysThatItComesLater) {
+// Sunday, 19 May, is the first day of the week of the 20th.
+TEST_F(PlannerCalendar, TheWeekAndTheMonthOfTheSelectedDateArePages) {
+    ASSERT_TRUE(lay_out_pages(shipped_page_file));
     open_planner();
-    for (const char* name : {"Toolbar1_1", "Toolbar1_3"}) {
-        EXPECT_FALSE(part<QAction>(name).isEnabled());
-        EXPECT_TRUE(part<QAction>(name).toolTip().contains("Not available in this version."));
+    click_cell(may_20);
+    const std::pair<const char*, const char*> pages[] = {{"Toolbar1_1", "cal"},
+                                                         {"Toolbar1_3", "calm"}};
+    for (const auto& [button, name] : pages) {
+        trigger(button);
+        EXPECT_EQ(html_path, platform.system.program + "/dat/" + name + ".htm");
+        EXPECT_EQ(preview_kind, name == std::string("cal") ? 0 : 2);
     }
+    EXPECT_NE(page("cal").find("May 19, 2024 - May 25, 2024"), std::string::npos);
+    EXPECT_NE(page("calm").find("May 2024"), std::string::npos);
+}
+
+TEST_F(PlannerCalendar, APageThatCannotBeMadeIsTold) {
+    html_path = "before";
+    open_planner();
+    platform.boxes.expect_message("Tavernook error: rt6:76. Contact Brenwyk Software.");
+    trigger("Toolbar1_1");
+    EXPECT_EQ(html_path, "before");
+    EXPECT_EQ(panel(1), "The page could not be made. There is nothing to print.");
 }
 
 TEST_F(PlannerCalendar, Mode100KeepsTheMonthAndAnyOtherShowsTheDate) {
