@@ -4,8 +4,10 @@
 #include "core/program_folders.h"
 #include "core/trap.h"
 #include "platform/platform.h"
+#include "reports/case_blind.h"
 #include "reports/pages/calendar_pages.h"
 #include "reports/pages/item_label.h"
+#include "reports/pages/page_files.h"
 #include "reports/pages/usage_pages.h"
 
 namespace tavernook {
@@ -39,6 +41,7 @@ constexpr PreviewControls controls[] = {edited("Week Review"),
                                         edited("Project Information")};
 
 constexpr i16 first_size = 1;
+constexpr std::string_view row_begin = "<tr";
 
 void tell(const std::string& text) {
     main_window().set_status(message_panel, text);
@@ -133,6 +136,25 @@ bool rebuild_page(i16 size, bool border) noexcept {
         made = trouble.empty();
         if (!made) tell(trouble + " The one on show stays as it is.");
     });
+    return made;
+}
+
+int rows_on_page() noexcept {
+    int rows = 0;
+    tried([&] {
+        const std::string bytes = file_bytes(html_path);
+        const std::string_view page = bytes;
+        for (std::size_t at = page.find('<'); at != page.npos; at = page.find('<', at + 1)) {
+            if (is_same_case_blind(page.substr(at, row_begin.size()), row_begin)) ++rows;
+        }
+    });
+    return rows;
+}
+
+PageView new_page_view() noexcept {
+    PageView made;
+    trap([&] { made.view = html_views().make(); },
+         [&](const Fault& fault) { made.trouble = fault.description; });
     return made;
 }
 

@@ -11,10 +11,12 @@
 //   6  Project Information   reports/general.htm   edited
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "basics/values.h"
+#include "platform/html_view.h"
 
 namespace tavernook {
 
@@ -43,6 +45,16 @@ i16 font_size_named(std::string_view text) noexcept;
 // The page of `preview_kind` anew. False when it was not: the page on show stays as it is then, and
 // the message panel says why. Kinds 3 and 5 are never made anew, of which nothing is said.
 [[nodiscard]] bool rebuild_page(i16 size, bool border) noexcept;
+
+// Rows of tables in the page's file, titles too; 0 when it cannot be read.
+int rows_on_page() noexcept;
+
+// A view to show the page in. Null when the engine for pages cannot be loaded, and why.
+struct PageView {
+    std::unique_ptr<HtmlView> view;
+    std::string trouble;
+};
+PageView new_page_view() noexcept;
 
 // --- the commands that print: each makes its page and shows it in the preview. A page that could
 // --- not be made is told, and no preview comes up.

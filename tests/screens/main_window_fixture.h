@@ -15,6 +15,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "gui_support/fake_html_views.h"
 #include "gui_support/waiting.h"
 #include "gui_support/warning_guard.h"
 #include "platform/platform.h"
@@ -47,7 +48,9 @@ class MainWindowTest : public testing::Test {
                       .screens = &window.registry(),
                       .replace_item = &replacement,
                       .ftp_session = &platform.ftp,
-                      .ftp_export = &publishing});
+                      .ftp_export = &publishing,
+                      .html_views = &html_views,
+                      .print_prompt = &print_prompt});
         QObject::connect(&window, &Main::unloaded, &window, [this] { ++ends; });
     }
 
@@ -127,6 +130,8 @@ class MainWindowTest : public testing::Test {
 
     TestPlatform platform;
     ReplacementScreen replacement;
+    FakeHtmlViews html_views;
+    FakePrintPrompt print_prompt;
     Main window;
     PublishingWindow publishing{window};
     int ends = 0;

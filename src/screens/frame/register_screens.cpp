@@ -10,6 +10,7 @@
 #include "screens/pantry/FoodInventory.h"
 #include "screens/pantry/LotView.h"
 #include "screens/planner/MealPlan.h"
+#include "screens/reports/PP.h"
 
 namespace tavernook {
 
@@ -33,6 +34,7 @@ void register_screens(Main& main) {
     add<StoresForm>(registry, "StoresForm", Opens::at_its_size);
     add<UnitsForm>(registry, "UnitsForm", Opens::at_its_size);
     add<wam>(registry, "wam", Opens::at_its_size);
+    add<PP>(registry, "PP");
 }
 
 }  // namespace tavernook

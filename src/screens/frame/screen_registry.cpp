@@ -6,6 +6,8 @@
 #include <functional>
 #include <utility>
 
+#include "platform/platform.h"
+#include "screens/parts/running_work.h"
 #include "screens/parts/screen_memory.h"
 #include "screens/parts/unsaved_edits.h"
 
@@ -157,6 +159,9 @@ bool ScreenRegistry::settle_edits() {
 }
 
 void ScreenRegistry::unload_all() {
+    for (const auto& [name, screen] : loaded_) {
+        if (auto* work = dynamic_cast<RunningWork*>(screen.data())) work->end_work();
+    }
     loaded_.clear();
     for (QMdiSubWindow* child : area_.subWindowList()) remember(*child);
     for (QMdiSubWindow* child : area_.subWindowList()) {
@@ -165,6 +170,12 @@ void ScreenRegistry::unload_all() {
         // Later, as the command that unloads the screens may come from one of them.
         child->deleteLater();
     }
+}
+
+// One that is loaded by this shows the page by itself.
+void ScreenRegistry::show_preview() {
+    if (ports::PP* loaded_before = preview()) loaded_before->show_page();
+    show(QStringLiteral("PP"));
 }
 
 // The one in front last, so that none comes in front meanwhile.

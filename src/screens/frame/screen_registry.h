@@ -48,7 +48,7 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     void hide_all() override;
     void show_meal_plan() override { show(QStringLiteral("MealPlan")); }
     void load_food_inventory() override { load(QStringLiteral("FoodInventory")); }
-    void show_preview() override { show(QStringLiteral("PP")); }
+    void show_preview() override;
 
   private:
     struct Kind {

@@ -38,7 +38,9 @@ class FoodInventoryTest : public MainWindowTest {
                       .save_progress = &window.progress(),
                       .main = &window,
                       .screens = &window.registry(),
-                      .replace_item = &platform.replace_item});
+                      .replace_item = &platform.replace_item,
+                      .html_views = &html_views,
+                      .print_prompt = &print_prompt});
         register_screens(window);
         window.resize(1200, 800);
         start();

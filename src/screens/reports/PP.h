@@ -1,0 +1,82 @@
+// The print preview: a page of the program, which can be printed, saved, and written on by hand
+// before. What may be done depends on the page's kind (reports/preview.h).
+//
+// What is typed lives in the page on show alone: a page made anew, in another size say, is without
+// it, and so is everything behind "Cancel". Esc in a page that is written on leads out of it only.
+//
+// A print and a save take their time, and no other command begins meanwhile. A page that is asked
+// for by then comes up behind them; whatever closes the screen ends them first and tells so.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/screen_ports.h"
+#include "screens/parts/running_work.h"
+#include "screens/parts/screen.h"
+
+namespace tavernook {
+
+class PagePane;
+
+namespace Ui {
+class PP;
+}
+
+class PP : public Screen, public ports::PP, public RunningWork {
+    Q_OBJECT
+
+  public:
+    explicit PP(QWidget* parent = nullptr);
+    ~PP() override;
+
+    void show_page() override;
+    void end_work() override;
+
+  protected:
+    void update_commands() override;
+    void focusInEvent(QFocusEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    enum class Job { none, printing, saving };
+
+    void connect_commands();
+    void connect_page();
+    void follow_arrival();
+    void focus_main_command();
+
+    void edit();
+    void insert_image();
+    void make_anew();
+    void show_look();
+    void escape();
+
+    void print();
+    bool agrees_to_print();
+    void follow_print(int job, bool is_done);
+    void stop_printing();
+    void save();
+    void write_file(int job, const std::string& path, const std::optional<std::string>& bytes);
+
+    int begin(Job job);
+    void end(const QString& words);
+    bool runs(int job) const { return job_ != Job::none && job == job_number_; }
+
+    // False, told in the message panel, when the page is not the one that was on show then.
+    bool is_still_on_show(int page) const;
+
+    std::unique_ptr<Ui::PP> ui_;
+    PagePane& page_;
+    Job job_ = Job::none;
+    int job_number_ = 0;
+    bool is_stopped_ = false;  // the print that runs
+    bool page_waits_ = false;  // for the end of the job
+    int size_ = 0;             // of the page on show: its place in the list
+    bool has_gridlines_ = false;
+};
+
+}  // namespace tavernook
