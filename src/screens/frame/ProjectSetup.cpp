@@ -10,6 +10,7 @@
 #include "core/project_data.h"
 #include "inventory/item_form.h"
 #include "platform/platform.h"
+#include "reports/preview.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/shown_text.h"
 #include "ui_ProjectSetup.h"
@@ -47,8 +48,6 @@ void add_number(QComboBox& list, const QString& text, int number) {
 ProjectSetup::ProjectSetup(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::ProjectSetup>()), font_before_(font_size) {
     ui_->setupUi(this);
-    ui_->project_info_button->setEnabled(false);
-    ui_->project_info_button->setToolTip(tr("Not available in this version."));
     fill_lists();
     settle_settings();
     show_settings();
@@ -164,6 +163,8 @@ void ProjectSetup::write_at_once(QCheckBox* box, i16& setting, i16 when_checked)
 }
 
 void ProjectSetup::connect_settings() {
+    connect(ui_->project_info_button, &QPushButton::clicked, this,
+            [this] { steps_.run(preview_project); });
     write_at_once(ui_->audit_on_startup, audit_on_startup, 1);
     write_at_once(ui_->save_after_audit, save_after_audit, 1);
     write_at_once(ui_->show_toolbar_text, show_toolbar_text, i16_true);

@@ -1,5 +1,6 @@
 #include "screens/frame/screen_registry.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>
 #include <QMdiSubWindow>
@@ -7,6 +8,7 @@
 #include <utility>
 
 #include "platform/platform.h"
+#include "screens/frame/screen_over_dialog.h"
 #include "screens/parts/running_work.h"
 #include "screens/parts/screen_memory.h"
 #include "screens/parts/unsaved_edits.h"
@@ -172,10 +174,21 @@ void ScreenRegistry::unload_all() {
     }
 }
 
-// One that is loaded by this shows the page by itself.
+// One that is loaded by this shows the page by itself. Behind a dialog nobody could reach it.
 void ScreenRegistry::show_preview() {
+    const QString name = QStringLiteral("PP");
+    if (QWidget* dialog = QApplication::activeModalWidget()) return show_over(*dialog, name);
     if (ports::PP* loaded_before = preview()) loaded_before->show_page();
-    show(QStringLiteral("PP"));
+    show(name);
+}
+
+void ScreenRegistry::show_over(QWidget& dialog, const QString& name) {
+    const auto kind = kinds_.find(name);
+    if (kind == kinds_.end()) return;
+    if (QWidget* behind = loaded(name); behind != nullptr && !child_window(behind)->close()) return;
+    QWidget* screen = kind->second.factory();
+    screen->setObjectName(name);
+    ScreenOverDialog(*screen, dialog).exec();
 }
 
 // The one in front last, so that none comes in front meanwhile.

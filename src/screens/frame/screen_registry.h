@@ -48,6 +48,9 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     void hide_all() override;
     void show_meal_plan() override { show(QStringLiteral("MealPlan")); }
     void load_food_inventory() override { load(QStringLiteral("FoodInventory")); }
+
+    // Over a dialog that keeps the main window from the user it comes in a window of its own, and
+    // returns when that is closed.
     void show_preview() override;
 
   private:
@@ -57,6 +60,7 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     };
 
     void come_up(const QString& name);
+    void show_over(QWidget& dialog, const QString& name);
     const QMdiSubWindow* front_one_over_the_area() const;
 
     QMdiArea& area_;

@@ -8,6 +8,9 @@
 #include <QWheelEvent>
 
 #include "gui_support/modal_driver.h"
+#include "platform_qt/shipped_page_files.h"
+#include "reports/pages/shipped_pages.h"
+#include "reports/preview.h"
 #include "screens/child_screen_fixture.h"
 #include "screens/frame/ProjectSetup.h"
 
@@ -329,6 +332,41 @@ TEST_F(ProjectSetupTest, EverythingIsNamedForAssistiveTechnologyAndReachedByTab)
         for (auto* widget : setup.findChildren<QCheckBox*>()) check_widget(widget);
         for (auto* widget : setup.findChildren<QPushButton*>()) check_widget(widget);
     });
+}
+
+// Behind the settings nobody could reach it.
+TEST_F(ProjectSetupTest, TheProjectsPageComesOverTheSettings) {
+    ASSERT_TRUE(lay_out_pages(shipped_page_file));
+    in_setup([this](ProjectSetup& setup) {
+        write(setup, "sales_tax", "7");
+        when_modal<QDialog>([&](QDialog& over) {
+            EXPECT_EQ(over.windowTitle(), "Project Information");
+            html_views.show();
+            settle();
+            EXPECT_TRUE(child<QPushButton>(over, "print_button").isEnabled());
+            QTest::mouseClick(&child<QPushButton>(over, "cancel_button"), Qt::LeftButton);
+        });
+        press_button(setup, "project_info_button");
+        EXPECT_EQ(preview_kind, 6);
+        EXPECT_EQ(preview(), nullptr);
+        EXPECT_TRUE(setup.isVisible());
+        EXPECT_EQ(child<QLineEdit>(setup, "sales_tax").text(), "7");
+    });
+    EXPECT_FALSE(is_open("PP"));
+}
+
+TEST_F(ProjectSetupTest, ThePreviewBehindTheSettingsGivesWayToTheOneOverThem) {
+    ASSERT_TRUE(lay_out_pages(shipped_page_file));
+    preview_project();
+    ASSERT_TRUE(is_open("PP"));
+    in_setup([this](ProjectSetup& setup) {
+        when_modal<QDialog>([&](QDialog& over) { over.close(); });
+        press_button(setup, "project_info_button");
+    });
+    EXPECT_FALSE(is_open("PP"));
+    preview_project();
+    EXPECT_TRUE(is_open("PP"));
+    EXPECT_NE(preview(), nullptr);
 }
 
 }  // namespace
