@@ -29,6 +29,7 @@
 #include "screens/frame/register_screens.h"
 #include "screens/lookups/ReplaceItem.h"
 #include "screens/parts/application.h"
+#include "screens/reports/ftpexport.h"
 #include "shots/shots_inventory.h"
 #include "shots/shots_lookups.h"
 #include "shots/shots_planner.h"
@@ -105,6 +106,24 @@ void take_message_box(Photographer& photographer) {
                     Buttons::yes_no_cancel, "Project Modified");
 }
 
+void take_publishing(Photographer& photographer, Main& window) {
+    ftpexport publishing(&window);
+    publishing.show();
+    for (const char* line :
+         {"Preparing Files....", "Building Main Report", "Building Grocery List",
+          "Building Month View",
+          "The password goes to the server unencrypted.  An address that begins with \"ftps://\" "
+          "or \"sftp://\" encrypts it.",
+          "220 pantry FTP server ready.", "USER ann", "331 Password, please.", "PASS ****",
+          "230 Welcome, ann.", "CWD pantry", "250 Here you are.", "STOR calm.htm",
+          "226 Transfer complete.", "STOR month.jpg"}) {
+        publishing.updatetext(line);
+    }
+    publishing.set_progress(20);
+    publishing.enable_close(false);
+    photographer.take(QStringLiteral("ftpexport"), publishing);
+}
+
 void take_small_windows(Photographer& photographer, Main& window) {
     Splash splash;
     splash.come_up();
@@ -123,6 +142,7 @@ void take_small_windows(Photographer& photographer, Main& window) {
     photographer.take(QStringLiteral("progress"), progress);
     progress.unload();
     take_message_box(photographer);
+    take_publishing(photographer, window);
 }
 
 void make_projects(const QString& folder) {
