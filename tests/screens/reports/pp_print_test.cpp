@@ -161,7 +161,7 @@ TEST_F(PreviewPrint, ClosingTheProjectEndsItAndSaysSo) {
     bring_project();
     begin_print();
     const auto late = html_views.answers.printed;
-    press("Ctrl+W");
+    action("mnuFile_Close").trigger();
     EXPECT_EQ(project_open, 0);
     EXPECT_EQ(calls("cancel printing"), 1);
     late(true);
