@@ -10,6 +10,7 @@
 #include "screens/pantry/FoodInventory.h"
 #include "screens/pantry/LotView.h"
 #include "screens/planner/MealPlan.h"
+#include "screens/reports/Reports.h"
 
 namespace tavernook {
 
@@ -30,6 +31,7 @@ void register_screens(Main& main) {
     add<Mealbuilder>(registry, "Mealbuilder");
     add<ShoppingList>(registry, "ShoppingList");
     add<MealPlan>(registry, "MealPlan");
+    add<Reports>(registry, "Reports");
     add<StoresForm>(registry, "StoresForm", Opens::at_its_size);
     add<UnitsForm>(registry, "UnitsForm", Opens::at_its_size);
     add<wam>(registry, "wam", Opens::at_its_size);
