@@ -9,6 +9,7 @@
 #include "inventory/usage_files.h"
 #include "planning/planner_state.h"
 #include "recipes/documents.h"
+#include "reports/preview.h"
 #include "reports/publishing.h"
 #include "shopping/list_rows.h"
 
@@ -75,6 +76,8 @@ void reset_status() {
     window_geometry = WindowGeometry{};
     audit_done_flag = i16_false;
     export_style = 0;
+    set_htmlpath("", 0);
+    set_repname("");
     reset_planner_state();
     current_catagory = 1;
     category_edit_mode = 0;
