@@ -57,9 +57,9 @@ class NoFaultPasses {
 
 class DamagedHouseholdOnScreen : public ChildScreenTest {
   protected:
-    static constexpr std::array screens = {
-        "FoodInventory", "Mealbuilder", "ShoppingList", "MealPlan",
-        "StoresForm",    "UnitsForm",   "wam"};
+    static constexpr std::array screens = {"FoodInventory", "Mealbuilder", "ShoppingList",
+                                           "MealPlan",      "StoresForm",  "UnitsForm",
+                                           "wam",           "Reports"};
 
     void SetUp() override {
         register_screens(window);
@@ -171,7 +171,8 @@ TEST_F(DamagedHouseholdOnScreen, EveryRowIsSelected) {
                                                     {"MealPlan", 0},
                                                     {"StoresForm", 5},
                                                     {"UnitsForm", 15},
-                                                    {"wam", 3}};
+                                                    {"wam", 3},
+                                                    {"Reports", 300}};
     for (const char* name : screens) {
         show(name);
         rows_selected = 0;
