@@ -1,6 +1,7 @@
 #include "shots/shots_reports.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
 #include <QTreeView>
@@ -28,7 +29,7 @@ void save_reports() {
     filter->search_strings[1] = "*";
     filter->search_strings[31] = "*/*";
     keep_only({1, 2, 5, 7, 12, 31});
-    save_report("Past its date", *filter, {.sort = {7, 0, i16_true}});
+    save_report("Past its date", *filter, {.sort = {7, 0, i16_false}});
 }
 
 void choose_saved(QWidget& screen, const char* name) {
@@ -50,6 +51,7 @@ void take_report_screens(Main& window, const TakePicture& take) {
     auto& rows = *screen.findChild<QTreeView*>(QStringLiteral("row_list"));
     take(QStringLiteral("Reports"), window);
     choose_saved(screen, "Past its date");
+    for (int clicks = 0; clicks < 2; ++clicks) Q_EMIT list.header()->sectionClicked(7);
     list.setCurrentIndex(list.model()->index(2, 0));
     list.setFocus();
     take(QStringLiteral("Reports_past_its_date"), window);

@@ -31,10 +31,9 @@ void FilterPane::set_up_rows() {
     rows_.setModel(model_);
     follow_font_size(rows_);
     rows_.header()->setSectionsMovable(false);
-    const int letters[] = {27, 15, 12};
-    for (int column = 0; column < model_->columnCount(); ++column) {
-        rows_.header()->resizeSection(column, letters_wide(*this, letters[column]));
-    }
+    rows_.header()->setStretchLastSection(true);
+    rows_.header()->resizeSection(0, letters_wide(*this, 27));
+    rows_.header()->resizeSection(1, letters_wide(*this, 20));
     rows_.setCurrentIndex(model_->index(0, 0));
     connect(model_, &FilterRowsModel::check_wanted, this, &FilterPane::check_wanted);
 }

@@ -1,6 +1,7 @@
 #include "screens/reports/filter_rows_model.h"
 
 #include <QColor>
+#include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -18,6 +19,14 @@ QColor colour_of_item_row() {
     const QPalette palette = QGuiApplication::palette();
     const bool on_dark = palette.color(QPalette::Base).lightness() < 128;
     return on_dark ? palette.color(QPalette::Link) : QColor(0, 0, 255);
+}
+
+// Only its weight: the size is the list's.
+QFont bold_font() {
+    QFont font;
+    font.setBold(true);
+    font.setResolveMask(QFont::WeightResolved);
+    return font;
 }
 
 }  // namespace
@@ -55,6 +64,10 @@ QString FilterRowsModel::text(int row, int column) const {
     }
 }
 
+bool FilterRowsModel::searches(int row) const {
+    return shown_.search_strings[static_cast<std::size_t>(row)] != "*";
+}
+
 QVariant FilterRowsModel::data(const QModelIndex& index, int role) const {
     const int row = row_at(index);
     if (row < 1 || row > report_rows) return {};
@@ -67,6 +80,8 @@ QVariant FilterRowsModel::data(const QModelIndex& index, int role) const {
                                                                                   : Qt::Unchecked;
         case Qt::ForegroundRole:
             return row == item_row ? QVariant(colour_of_item_row()) : QVariant();
+        case Qt::FontRole:
+            return searches(row) ? QVariant(bold_font()) : QVariant();
         case RowsModel::key_role:
             return key_of(row);
         default:

@@ -1,6 +1,6 @@
 // The 77 rows of the reports' filter as a list: field, search string, logic string, and a mark for
-// the fields that the report shows. It shows what it was told last; what the user checks is wanted,
-// not done.
+// the fields that the report shows. Rows that search for anything are bold. It shows what it was
+// told last; what the user checks is wanted, not done.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -33,6 +33,7 @@ class FilterRowsModel : public QAbstractTableModel {
 
   private:
     QString text(int row, int column) const;
+    bool searches(int row) const;
 
     ReportFilter shown_;
 };

@@ -132,8 +132,7 @@ void ReportPane::fill(const ReportFilter& filter) {
 }
 
 void ReportPane::show_count() {
-    const int rows = list().rows();
-    ui_->count_label->setText(rows == 1 ? tr("1 item") : tr("%1 items").arg(rows));
+    ui_->count_label->setText(QString::number(list().rows()));
 }
 
 void ReportPane::show_outdated() {

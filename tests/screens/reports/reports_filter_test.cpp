@@ -94,6 +94,19 @@ TEST_F(ReportsScreen, EveryDoorToTheSearchStringAsksForTheMarkedRow) {
     EXPECT_EQ(rows().currentIndex().row(), 9);
 }
 
+TEST_F(ReportsScreen, RowsThatSearchForSomethingAreBold) {
+    open_reports();
+    const auto is_bold = [this](int row) {
+        return rows().model()->index(row - 1, 1).data(Qt::FontRole).value<QFont>().bold();
+    };
+    EXPECT_FALSE(is_bold(31));
+    type_search(31, "*/*");
+    EXPECT_TRUE(is_bold(31));
+    EXPECT_FALSE(is_bold(30));
+    type_search(31, "*");
+    EXPECT_FALSE(is_bold(31));
+}
+
 TEST_F(ReportsScreen, AnEmptyAnswerAndCancelLeaveTheSearchString) {
     open_reports();
     type_search(1, "milk*");
@@ -172,10 +185,10 @@ TEST_F(ReportsScreen, EditingTheFilterSearchesOnlyWhenItIsRun) {
     open_reports();
     type_search(1, "*milk*");
     EXPECT_EQ(names().size(), 4u);
-    EXPECT_TRUE(label("count_label").starts_with("4 items - the filter has been changed"));
+    EXPECT_TRUE(label("count_label").starts_with("4 - the filter has been changed"));
     press("F5");
     EXPECT_EQ(names(), (Texts{"Milk Chocolate", "Whole milk"}));
-    EXPECT_EQ(label("count_label"), "2 items");
+    EXPECT_EQ(label("count_label"), "2");
     EXPECT_EQ(status(), "2 items found.");
     type_search(1, "milk*");
     command("report_toolbar_1").trigger();
@@ -206,7 +219,7 @@ TEST_F(ReportsScreen, ASearchWithoutAMatchSaysSoAndShowsNoTitles) {
     auto& hint = part<QLabel>("report_list_hint");
     EXPECT_TRUE(hint.isVisible());
     EXPECT_TRUE(hint.text().startsWith("No item matches."));
-    EXPECT_EQ(label("count_label"), "0 items");
+    EXPECT_EQ(label("count_label"), "0");
     search(1, "*");
     EXPECT_FALSE(hint.isVisible());
     EXPECT_EQ(titles().size(), std::size_t{first_columns});
