@@ -28,8 +28,8 @@ void save_reports() {
     save_report("Nothing", *filter, {});
     filter->search_strings[1] = "*";
     filter->search_strings[31] = "*/*";
-    keep_only({1, 2, 5, 7, 12, 31});
-    save_report("Past its date", *filter, {.sort = {7, 0, i16_false}});
+    keep_only({1, 2, 5, 7, 31});
+    save_report("Past its date", *filter, {.sort = {4, 0, i16_false}});
 }
 
 void choose_saved(QWidget& screen, const char* name) {
@@ -51,7 +51,7 @@ void take_report_screens(Main& window, const TakePicture& take) {
     auto& rows = *screen.findChild<QTreeView*>(QStringLiteral("row_list"));
     take(QStringLiteral("Reports"), window);
     choose_saved(screen, "Past its date");
-    for (int clicks = 0; clicks < 2; ++clicks) Q_EMIT list.header()->sectionClicked(7);
+    for (int clicks = 0; clicks < 2; ++clicks) Q_EMIT list.header()->sectionClicked(4);
     list.setCurrentIndex(list.model()->index(2, 0));
     list.setFocus();
     take(QStringLiteral("Reports_past_its_date"), window);
