@@ -24,8 +24,8 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-// Says yes to every question, OK to every message and a number to whoever asks for one. The texts
-// are kept, for a failure to be told by.
+// Says yes to every question, OK to every message and a number to whoever asks for one; to who asks
+// for anything else, until it is right, what is. The texts are kept, for a failure to be told by.
 class AnswerAll : public Boxes {
   public:
     Answer message(std::string_view text, Buttons buttons, std::string_view,
@@ -36,7 +36,8 @@ class AnswerAll : public Boxes {
     std::optional<std::string> input(std::string_view prompt, std::string_view,
                                      std::string_view) override {
         texts.emplace_back(prompt);
-        return "0.5";
+        const bool asks_for_logic = prompt.find("AND, OR, XOR") != std::string_view::npos;
+        return asks_for_logic ? "or" : "0.5";
     }
     Answer answer = Answer::yes;
     std::vector<std::string> texts;
@@ -57,9 +58,9 @@ class NoFaultPasses {
 
 class DamagedHouseholdOnScreen : public ChildScreenTest {
   protected:
-    static constexpr std::array screens = {
-        "FoodInventory", "Mealbuilder", "ShoppingList", "MealPlan",
-        "StoresForm",    "UnitsForm",   "wam"};
+    static constexpr std::array screens = {"FoodInventory", "Mealbuilder", "ShoppingList",
+                                           "MealPlan",      "StoresForm",  "UnitsForm",
+                                           "wam",           "Reports"};
 
     void SetUp() override {
         register_screens(window);
@@ -171,7 +172,8 @@ TEST_F(DamagedHouseholdOnScreen, EveryRowIsSelected) {
                                                     {"MealPlan", 0},
                                                     {"StoresForm", 5},
                                                     {"UnitsForm", 15},
-                                                    {"wam", 3}};
+                                                    {"wam", 3},
+                                                    {"Reports", 300}};
     for (const char* name : screens) {
         show(name);
         rows_selected = 0;

@@ -12,6 +12,7 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
 #include "screens/parts/screen_switch.h"
+#include "shots/shots_reports.h"
 
 namespace tavernook {
 
@@ -47,6 +48,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     }
     show_screen(QStringLiteral("ShoppingList"));
     take(QStringLiteral("sample_shopping_list"), window);
+    take_report_screens(window, take);
     audit_now();
     window.set_status(activity_panel, "Ready");
     show_screen(QStringLiteral("MealPlan"));

@@ -11,6 +11,7 @@
 #include "screens/pantry/LotView.h"
 #include "screens/planner/MealPlan.h"
 #include "screens/reports/PP.h"
+#include "screens/reports/Reports.h"
 
 namespace tavernook {
 
@@ -31,6 +32,7 @@ void register_screens(Main& main) {
     add<Mealbuilder>(registry, "Mealbuilder");
     add<ShoppingList>(registry, "ShoppingList");
     add<MealPlan>(registry, "MealPlan");
+    add<Reports>(registry, "Reports");
     add<StoresForm>(registry, "StoresForm", Opens::at_its_size);
     add<UnitsForm>(registry, "UnitsForm", Opens::at_its_size);
     add<wam>(registry, "wam", Opens::at_its_size);

@@ -29,6 +29,17 @@ class RoomyRows : public QStyledItemDelegate {
         const int line = option.fontMetrics.height();
         return {size.width(), std::max(size.height(), line + line / 2)};
     }
+
+  protected:
+    // The frame of a check box, which styles make of the window's colour, is seen on any ground.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const bool is_dark = option->palette.color(QPalette::Base).lightness() < 128;
+        const bool has_check = option->features.testFlag(QStyleOptionViewItem::HasCheckIndicator);
+        if (has_check && is_dark) {
+            option->palette.setColor(QPalette::Window, option->palette.color(QPalette::Text));
+        }
+    }
 };
 
 QLabel* new_hint(QAbstractItemView& view, const QString& name) {

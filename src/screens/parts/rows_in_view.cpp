@@ -19,25 +19,32 @@ struct Place {
     int across = 0;
 };
 
-Place place_in(const QAbstractItemView& view, const RowsModel& model) {
-    const std::vector<RowId> selected = selected_rows(view, model);
+using RowAt = std::function<RowId(int place)>;
+
+Place place_in(const QAbstractItemView& view, const RowAt& row_at) {
     Place place;
-    place.selected = {selected.begin(), selected.end()};
+    for (const QItemSelectionRange& range : view.selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            place.selected.insert(row_at(row));
+        }
+    }
+    place.selected.erase(no_row);
     place.current_place = view.currentIndex().row();
-    place.current = model.row_at(place.current_place);
+    place.current = row_at(place.current_place);
     place.down = view.verticalScrollBar()->value();
     place.across = view.horizontalScrollBar()->value();
     return place;
 }
 
 // In runs, as thousands of single rows would take long.
-QItemSelection selection_of(const RowsModel& model, const std::unordered_set<RowId>& selected) {
+QItemSelection selection_of(const QAbstractItemModel& model, const RowAt& row_at,
+                            const std::unordered_set<RowId>& selected) {
     QItemSelection selection;
     if (selected.empty()) return selection;
     const int last_column = model.columnCount() - 1;
     int first = -1;
     for (int place = 0; place <= model.rowCount(); ++place) {
-        const bool wanted = place < model.rowCount() && selected.contains(model.row_at(place));
+        const bool wanted = place < model.rowCount() && selected.contains(row_at(place));
         if (wanted && first < 0) first = place;
         if (wanted || first < 0) continue;
         selection.append(
@@ -47,23 +54,38 @@ QItemSelection selection_of(const RowsModel& model, const std::unordered_set<Row
     return selection;
 }
 
+int place_of(RowId row, int rows, const RowAt& row_at) {
+    if (row == no_row) return -1;
+    int place = 0;
+    while (place < rows && row_at(place) != row) ++place;
+    return place < rows ? place : -1;
+}
+
 }  // namespace
 
-bool refill_in_place(QAbstractItemView& view, RowsModel& model, std::vector<RowId> rows) {
-    const Place before = place_in(view, model);
-    if (!model.set_rows(std::move(rows))) return false;
+bool keep_place(QAbstractItemView& view, const RowAt& row_at, const std::function<bool()>& refill) {
+    const Place before = place_in(view, row_at);
+    const bool had_selection = view.selectionModel()->hasSelection();
+    if (!refill()) return false;
+    const QAbstractItemModel& model = *view.model();
     QItemSelectionModel& marks = *view.selectionModel();
-    const QItemSelection kept = selection_of(model, before.selected);
+    const QItemSelection kept = selection_of(model, row_at, before.selected);
     marks.select(kept, QItemSelectionModel::ClearAndSelect);
     // A selection that goes with its rows goes without a word.
-    if (kept.isEmpty() && !before.selected.empty()) Q_EMIT marks.selectionChanged({}, {});
-    const int found = model.place_of(before.current);
+    if (kept.isEmpty() && had_selection) Q_EMIT marks.selectionChanged({}, {});
+    const int found = place_of(before.current, model.rowCount(), row_at);
     const int place = found >= 0 ? found : std::min(before.current_place, model.rowCount() - 1);
     if (place >= 0) marks.setCurrentIndex(model.index(place, 0), QItemSelectionModel::NoUpdate);
     view.doItemsLayout();  // so that the scroll bars know their range
     view.verticalScrollBar()->setValue(before.down);
     view.horizontalScrollBar()->setValue(before.across);
     return true;
+}
+
+bool refill_in_place(QAbstractItemView& view, RowsModel& model, std::vector<RowId> rows) {
+    return keep_place(
+        view, [&model](int place) { return model.row_at(place); },
+        [&] { return model.set_rows(std::move(rows)); });
 }
 
 std::vector<RowId> selected_rows(const QAbstractItemView& view, const RowsModel& model) {
