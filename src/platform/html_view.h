@@ -64,4 +64,9 @@ class PrintPrompt {
     virtual std::shared_ptr<QPrinter> ask(QWidget& over, const std::string& title) = 0;
 };
 
+// What the library of the engine gives away: functions of these names, without parameters, that
+// give a pointer to its HtmlViews and to its PrintPrompt.
+inline constexpr char html_views_entry[] = "tavernook_html_views";
+inline constexpr char print_prompt_entry[] = "tavernook_print_prompt";
+
 }  // namespace tavernook

@@ -10,6 +10,7 @@ QtPlatform::QtPlatform()
     : help_viewer(system_info.program_folder() + "/help"),
       ftp_session({.pump = [] { QCoreApplication::processEvents(); },
                    .known_hosts = system_info.settings_folder() + "/known_hosts"}),
+      web_library(web_library_folders()),
       file_associations(portable_home().isEmpty() ? data_home() : QString(),
                         QCoreApplication::applicationFilePath()) {}
 
@@ -27,7 +28,9 @@ Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* m
             .save_progress = save_progress,
             .main = main,
             .screens = screens,
-            .ftp_session = &ftp_session};
+            .ftp_session = &ftp_session,
+            .html_views = &web_library,
+            .print_prompt = &web_library};
 }
 
 }  // namespace tavernook

@@ -11,6 +11,7 @@
 #include "platform_qt/qt_project_lock.h"
 #include "platform_qt/qt_settings_store.h"
 #include "platform_qt/qt_system_info.h"
+#include "platform_qt/web_library.h"
 #include "platform_services/curl_ftp_session.h"
 
 namespace tavernook {
@@ -31,6 +32,7 @@ struct QtPlatform {
     QtSystemInfo system_info;
     QtHelpViewer help_viewer;
     CurlFtpSession ftp_session;
+    WebLibrary web_library;
 
     // With $TAVERNOOK_HOME set the desktop is left alone.
     FreedesktopAssociations file_associations;

@@ -1,0 +1,71 @@
+// The commands that run in a page, in a world of ours that its scripts, if they ran, could not
+// reach. Functions as texts; their values come as JSON, never as part of the text.
+#pragma once
+
+namespace tavernook::page_scripts {
+
+inline constexpr char type_into[] = "() => { document.designMode = 'on'; }";
+
+// The address of a picture. It comes to the start of the page while no cursor stands in it, and is
+// never wider than the page.
+inline constexpr char insert_picture[] = R"js((address) => {
+  const cursor = getSelection();
+  if (!cursor.rangeCount || !document.body.contains(cursor.anchorNode)) cursor.collapse(document.body, 0);
+  document.execCommand('insertImage', false, address);
+  for (const image of document.images) {
+    if (image.src === address) image.style.maxWidth = '100%';
+  }
+})js";
+
+// The policy of the view, that of a saved page, and by their addresses the pictures to put inside.
+// Gives the page as text. It stays as it is.
+inline constexpr char whole_page[] = R"js((shown, saved, pictures) => {
+  const page = document.documentElement.cloneNode(true);
+  for (const meta of page.querySelectorAll('meta')) {
+    const kind = meta.httpEquiv.toLowerCase();
+    const isOurs = kind === 'content-security-policy' && [shown, saved].includes(meta.content);
+    if (isOurs || kind === 'content-type' || meta.hasAttribute('charset')) meta.remove();
+  }
+  for (const image of page.querySelectorAll('img')) {
+    if (Object.hasOwn(pictures, image.src)) image.src = pictures[image.src];
+  }
+  const told = (kind, content) => {
+    const meta = document.createElement('meta');
+    meta.httpEquiv = kind;
+    meta.content = content;
+    return meta;
+  };
+  page.querySelector('head').prepend(told('Content-Type', 'text/html; charset=windows-1252'),
+                                     told('Content-Security-Policy', saved));
+  return (document.doctype ? '<!DOCTYPE html>\n' : '') + page.outerHTML;
+})js";
+
+// How many rows the longest table has.
+inline constexpr char longest_table[] = R"js(() =>
+  Math.max(0, ...[...document.querySelectorAll('tbody')].map(body => body.rows.length))
+)js";
+
+// On paper only the rows from `first` to `last` of the longest table, from 1, with what stands
+// before the table in the first part and what stands behind it in the last. `last` 0: all again.
+inline constexpr char part_on_paper[] = R"js((first, last, rows) => {
+  for (const marked of document.querySelectorAll('[data-on-paper]')) marked.removeAttribute('data-on-paper');
+  for (const rule of document.querySelectorAll('style[data-paper-rule]')) rule.remove();
+  if (last === 0) return;
+  const bodies = [...document.querySelectorAll('tbody')];
+  const body = bodies.find(one => one.rows.length === Math.max(...bodies.map(b => b.rows.length)));
+  const mark = (from, next) => {
+    for (let at = from; at !== document.body && at.parentElement; at = at.parentElement) {
+      for (let beside = next(at); beside; beside = next(beside)) beside.setAttribute('data-on-paper', 'no');
+    }
+  };
+  body.setAttribute('data-on-paper', 'part');
+  if (first > 1) mark(body, at => at.previousElementSibling);
+  if (last < rows) mark(body, at => at.nextElementSibling);
+  const rule = document.createElement('style');
+  rule.setAttribute('data-paper-rule', '');
+  rule.textContent = '@media print { [data-on-paper=no] { display: none; } [data-on-paper=part] > tr:nth-child(-n+' +
+    (first - 1) + '), [data-on-paper=part] > tr:nth-child(n+' + (last + 1) + ') { display: none; } }';
+  document.head.append(rule);
+})js";
+
+}  // namespace tavernook::page_scripts
