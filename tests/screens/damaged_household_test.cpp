@@ -67,19 +67,10 @@ class DamagedHouseholdOnScreen : public ChildScreenTest {
         window.resize(1280, 900);
         platform.clock.time = damaged_household_today + 0.5;
         start();
-        set_platform({.clock = &platform.clock,
-                      .boxes = &answers,
-                      .file_dialogs = &platform.dialogs,
-                      .files = &platform.files,
-                      .settings_store = &platform.settings,
-                      .file_associations = &platform.associations,
-                      .project_lock = &platform.lock,
-                      .system_info = &platform.system,
-                      .help_viewer = &platform.help,
-                      .save_progress = &window.progress(),
-                      .main = &window,
-                      .screens = &window.registry(),
-                      .replace_item = &no_replacement});
+        Platform parts = outside();
+        parts.boxes = &answers;
+        parts.replace_item = &no_replacement;
+        set_platform(parts);
         const std::string home = platform.path("damaged.tvk");
         fill_damaged_household();
         set_project_path(home);

@@ -34,24 +34,29 @@ class MainWindowTest : public testing::Test {
         // timers tick when a test says so, not by themselves.
         QApplication::setKeyboardInputInterval(never_ms);
         for (const char* name : {"timer_1", "timer_2"}) timer(name).setInterval(never_ms);
-        set_platform({.clock = &platform.clock,
-                      .boxes = &platform.boxes,
-                      .file_dialogs = &platform.dialogs,
-                      .files = &platform.files,
-                      .settings_store = &platform.settings,
-                      .file_associations = &platform.associations,
-                      .project_lock = &platform.lock,
-                      .system_info = &platform.system,
-                      .help_viewer = &platform.help,
-                      .save_progress = &window.progress(),
-                      .main = &window,
-                      .screens = &window.registry(),
-                      .replace_item = &replacement,
-                      .ftp_session = &platform.ftp,
-                      .ftp_export = &publishing,
-                      .html_views = &html_views,
-                      .print_prompt = &print_prompt});
+        set_platform(outside());
         QObject::connect(&window, &Main::unloaded, &window, [this] { ++ends; });
+    }
+
+    // What the program is handed over; a test may put a part of its own in.
+    Platform outside() {
+        return {.clock = &platform.clock,
+                .boxes = &platform.boxes,
+                .file_dialogs = &platform.dialogs,
+                .files = &platform.files,
+                .settings_store = &platform.settings,
+                .file_associations = &platform.associations,
+                .project_lock = &platform.lock,
+                .system_info = &platform.system,
+                .help_viewer = &platform.help,
+                .save_progress = &window.progress(),
+                .main = &window,
+                .screens = &window.registry(),
+                .replace_item = &replacement,
+                .ftp_session = &platform.ftp,
+                .ftp_export = &publishing,
+                .html_views = &html_views,
+                .print_prompt = &print_prompt};
     }
 
     void start(const std::string& command_line = "") {

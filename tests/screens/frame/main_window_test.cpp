@@ -448,18 +448,9 @@ class OpenBoxes : public FakeBoxes {
 
 TEST_F(MainWindow, TheAuditWaitsWhileAnythingWaitsForTheUser) {
     OpenBoxes waiting;
-    set_platform({.clock = &platform.clock,
-                  .boxes = &waiting,
-                  .file_dialogs = &platform.dialogs,
-                  .files = &platform.files,
-                  .settings_store = &platform.settings,
-                  .file_associations = &platform.associations,
-                  .project_lock = &platform.lock,
-                  .system_info = &platform.system,
-                  .help_viewer = &platform.help,
-                  .save_progress = &window.progress(),
-                  .main = &window,
-                  .screens = &window.registry()});
+    Platform parts = outside();
+    parts.boxes = &waiting;
+    set_platform(parts);
     EXPECT_TRUE(tick("timer_1"));
     EXPECT_EQ(panel(3), "Start-up");
     EXPECT_TRUE(tick("timer_2"));

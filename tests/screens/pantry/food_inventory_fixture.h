@@ -26,21 +26,9 @@ namespace tavernook {
 class FoodInventoryTest : public MainWindowTest {
   protected:
     void SetUp() override {
-        set_platform({.clock = &platform.clock,
-                      .boxes = &platform.boxes,
-                      .file_dialogs = &platform.dialogs,
-                      .files = &platform.files,
-                      .settings_store = &platform.settings,
-                      .file_associations = &platform.associations,
-                      .project_lock = &platform.lock,
-                      .system_info = &platform.system,
-                      .help_viewer = &platform.help,
-                      .save_progress = &window.progress(),
-                      .main = &window,
-                      .screens = &window.registry(),
-                      .replace_item = &platform.replace_item,
-                      .html_views = &html_views,
-                      .print_prompt = &print_prompt});
+        Platform parts = outside();
+        parts.replace_item = &platform.replace_item;
+        set_platform(parts);
         register_screens(window);
         window.resize(1200, 800);
         start();

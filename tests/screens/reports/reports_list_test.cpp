@@ -344,19 +344,9 @@ TEST_F(ReportsList, AListThatIsBeingFilledHasNoRows) {
         most_rows = std::max(most_rows, list().model()->rowCount());
         EXPECT_FALSE(list().model()->index(0, 0).isValid());
     };
-    set_platform({.clock = &platform.clock,
-                  .boxes = &platform.boxes,
-                  .file_dialogs = &platform.dialogs,
-                  .files = &platform.files,
-                  .settings_store = &platform.settings,
-                  .file_associations = &platform.associations,
-                  .project_lock = &platform.lock,
-                  .system_info = &platform.system,
-                  .help_viewer = &platform.help,
-                  .save_progress = &watch,
-                  .main = &window,
-                  .screens = &window.registry(),
-                  .replace_item = &replacement});
+    Platform parts = outside();
+    parts.save_progress = &watch;
+    set_platform(parts);
     press("F5");
     EXPECT_EQ(rows, 0);
     EXPECT_EQ(most_rows, 0);
