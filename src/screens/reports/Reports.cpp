@@ -15,7 +15,6 @@
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
-#include "screens/parts/tab_order.h"
 #include "screens/parts/toolbar_parts.h"
 #include "screens/reports/filter_pane.h"
 #include "screens/reports/report_pane.h"
@@ -94,13 +93,6 @@ void Reports::set_up_keys() {
     on_keys(*this, QKeySequence::Refresh, [this] { ui_->report_toolbar_1->trigger(); });
     on_keys(*this, QKeySequence::Print, [this] { ui_->report_toolbar_2->trigger(); });
     on_keys(*this, Qt::Key_Escape, [this] { close_screen(*this); });
-    std::vector<QWidget*> parts;
-    for (QAction* action : ui_->report_toolbar->actions()) {
-        if (!action->isSeparator()) parts.push_back(ui_->report_toolbar->widgetForAction(action));
-    }
-    parts.insert(parts.end(), {ui_->saved_reports, ui_->delete_configuration, &report_.view()});
-    for (QWidget* part : filter_pane_.parts_in_order()) parts.push_back(part);
-    set_tab_order(parts);
 }
 
 void Reports::connect_filter() {
