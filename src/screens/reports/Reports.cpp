@@ -43,6 +43,14 @@ TextTable table_of(const ReportList& list) {
     return table;
 }
 
+// Of those that are listed; 0 for none.
+i16 number_of(const Configurations& configurations, const std::string& file_name) {
+    for (const i16 number : configurations.listed()) {
+        if (configurations.numbered(number).file_name == file_name) return number;
+    }
+    return 0;
+}
+
 QString in_quotes(const std::string& name) {
     return QLatin1Char('"') + shown_text(name).trimmed() + QLatin1Char('"');
 }
@@ -203,11 +211,7 @@ void Reports::show_choice() {
 
 void Reports::choose_configuration(const std::string& file_name) {
     Configurations& configurations = state_->configurations;
-    configurations.current_config = 0;
-    for (const i16 number : configurations.listed()) {
-        if (configurations.numbered(number).file_name != file_name) continue;
-        configurations.current_config = number;
-    }
+    configurations.current_config = number_of(configurations, file_name);
     show_choice();
 }
 
@@ -237,14 +241,20 @@ void Reports::load_report(int number) {
 void Reports::save_report() {
     const QPointer<Reports> screen(this);
     const std::shared_ptr<State> state = state_;
+    Configurations before;
+    tavernook::get_configs(before);
     const SavedAs saved =
         ask_and_save_report(name_shown(), state->filter, report_.look(), state->configurations);
     if (screen.isNull() || saved.name.empty()) return;
+    const std::string file_name = report_file_name(saved.name);
     if (saved.is_new) {
         get_configs();
-        choose_configuration(report_file_name(saved.name));
+        choose_configuration(file_name);
     }
-    say(tr("The report is saved as %1.").arg(in_quotes(saved.name)));
+    const bool replaced = saved.is_new && number_of(before, file_name) != 0;
+    say((replaced ? tr("The report is saved as %1, in place of the older one.")
+                  : tr("The report is saved as %1."))
+            .arg(in_quotes(saved.name)));
 }
 
 void Reports::delete_configuration() {

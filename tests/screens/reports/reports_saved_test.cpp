@@ -128,6 +128,17 @@ TEST_F(SavedReports, NoSavesItUnderAnotherName) {
     EXPECT_EQ(names().size(), 4u);
 }
 
+TEST_F(SavedReports, ANewNameThatAnotherReportHasReplacesThatOneAndSaysSo) {
+    open_reports();
+    save_new("Milk");
+    save_new("Bread");
+    EXPECT_EQ(status(), "The report is saved as \"Bread\".");
+    save_new("Milk");
+    EXPECT_EQ(saved_names(), (Texts{"Bread", "Milk"}));
+    EXPECT_EQ(chosen_name(), "Milk");
+    EXPECT_EQ(status(), "The report is saved as \"Milk\", in place of the older one.");
+}
+
 TEST_F(SavedReports, AFolderThatCannotBeWrittenToIsTold) {
     open_reports();
     platform.boxes.expect_input("Configuration Name", "Configuration Save", "", "Milk")
