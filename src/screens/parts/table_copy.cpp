@@ -24,9 +24,12 @@ RowPath path_of(QModelIndex index) {
 
 std::vector<QModelIndex> selected_rows(const QAbstractItemView& view) {
     std::vector<std::pair<RowPath, QModelIndex>> rows;
-    if (view.selectionModel() != nullptr) {
-        for (const QModelIndex& index : view.selectionModel()->selectedIndexes()) {
-            rows.emplace_back(path_of(index), index.siblingAtColumn(0));
+    const QItemSelection selection =
+        view.selectionModel() != nullptr ? view.selectionModel()->selection() : QItemSelection();
+    for (const QItemSelectionRange& range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            const QModelIndex index = view.model()->index(row, 0, range.parent());
+            rows.emplace_back(path_of(index), index);
         }
     }
     std::sort(rows.begin(), rows.end(),

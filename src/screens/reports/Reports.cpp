@@ -15,7 +15,6 @@
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
-#include "screens/parts/tab_order.h"
 #include "screens/parts/toolbar_parts.h"
 #include "screens/reports/filter_pane.h"
 #include "screens/reports/report_pane.h"
@@ -42,6 +41,14 @@ TextTable table_of(const ReportList& list) {
         }
     }
     return table;
+}
+
+// Of those that are listed; 0 for none.
+i16 number_of(const Configurations& configurations, const std::string& file_name) {
+    for (const i16 number : configurations.listed()) {
+        if (configurations.numbered(number).file_name == file_name) return number;
+    }
+    return 0;
 }
 
 QString in_quotes(const std::string& name) {
@@ -94,13 +101,6 @@ void Reports::set_up_keys() {
     on_keys(*this, QKeySequence::Refresh, [this] { ui_->report_toolbar_1->trigger(); });
     on_keys(*this, QKeySequence::Print, [this] { ui_->report_toolbar_2->trigger(); });
     on_keys(*this, Qt::Key_Escape, [this] { close_screen(*this); });
-    std::vector<QWidget*> parts;
-    for (QAction* action : ui_->report_toolbar->actions()) {
-        if (!action->isSeparator()) parts.push_back(ui_->report_toolbar->widgetForAction(action));
-    }
-    parts.insert(parts.end(), {ui_->saved_reports, ui_->delete_configuration, &report_.view()});
-    for (QWidget* part : filter_pane_.parts_in_order()) parts.push_back(part);
-    set_tab_order(parts);
 }
 
 void Reports::connect_filter() {
@@ -211,11 +211,7 @@ void Reports::show_choice() {
 
 void Reports::choose_configuration(const std::string& file_name) {
     Configurations& configurations = state_->configurations;
-    configurations.current_config = 0;
-    for (const i16 number : configurations.listed()) {
-        if (configurations.numbered(number).file_name != file_name) continue;
-        configurations.current_config = number;
-    }
+    configurations.current_config = number_of(configurations, file_name);
     show_choice();
 }
 
@@ -245,14 +241,20 @@ void Reports::load_report(int number) {
 void Reports::save_report() {
     const QPointer<Reports> screen(this);
     const std::shared_ptr<State> state = state_;
+    Configurations before;
+    tavernook::get_configs(before);
     const SavedAs saved =
         ask_and_save_report(name_shown(), state->filter, report_.look(), state->configurations);
     if (screen.isNull() || saved.name.empty()) return;
+    const std::string file_name = report_file_name(saved.name);
     if (saved.is_new) {
         get_configs();
-        choose_configuration(report_file_name(saved.name));
+        choose_configuration(file_name);
     }
-    say(tr("The report is saved as %1.").arg(in_quotes(saved.name)));
+    const bool replaced = saved.is_new && number_of(before, file_name) != 0;
+    say((replaced ? tr("The report is saved as %1, in place of the older one.")
+                  : tr("The report is saved as %1."))
+            .arg(in_quotes(saved.name)));
 }
 
 void Reports::delete_configuration() {

@@ -84,8 +84,4 @@ int FilterPane::selected_row() const {
     return FilterRowsModel::row_at(rows_.currentIndex());
 }
 
-std::vector<QWidget*> FilterPane::parts_in_order() const {
-    return {&rows_, ui_->search_str, ui_->logic, ui_->view_none, ui_->reset};
-}
-
 }  // namespace tavernook

@@ -4,7 +4,6 @@
 
 #include <QWidget>
 #include <memory>
-#include <vector>
 
 #include "reports/report_filter.h"
 
@@ -29,7 +28,6 @@ class FilterPane : public QWidget {
     void show(const ReportFilter& filter);
 
     QTreeView& rows() { return rows_; }
-    std::vector<QWidget*> parts_in_order() const;
 
   Q_SIGNALS:
     void search_string_wanted(int row);

@@ -156,6 +156,7 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "toolbar_1_9",
                                               "toolbar_1_7",
                                               "Project_ShoppingList",
+                                              "toolbar_2_1",
                                               "toolbar_2_3",
                                               "mnu_wam",
                                               "Project_Setup",

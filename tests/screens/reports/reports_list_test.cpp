@@ -286,6 +286,13 @@ TEST_F(ReportsList, ThePrintedPageFollowsTheRowsAndNotTheDraggedColumns) {
     EXPECT_EQ(report_name, "");
 }
 
+TEST_F(ReportsList, AReportWithoutItemsIsAPageThatSaysSo) {
+    open_reports();
+    search(1, "saffron");
+    press("Ctrl+P");
+    EXPECT_NE(written("reports/rlist.htm").find("Nothing was found"), std::string::npos);
+}
+
 TEST_F(ReportsList, APageThatCannotBeWrittenIsToldAndTheOldOneStays) {
     open_reports();
     press("Ctrl+P");
@@ -318,7 +325,10 @@ TEST_F(ReportsList, TenThousandItemsAreFilteredSortedAndScrolled) {
     search(1, "*");
     click_header(quantity_column);
     EXPECT_EQ(column(list(), quantity_column).front(), "10006");
-    EXPECT_EQ(list().model()->rowCount(), item_capacity);
+    list().setFocus();
+    press("Ctrl+A");
+    press("Ctrl+C");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), item_capacity - 1);
 }
 
 // While the progress window is up the list may be painted in the middle of it.

@@ -14,6 +14,12 @@ class SavedReports : public ReportsScreen {
         remove_file(name);
         platform.disk.open(report_path(name), OpenMode::read_write)->write(0, "torn");
     }
+    std::string written(const std::string& name) {
+        const auto file = platform.disk.open(report_path(name), OpenMode::read);
+        std::string text(static_cast<std::size_t>(file->length()), '\0');
+        file->read(0, text.data(), text.size());
+        return text;
+    }
     bool exists(const std::string& name) { return platform.disk.exists(report_path(name)); }
 };
 
@@ -91,6 +97,8 @@ TEST_F(SavedReports, OneOf79ColumnsComesBackWhole) {
     ASSERT_EQ(order.size(), 79u);
     save_new("Everything");
     press_letter("Alt+E");
+    drag_header(1, 3);
+    ASSERT_NE(titles()[0], order[0]);
     choose_saved("Everything");
     EXPECT_EQ(titles(), order);
 }
@@ -118,6 +126,17 @@ TEST_F(SavedReports, NoSavesItUnderAnotherName) {
     EXPECT_EQ(chosen_name(), "Bread");
     choose_saved("Milk");
     EXPECT_EQ(names().size(), 4u);
+}
+
+TEST_F(SavedReports, ANewNameThatAnotherReportHasReplacesThatOneAndSaysSo) {
+    open_reports();
+    save_new("Milk");
+    save_new("Bread");
+    EXPECT_EQ(status(), "The report is saved as \"Bread\".");
+    save_new("Milk");
+    EXPECT_EQ(saved_names(), (Texts{"Bread", "Milk"}));
+    EXPECT_EQ(chosen_name(), "Milk");
+    EXPECT_EQ(status(), "The report is saved as \"Milk\", in place of the older one.");
 }
 
 TEST_F(SavedReports, AFolderThatCannotBeWrittenToIsTold) {
@@ -211,10 +230,33 @@ TEST_F(SavedReports, TheNameGoesOnThePrintedPage) {
     open_reports();
     save_new("Milk");
     press("Ctrl+P");
-    const auto file = platform.disk.open(report_path("rlist.htm"), OpenMode::read);
-    std::string page(static_cast<std::size_t>(file->length()), '\0');
-    file->read(0, page.data(), page.size());
-    EXPECT_NE(page.find("Tavernook Report-Milk "), std::string::npos);
+    EXPECT_NE(written("rlist.htm").find("Tavernook Report-Milk "), std::string::npos);
+}
+
+// What a newcomer comes for: what is past its date, the oldest first, kept under a name and
+// printed.
+TEST_F(SavedReports, WhatIsPastItsDateIsFoundSortedKeptAndPrinted) {
+    lots[bread].expiration_date[0] = date_from_civil(2024, 5, 1);
+    lots[milk].expiration_date[0] = date_from_civil(2023, 12, 24);
+    lots[apples].expiration_date[0] = date_from_civil(2024, 7, 1);
+    action("toolbar_2_1").trigger();
+    open_reports();
+    press_letter("Alt+N");
+    toggle(31);
+    type_search(31, "*/*");
+    QTest::mouseClick(&part("report_toolbar_1_button"), Qt::LeftButton);
+    EXPECT_EQ(status(), "3 items found.");
+    click_header(1);
+    click_header(1);
+    EXPECT_EQ(names(), (Texts{"Milk Chocolate", "Bread", "Apples"}));
+    save_new("Past its date");
+    QTest::mouseClick(&part("report_toolbar_2_button"), Qt::LeftButton);
+    const std::string page = written("rlist.htm");
+    EXPECT_NE(page.find("Tavernook Report-Past its date "), std::string::npos);
+    EXPECT_LT(page.find("12/24/2023"), page.find("05/01/2024"));
+    EXPECT_LT(page.find("05/01/2024"), page.find("07/01/2024"));
+    double_click_row(list(), 0);
+    EXPECT_EQ(food_inventory()->getindex(), milk);
 }
 
 TEST_F(SavedReports, AScreenThatGoesWhileItSavesIsLeftAlone) {
