@@ -73,6 +73,7 @@ void PagePane::miss(const QString& sentence, bool lost) {
     is_there_ = false;
     is_edited_ = false;
     ui_->sentence->setText(sentence);
+    ui_->show_again_button->setAccessibleDescription(sentence);
     const bool had_focus = has_focus_in_page();
     ui_->show_again_button->show();
     ui_->stack->setCurrentWidget(ui_->in_its_place);
