@@ -249,7 +249,7 @@ void PP::write_file(int job, const std::string& path, const std::optional<std::s
     if (!bytes) return end(tr("The page could not be read.  Nothing was saved."));
     const QPointer<PP> still(this);
     const QString name = name_of_file(path);
-    const bool is_saved = guarded([&] { replace_file(path, *bytes); },
+    const bool is_saved = guarded([&] { replace_file(files().behind_link(path), *bytes); },
                                   [&](const Fault& fault) {
                                       return typed_text(tr("%1 could not be saved.").arg(name)) +
                                              "  " + fault.description + ".";
