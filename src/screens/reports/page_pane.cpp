@@ -81,8 +81,11 @@ void PagePane::miss(const QString& sentence, bool lost) {
     Q_EMIT missed(lost);
 }
 
+// A view may take the focus by it.
 void PagePane::let_edit() {
+    const QPointer<QWidget> focused = QApplication::focusWidget();
     view_->set_design_mode_on();
+    if (focused) focused->setFocus();
     is_edited_ = true;
 }
 
