@@ -1,9 +1,11 @@
 // Writes the seeds of fuzz/corpus: make_corpus FOLDER. Run it again when the formats change.
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <vector>
 
 #include "core/project/settings_file_format.h"
 #include "memory_files.h"
@@ -113,6 +115,44 @@ void write_report_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "patterns", encode_report(ReportName("Milk"), *filter, look, ""));
 }
 
+std::string list_seed(i16 rows, const std::vector<i16>& numbers) {
+    std::string bytes(20101, '\0');
+    store_little_endian<i16>(bytes.data() + 9, rows);
+    for (std::size_t column = 0; column < 7; column += 2) {
+        store_little_endian<i16>(bytes.data() + 19 + 10 * column, i16_true);
+    }
+    for (std::size_t row = 0; row < numbers.size(); ++row) {
+        store_little_endian<i16>(bytes.data() + 101 + 2 * row, numbers[row]);
+    }
+    return bytes;
+}
+
+void write_list_seeds(const std::filesystem::path& folder) {
+    write_seed(folder / "empty", list_seed(0, {}));
+    write_seed(folder / "three", list_seed(3, {4, 10000, 17}));
+    write_seed(folder / "no_items", list_seed(4, {0, -1, 10001, 32767}));
+    write_seed(folder / "count_beyond", list_seed(32767, {4}));
+    write_seed(folder / "cut", list_seed(3, {4, 10000, 17}).substr(0, 104));
+}
+
+void write_template_seeds(const std::filesystem::path& folder) {
+    write_seed(folder / "week", "<td>%1% %a%</td><td>%ct1% %$1% %2%</td>%title% %1%");
+    write_seed(folder / "per_cents", "width=\"100%\" %%1%% %2 %42%% 50%");
+}
+
+void write_pattern_seeds(const std::filesystem::path& folder) {
+    const auto write = [&](const char* name, f64 number, const std::string& rest) {
+        std::string bytes(sizeof number, '\0');
+        std::memcpy(bytes.data(), &number, sizeof number);
+        write_seed(folder / name, bytes + rest);
+    };
+    write("part", 12.5, "*milk*\nWhole Milk   ");
+    write("start", 1, "12 *\n12 oz");
+    write("end", 45427, "* oz\n12 oz");
+    write("whole", 0, "12:00:00 am\n");
+    write("number", -3, ">-3.5\n7 bags");
+}
+
 }  // namespace
 
 }  // namespace tavernook
@@ -126,5 +166,8 @@ int main(int argc, char** argv) {
     tavernook::write_project_seeds(folder / "project_file");
     tavernook::write_settings_seeds(folder / "settings_file");
     tavernook::write_report_seeds(folder / "report_file");
+    tavernook::write_list_seeds(folder / "list_file");
+    tavernook::write_template_seeds(folder / "page_template");
+    tavernook::write_pattern_seeds(folder / "report_pattern");
     return 0;
 }

@@ -52,7 +52,11 @@ class FakeHtmlView : public HtmlView {
         calls_.add("navigate " + path);
         answers_.shown.push_back(std::move(shown));
     }
-    void set_design_mode_on() override { calls_.add("design mode on"); }
+    // What one types into takes the focus.
+    void set_design_mode_on() override {
+        calls_.add("design mode on");
+        widget_->setFocus();
+    }
     bool insert_image(const std::string& path) override {
         calls_.add("insert image " + path);
         return takes_images_;

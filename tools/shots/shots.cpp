@@ -30,6 +30,7 @@
 #include "screens/lookups/ReplaceItem.h"
 #include "screens/parts/application.h"
 #include "screens/reports/ftpexport.h"
+#include "shots/plain_views.h"
 #include "shots/shots_inventory.h"
 #include "shots/shots_lookups.h"
 #include "shots/shots_planner.h"
@@ -217,6 +218,10 @@ int take_pictures(int argc, char** argv) {
     ReplacementScreen replacement;
     Platform parts = outside.platform(&window.progress(), &window, &window.registry());
     parts.replace_item = &replacement;
+    PlainViews views;
+    PlainPrintPrompt prompt;
+    if (parts.html_views == nullptr) parts.html_views = &views;
+    if (parts.print_prompt == nullptr) parts.print_prompt = &prompt;
     set_platform(parts);
     register_screens(window);
     Photographer photographer(arguments.value(1),

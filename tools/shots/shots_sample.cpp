@@ -13,6 +13,7 @@
 #include "screens/frame/register_screens.h"
 #include "screens/parts/screen_switch.h"
 #include "shots/shots_reports.h"
+#include "shots/shots_preview.h"
 
 namespace tavernook {
 
@@ -53,6 +54,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     window.set_status(activity_panel, "Ready");
     show_screen(QStringLiteral("MealPlan"));
     take(QStringLiteral("sample_after_audit"), window);
+    take_preview_screens(window, take);
     project_modified = i16_false;
     project_close();
     window.resize(size);

@@ -88,6 +88,7 @@ void PP::show_page() {
     setWindowTitle(tr(controls().title));
     page_.show_page(html_path);
     update_commands();
+    if (!page_.has_view()) say(tr("Pages can be neither shown nor printed on this computer."));
 }
 
 void PP::follow_arrival() {
@@ -105,6 +106,7 @@ void PP::update_commands() {
     ui_->insert_image_button->setEnabled(is_ready && has.has_edit && page_.is_edited());
     ui_->notes_button->setEnabled(is_ready && has.has_notes);
     ui_->save_button->setEnabled(is_ready);
+    ui_->size_label->setEnabled(is_free && has.has_sizes);
     ui_->size_box->setEnabled(is_free && has.has_sizes);
     ui_->gridlines_box->setEnabled(is_free && has.has_gridlines);
     for (QWidget* part : std::initializer_list<QWidget*>{ui_->printing_label, ui_->printing_bar,
@@ -120,6 +122,7 @@ void PP::focusInEvent(QFocusEvent*) {
 }
 
 void PP::focus_main_command() {
+    if (!page_.has_view()) return ui_->cancel_button->setFocus();
     const bool may_print = job_ == Job::none && ui_->print_button->isEnabled();
     if (may_print) ui_->print_button->setFocus();
 }
@@ -246,7 +249,7 @@ void PP::write_file(int job, const std::string& path, const std::optional<std::s
     if (!bytes) return end(tr("The page could not be read.  Nothing was saved."));
     const QPointer<PP> still(this);
     const QString name = name_of_file(path);
-    const bool is_saved = guarded([&] { replace_file(path, *bytes); },
+    const bool is_saved = guarded([&] { replace_file(files().behind_link(path), *bytes); },
                                   [&](const Fault& fault) {
                                       return typed_text(tr("%1 could not be saved.").arg(name)) +
                                              "  " + fault.description + ".";

@@ -73,6 +73,7 @@ void PagePane::miss(const QString& sentence, bool lost) {
     is_there_ = false;
     is_edited_ = false;
     ui_->sentence->setText(sentence);
+    ui_->show_again_button->setAccessibleDescription(sentence);
     const bool had_focus = has_focus_in_page();
     ui_->show_again_button->show();
     ui_->stack->setCurrentWidget(ui_->in_its_place);
@@ -80,8 +81,11 @@ void PagePane::miss(const QString& sentence, bool lost) {
     Q_EMIT missed(lost);
 }
 
+// A view may take the focus by it.
 void PagePane::let_edit() {
+    const QPointer<QWidget> focused = QApplication::focusWidget();
     view_->set_design_mode_on();
+    if (focused) focused->setFocus();
     is_edited_ = true;
 }
 

@@ -36,7 +36,7 @@ class PagePane : public QWidget {
     // What was typed into the page before is gone.
     void show_page(const std::string& path);
 
-    // From now on the user types into the page.
+    // From now on the user types into the page. The focus stays where it is.
     void let_edit();
     bool is_edited() const { return is_edited_; }
 

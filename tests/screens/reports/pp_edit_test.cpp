@@ -124,6 +124,17 @@ TEST_F(PreviewEdits, SavedIsThePageWithItsEdits) {
     EXPECT_EQ(focused(), "print_button");
 }
 
+TEST_F(PreviewEdits, BehindALinkTheFileIsReplacedAndTheLinkStays) {
+    std::ofstream(file("shared.htm")) << "older";
+    std::filesystem::create_symlink(file("shared.htm"), file("week.htm"));
+    show(0);
+    platform.dialogs.expect_save("Save as HTML", file("week.htm"));
+    click("save_button");
+    html_views.hand_over_page("edited");
+    EXPECT_EQ(content(file("shared.htm")), "edited");
+    EXPECT_TRUE(std::filesystem::is_symlink(file("week.htm")));
+}
+
 TEST_F(PreviewEdits, ACancelledDialogSavesNothing) {
     show(0);
     platform.dialogs.expect_save("Save as HTML", cancelled);

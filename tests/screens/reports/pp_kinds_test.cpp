@@ -103,6 +103,7 @@ TEST_F(PreviewKinds, APageThatIsNotThereIsToldInItsPlace) {
     EXPECT_EQ(sentence(), "The page could not be shown. Its file may have been deleted.");
     expect_all_off_but({"size_box", "gridlines_box"});
     EXPECT_EQ(focused(), "show_again_button");
+    EXPECT_EQ(part<QWidget>("show_again_button").accessibleDescription().toStdString(), sentence());
     press("Return");
     EXPECT_EQ(navigations(), 2);
     html_views.show(true);
@@ -121,6 +122,8 @@ TEST_F(PreviewKinds, WithoutAnEngineASentenceSaysSo) {
     EXPECT_FALSE(is_seen("show_again_button"));
     expect_all_off_but({});
     EXPECT_EQ(screen->windowTitle(), "Reports");
+    EXPECT_EQ(said(), "Pages can be neither shown nor printed on this computer.");
+    EXPECT_EQ(focused(), "cancel_button");
     ask_for(0);
     expect_all_off_but({});
     EXPECT_EQ(screen->windowTitle(), "Week Review");
