@@ -4,13 +4,15 @@
 
 namespace tavernook::page_scripts {
 
-inline constexpr char type_into[] = "() => { document.designMode = 'on'; }";
-
-// The address of a picture. It comes to the start of the page while no cursor stands in it, and is
-// never wider than the page.
-inline constexpr char insert_picture[] = R"js((address) => {
+// The cursor comes to the start of the page while none stands in it.
+inline constexpr char type_into[] = R"js(() => {
+  document.designMode = 'on';
   const cursor = getSelection();
-  if (!cursor.rangeCount || !document.body.contains(cursor.anchorNode)) cursor.collapse(document.body, 0);
+  if (!document.body.contains(cursor.anchorNode)) cursor.collapse(document.body, 0);
+})js";
+
+// The address of a picture. It is never wider than the page.
+inline constexpr char insert_picture[] = R"js((address) => {
   document.execCommand('insertImage', false, address);
   for (const image of document.images) {
     if (image.src === address) image.style.maxWidth = '100%';

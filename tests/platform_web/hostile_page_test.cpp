@@ -100,7 +100,7 @@ class HostilePage : public WebTest {
 
     // Every key and click that a page could wait for.
     void use_the_page() {
-        QWidget* page = view->widget().focusProxy();
+        QWidget* page = &drawn_page();
         QTest::mouseMove(page, QPoint(40, 40));
         QTest::mouseClick(page, Qt::LeftButton, {}, QPoint(30, 30));
         QTest::mouseClick(page, Qt::MiddleButton, {}, QPoint(30, 30));

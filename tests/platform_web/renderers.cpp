@@ -40,8 +40,9 @@ bool end_renderers() {
     }
     bool found = false;
     for (const auto& [process, parent] : parents) {
+        // They are what comes out of a zygote.
         const bool draws =
-            bytes_of("/proc/" + QString::number(process) + "/cmdline").contains("--type=renderer");
+            bytes_of("/proc/" + QString::number(parent) + "/cmdline").contains("--type=zygote");
         if (draws && is_ours(process, parents)) found = ::kill(process, SIGKILL) == 0 || found;
     }
     return found;

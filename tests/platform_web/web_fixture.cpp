@@ -46,9 +46,19 @@ bool WebTest::prints(const std::shared_ptr<QPrinter>& printer) {
     return printed.value_or(false);
 }
 
-void WebTest::type(const QString& text) {
-    QWidget* keys = view->widget().focusProxy();
-    QTest::keyClicks(keys != nullptr ? keys : &view->widget(), text);
+QWidget& WebTest::drawn_page() {
+    QWidget* page = view->widget().focusProxy();
+    return page != nullptr ? *page : view->widget();
+}
+
+void WebTest::edit() {
+    view->set_design_mode_on();
+    read();
+}
+
+void WebTest::click_and_type(const QString& text) {
+    QTest::mouseClick(&drawn_page(), Qt::LeftButton, {}, QPoint(9, 17));
+    QTest::keyClicks(&drawn_page(), text);
 }
 
 std::string page_around(const std::string& body) {

@@ -11,6 +11,7 @@
 #include "platform_qt/web_library.h"
 
 class QPrinter;
+class QWidget;
 
 namespace tavernook {
 
@@ -28,8 +29,14 @@ class WebTest : public testing::Test {
     std::optional<std::string> read();
     bool prints(const std::shared_ptr<QPrinter>& printer);
 
-    // To where the keyboard's keys go.
-    void type(const QString& text);
+    // The page may be typed into when this comes back.
+    void edit();
+
+    // What takes the keys and clicks.
+    QWidget& drawn_page();
+
+    // Into the upper left corner of the page.
+    void click_and_type(const QString& text);
 
     TempFolder folder;
     std::unique_ptr<HtmlView> view;

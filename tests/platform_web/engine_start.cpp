@@ -1,0 +1,23 @@
+// The engine starts before the first test: what it logs then of the display it runs on is no fault
+// of a page.
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include "platform_web/web_fixture.h"
+
+namespace tavernook {
+namespace {
+
+class EngineStart : public testing::Environment {
+  public:
+    void SetUp() override {
+        const auto view = web_library().make();
+        view->widget().show();
+        EXPECT_TRUE(becomes_active(view->widget()));
+    }
+};
+
+const testing::Environment* const engine_start = testing::AddGlobalTestEnvironment(new EngineStart);
+
+}  // namespace
+}  // namespace tavernook
