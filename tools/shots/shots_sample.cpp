@@ -12,8 +12,8 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
 #include "screens/parts/screen_switch.h"
-#include "shots/shots_reports.h"
 #include "shots/shots_preview.h"
+#include "shots/shots_reports.h"
 
 namespace tavernook {
 
