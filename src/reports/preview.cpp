@@ -158,8 +158,7 @@ PageView new_page_view() noexcept {
     return made;
 }
 
-// --- the commands that print
-// -----------------------------------------------------------------------
+// --- the commands that print ---------------------------------------------------------------------
 
 // The builders put a page in an old one's place in one step, so that none is missing where a new
 // one could not be made.

@@ -80,6 +80,10 @@ void PP::connect_page() {
 // --- what is shown -------------------------------------------------------------------------------
 
 void PP::show_page() {
+    guarded([this] { take_page(); });
+}
+
+void PP::take_page() {
     page_waits_ = job_ != Job::none;
     if (page_waits_) return;
     size_ = 0;
@@ -275,12 +279,16 @@ void PP::end(const QString& words) {
     is_stopped_ = false;
     update_commands();
     say(words);
-    if (page_waits_) show_page();
+    if (page_waits_) take_page();
     if (hasFocus()) focus_main_command();
 }
 
-// Said later, behind what closes the screen, which may empty the message panel.
 void PP::end_work() {
+    quietly([this] { end_job(); });
+}
+
+// Said later, behind what closes the screen, which may empty the message panel.
+void PP::end_job() {
     const Job ended = std::exchange(job_, Job::none);
     page_waits_ = false;
     if (ended == Job::none) return;
@@ -293,7 +301,7 @@ void PP::end_work() {
 }
 
 void PP::closeEvent(QCloseEvent* event) {
-    quietly([this] { end_work(); });
+    end_work();
     Screen::closeEvent(event);
 }
 

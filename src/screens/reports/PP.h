@@ -46,6 +46,7 @@ class PP : public Screen, public ports::PP, public RunningWork {
 
     void connect_commands();
     void connect_page();
+    void take_page();
     void follow_arrival();
     void focus_main_command();
 
@@ -64,6 +65,7 @@ class PP : public Screen, public ports::PP, public RunningWork {
 
     int begin(Job job);
     void end(const QString& words);
+    void end_job();
     bool runs(int job) const { return job_ != Job::none && job == job_number_; }
 
     // False, told in the message panel, when the page is not the one that was on show then.
