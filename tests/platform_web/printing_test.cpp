@@ -153,7 +153,7 @@ TEST_F(Printing, TheNextPageEndsThePrint) {
 }
 
 TEST_F(Printing, TheViewMayGoWhileItPrints) {
-    ASSERT_TRUE(show(page_around(rows(50))));
+    ASSERT_TRUE(show(page_around(rows(3000))));
     view->print(
         pdf_printer(), [](int) {}, [](bool) { ADD_FAILURE() << "told"; });
     view.reset();
