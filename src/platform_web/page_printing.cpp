@@ -165,12 +165,12 @@ bool PagePrinting::paint_on_paper(int sheet) {
 }
 
 void PagePrinting::cancel() {
-    if (!has_ended_) finish(false);
+    finish(false);
 }
 
 // What has been painted of a print that failed is not to be printed.
 void PagePrinting::finish(bool succeeded) {
-    has_ended_ = true;
+    if (std::exchange(has_ended_, true)) return;
     if (painter_.isActive()) {
         if (!succeeded) printer_->abort();
         if (!painter_.end()) succeeded = false;
