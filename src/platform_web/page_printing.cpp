@@ -1,6 +1,7 @@
 #include "platform_web/page_printing.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QSaveFile>
 #include <QTimer>
 #include <algorithm>
@@ -34,14 +35,34 @@ bool is_wanted(const QPrinter& printer, int sheet) {
 
 }  // namespace
 
-PagePrinting::PagePrinting(ShownPage& page, std::shared_ptr<QPrinter> printer, Told told)
-    : page_(&page),
+PagePrinting::PagePrinting(std::shared_ptr<ShownPage> page, std::shared_ptr<QPrinter> printer,
+                           Told told)
+    : page_(std::move(page)),
       printer_(std::move(printer)),
       told_(std::move(told)),
-      layout_(printer_->pageLayout()) {}
+      layout_(printer_->pageLayout()) {
+    connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] { lose_page(); });
+}
 
 PagePrinting::~PagePrinting() {
     if (painter_.isActive()) printer_->abort();
+}
+
+void PagePrinting::retire() {
+    told_ = {[](int) {}, [](bool) {}, [](PagePrinting&) {}};
+    cancel();
+    if (!engine_works_) return;
+    while (engine_works_) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::WaitForMoreEvents);
+    }
+}
+
+// The engine ends the program when a page goes of which it still wanted a print from a process that
+// has died. So such a page stays to the end, which costs some memory and happens to hardly anyone.
+void PagePrinting::lose_page() {
+    if (engine_works_) new std::shared_ptr<ShownPage>(page_);
+    engine_works_ = false;
 }
 
 void PagePrinting::start() {
@@ -144,17 +165,17 @@ bool PagePrinting::paint_on_paper(int sheet) {
 }
 
 void PagePrinting::cancel() {
-    if (!has_ended_) finish(false);
+    finish(false);
 }
 
 // What has been painted of a print that failed is not to be printed.
 void PagePrinting::finish(bool succeeded) {
-    has_ended_ = true;
+    if (std::exchange(has_ended_, true)) return;
     if (painter_.isActive()) {
         if (!succeeded) printer_->abort();
         if (!painter_.end()) succeeded = false;
     }
-    if (page_ != nullptr && parts_ > 1) page_->command(page_scripts::part_on_paper, {0, 0, rows_});
+    if (parts_ > 1) page_->command(page_scripts::part_on_paper, {0, 0, rows_});
     told_.done(succeeded);
     if (!engine_works_) leave();
 }

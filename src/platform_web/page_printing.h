@@ -26,8 +26,12 @@ class PagePrinting : public QObject {
         std::function<void(PagePrinting&)> over;  // last of all: the page is free for another
     };
 
-    PagePrinting(ShownPage& page, std::shared_ptr<QPrinter> printer, Told told);
+    PagePrinting(std::shared_ptr<ShownPage> page, std::shared_ptr<QPrinter> printer, Told told);
     ~PagePrinting() override;
+
+    // Nobody hears of it any more. Comes back when the engine has left the page: taking that away
+    // while it is printed ends the program. Windows are painted meanwhile.
+    void retire();
 
     void start();
 
@@ -43,12 +47,13 @@ class PagePrinting : public QObject {
     bool paint_on_paper(int sheet);
     void finish(bool succeeded);
     void leave();
+    void lose_page();
 
     // What the engine gives back later, unless this has gone by then.
     void make_pdf(const QPageRanges& sheets, void (PagePrinting::*next)(const QByteArray&));
     void write_file(const QByteArray& pdf);
 
-    QPointer<ShownPage> page_;
+    std::shared_ptr<ShownPage> page_;
     std::shared_ptr<QPrinter> printer_;
     Told told_;
     QPageLayout layout_;

@@ -4,12 +4,9 @@
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
-#include <QWebEngineProfile>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 #include <utility>
-
-#include "platform_web/page_folder.h"
 
 namespace tavernook {
 
@@ -46,13 +43,14 @@ void RequestWall::interceptRequest(QWebEngineUrlRequestInfo& request) {
     request.block(scheme != QLatin1String(page_scheme) && !is_picture_inside);
 }
 
-void close_off(QWebEngineProfile& profile, RequestWall& wall) {
+PageWorld::PageWorld() {
     for (const auto attribute : forbidden) profile.settings()->setAttribute(attribute, false);
     profile.settings()->setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
     profile.setHttpCacheType(QWebEngineProfile::NoCache);
     profile.setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     profile.cookieStore()->setCookieFilter([](const auto&) { return false; });
     profile.setUrlRequestInterceptor(&wall);
+    profile.installUrlSchemeHandler(page_scheme, &folder);
     QObject::connect(&profile, &QWebEngineProfile::downloadRequested, &profile,
                      [](QWebEngineDownloadRequest* download) { download->cancel(); });
 }
@@ -103,6 +101,11 @@ void ShownPage::command(const char* function, const QJsonArray& values,
     } else {
         run();
     }
+}
+
+std::shared_ptr<ShownPage> new_page(std::shared_ptr<PageWorld> world) {
+    auto* page = new ShownPage(world->profile);
+    return {page, [world](ShownPage* going) { delete going; }};
 }
 
 }  // namespace tavernook

@@ -5,8 +5,13 @@
 
 #include <QJsonArray>
 #include <QWebEnginePage>
+#include <QWebEngineProfile>
 #include <QWebEngineUrlRequestInterceptor>
 #include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform_web/page_folder.h"
 
 namespace tavernook {
 
@@ -16,9 +21,16 @@ class RequestWall : public QWebEngineUrlRequestInterceptor {
     void interceptRequest(QWebEngineUrlRequestInfo& request) override;
 };
 
-// A profile that keeps nothing and allows nothing.
-void close_off(QWebEngineProfile& profile, RequestWall& wall);
+// What pages live in: a folder to see, and a profile that keeps nothing and allows nothing.
+struct PageWorld {
+    PageWorld();
 
+    RequestWall wall;
+    PageFolder folder;
+    QWebEngineProfile profile;
+};
+
+// Behind `new_page`, so that the world of a page goes after the page.
 class ShownPage : public QWebEnginePage {
   public:
     explicit ShownPage(QWebEngineProfile& profile);
@@ -50,5 +62,7 @@ class ShownPage : public QWebEnginePage {
     std::function<void(bool)> loaded_;
     std::vector<std::function<void()>> behind_loading_;
 };
+
+std::shared_ptr<ShownPage> new_page(std::shared_ptr<PageWorld> world);
 
 }  // namespace tavernook

@@ -37,20 +37,18 @@ void PageWidget::showEvent(QShowEvent* event) {
     page()->setVisible(static_cast<ShownPage*>(page())->is_loaded());
 }
 
-WebView::WebView() : profile_(std::make_unique<QWebEngineProfile>()) {
-    close_off(*profile_, wall_);
-    profile_->installUrlSchemeHandler(page_scheme, &folder_);
+WebView::WebView() : world_(std::make_shared<PageWorld>()) {
     take_new_page();
 }
 
 WebView::~WebView() {
-    prints_.clear();
+    retire_prints();
     page_.reset();
     delete widget_;
 }
 
 void WebView::take_new_page() {
-    auto fresh = std::make_unique<ShownPage>(*profile_);
+    auto fresh = new_page(world_);
     QObject::connect(fresh.get(), &QWebEnginePage::renderProcessTerminated, &answers_,
                      [this] { later([this] { lose_page(); }); });
     if (widget_.isNull()) {
@@ -65,8 +63,8 @@ void WebView::navigate(const std::string& path, std::function<void(bool)> shown)
     give_up_answers();
     take_new_page();
     shown_ = std::move(shown);
-    folder_.open(path_of(path));
-    page_->show(folder_.address(), [this](bool succeeded) { page_is_loaded(succeeded); });
+    world_->folder.open(path_of(path));
+    page_->show(world_->folder.address(), [this](bool succeeded) { page_is_loaded(succeeded); });
 }
 
 void WebView::page_is_loaded(bool succeeded) {
@@ -85,7 +83,11 @@ void WebView::give_up_answers() {
     if (auto shown = std::exchange(shown_, nullptr)) later([shown] { shown(false); });
     while (!readings_.empty()) answer_reading(readings_.begin()->first, std::nullopt);
     for (const auto& print : prints_) print->cancel();
-    prints_.clear();
+    retire_prints();
+}
+
+void WebView::retire_prints() {
+    for (const auto& print : std::exchange(prints_, {})) print->retire();
 }
 
 void WebView::set_design_mode_on() {
@@ -106,7 +108,7 @@ void WebView::read_page(std::function<void(std::optional<std::string>)> done) {
     const int number = ++last_reading_;
     readings_[number] = std::move(done);
     if (!page_->is_loaded()) return answer_reading(number, std::nullopt);
-    const auto pictures = QJsonObject::fromVariantMap(folder_.shown_pictures());
+    const auto pictures = QJsonObject::fromVariantMap(world_->folder.shown_pictures());
     const QPointer<QObject> alive(&answers_);
     page_->command(page_scripts::whole_page, {shown_policy(), saved_policy(), pictures},
                    [this, alive, number](const QVariant& page) {
@@ -127,7 +129,7 @@ void WebView::print(std::shared_ptr<QPrinter> printer, std::function<void(int)> 
                     std::function<void(bool)> done) {
     if (!page_->is_loaded()) return later([done = std::move(done)] { done(false); });
     prints_.push_back(std::make_unique<PagePrinting>(
-        *page_, std::move(printer),
+        page_, std::move(printer),
         PagePrinting::Told{std::move(progress),
                            [this, done = std::move(done)](bool printed) {
                                later([done, printed] { done(printed); });

@@ -5,14 +5,12 @@
 
 #include <QDropEvent>
 #include <QPointer>
-#include <QWebEngineProfile>
 #include <QWebEngineView>
 #include <deque>
 #include <map>
 #include <memory>
 
 #include "platform/html_view.h"
-#include "platform_web/page_folder.h"
 #include "platform_web/page_printing.h"
 #include "platform_web/shown_page.h"
 
@@ -54,15 +52,14 @@ class WebView : public HtmlView {
     void page_is_loaded(bool succeeded);
     void lose_page();
     void give_up_answers();
+    void retire_prints();
     void answer_reading(int number, std::optional<std::string> bytes);
     void let_print_go(const PagePrinting* print);
     void later(std::function<void()> answer);
 
     QObject answers_;  // with it go those that are still on their way
-    RequestWall wall_;
-    PageFolder folder_;
-    std::unique_ptr<QWebEngineProfile> profile_;
-    std::unique_ptr<ShownPage> page_;
+    std::shared_ptr<PageWorld> world_;
+    std::shared_ptr<ShownPage> page_;
     QPointer<PageWidget> widget_;
     std::function<void(bool)> shown_;
     std::function<void()> lost_;

@@ -49,7 +49,7 @@ class InTheBrowser : public PagesTest {
             items[item].calories = 100;
             items[item].fat = 3;
             items[item].barcode = "4006381333931";
-            fill_lots(item, 2.0 * item, 1.0);
+            fill_lots(item, 300.0, 200.0);
         }
         for (i16 meal = 1; meal <= 3; ++meal) {
             constexpr const char* dishes[] = {"Pancakes with maple syrup", "Leek soup",

@@ -6,7 +6,6 @@
 #include <QPaintEngine>
 #include <QPrintEngine>
 #include <QPrinter>
-#include <functional>
 #include <map>
 #include <vector>
 
@@ -27,13 +26,11 @@ class PaperPaint : public QPaintEngine {
     void drawImage(const QRectF&, const QImage& sheet, const QRectF&,
                    Qt::ImageConversionFlags) override {
         sheets.push_back(sheet);
-        if (on_sheet) on_sheet();
     }
     Type type() const override { return User; }
 
     std::vector<QImage> sheets;
     int ended = 0;
-    std::function<void()> on_sheet;
 };
 
 class PaperEngine : public QPrintEngine {
@@ -62,7 +59,7 @@ class PaperEngine : public QPrintEngine {
         return wanted == QPaintDevice::PdmDevicePixelRatio ? 1 : dots();
     }
     QPrinter::PrinterState printerState() const override {
-        return is_aborted ? QPrinter::Aborted : QPrinter::Active;
+        return is_aborted ? QPrinter::Aborted : QPrinter::Idle;
     }
 
     bool is_aborted = false;

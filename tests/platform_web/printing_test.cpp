@@ -153,7 +153,7 @@ TEST_F(Printing, TheNextPageEndsThePrint) {
 }
 
 TEST_F(Printing, TheViewMayGoWhileItPrints) {
-    ASSERT_TRUE(show(page_around(rows(50))));
+    ASSERT_TRUE(show(page_around(rows(3000))));
     view->print(
         pdf_printer(), [](int) {}, [](bool) { ADD_FAILURE() << "told"; });
     view.reset();
@@ -202,8 +202,9 @@ TEST_F(Printing, ManyRowsGoToThePrinterInPartsAndStayInThePage) {
 TEST_F(Printing, CancelledBetweenTwoSheetsTheRestIsNotPrinted) {
     ASSERT_TRUE(show(page_around(rows(400))));
     const auto printer = std::make_shared<PaperPrinter>();
-    printer->paint.on_sheet = [&] { view->cancel_printing(); };
-    begin(printer);
+    view->print(
+        printer, [this](int) { view->cancel_printing(); },
+        [this](bool is_printed) { printed = is_printed; });
     ASSERT_TRUE(ended());
     EXPECT_FALSE(*printed);
     EXPECT_TRUE(printer->engine.is_aborted);
