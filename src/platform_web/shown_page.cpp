@@ -1,6 +1,7 @@
 #include "platform_web/shown_page.h"
 
 #include <QJsonDocument>
+#include <QPointer>
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
@@ -57,6 +58,7 @@ PageWorld::PageWorld() {
 
 ShownPage::ShownPage(QWebEngineProfile& profile) : QWebEnginePage(&profile) {
     connect(this, &QWebEnginePage::loadFinished, this, &ShownPage::finish_loading);
+    connect(&looks_, &QTimer::timeout, this, &ShownPage::look_for_end);
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl& origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
@@ -70,6 +72,20 @@ void ShownPage::show(const QUrl& address, std::function<void(bool)> loaded) {
     loaded_ = std::move(loaded);
     setVisible(false);
     load(address);
+    constexpr int between_looks_ms = 500;
+    looks_.start(between_looks_ms);
+}
+
+// Films and sounds, which are never fetched, are given up only in a page that is in sight, and hold
+// its end up till then. It comes into sight once all of its text is there.
+void ShownPage::look_for_end() {
+    runJavaScript(QStringLiteral("document.readyState"), QWebEngineScript::ApplicationWorld,
+                  [this, alive = QPointer<ShownPage>(this)](const QVariant& state) {
+                      if (alive.isNull() || state.toString() != QLatin1String("interactive"))
+                          return;
+                      looks_.stop();
+                      if (loaded_) setVisible(true);
+                  });
 }
 
 // Once: the page does not go to itself either.
@@ -82,6 +98,7 @@ bool ShownPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool is
 void ShownPage::finish_loading(bool succeeded) {
     const auto heard = std::exchange(loaded_, nullptr);
     if (!heard) return;
+    looks_.stop();
     is_loaded_ = succeeded;
     for (const auto& command : std::exchange(behind_loading_, {})) command();
     heard(succeeded);

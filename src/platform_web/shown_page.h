@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QJsonArray>
+#include <QTimer>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlRequestInterceptor>
@@ -56,9 +57,11 @@ class ShownPage : public QWebEnginePage {
 
   private:
     void finish_loading(bool succeeded);
+    void look_for_end();
 
     QUrl awaited_;
     bool is_loaded_ = false;
+    QTimer looks_;
     std::function<void(bool)> loaded_;
     std::vector<std::function<void()>> behind_loading_;
 };

@@ -14,8 +14,9 @@ namespace tavernook {
 class PaperPaint : public QPaintEngine {
   public:
     PaperPaint() : QPaintEngine(QPaintEngine::AllFeatures) {}
-    bool begin(QPaintDevice*) override { return true; }
+    bool begin(QPaintDevice*) override { return is_begun = true; }
     bool end() override {
+        is_begun = false;
         ++ended;
         return true;
     }
@@ -30,11 +31,14 @@ class PaperPaint : public QPaintEngine {
     Type type() const override { return User; }
 
     std::vector<QImage> sheets;
+    bool is_begun = false;
     int ended = 0;
 };
 
 class PaperEngine : public QPrintEngine {
   public:
+    explicit PaperEngine(const PaperPaint& paint) : paint_(paint) {}
+
     void setProperty(PrintEnginePropertyKey key, const QVariant& value) override {
         values[key] = value;
     }
@@ -59,7 +63,8 @@ class PaperEngine : public QPrintEngine {
         return wanted == QPaintDevice::PdmDevicePixelRatio ? 1 : dots();
     }
     QPrinter::PrinterState printerState() const override {
-        return is_aborted ? QPrinter::Aborted : QPrinter::Idle;
+        if (is_aborted) return QPrinter::Aborted;
+        return paint_.is_begun ? QPrinter::Active : QPrinter::Idle;
     }
 
     bool is_aborted = false;
@@ -76,6 +81,7 @@ class PaperEngine : public QPrintEngine {
         return {QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(28, 28, 28, 28)};
     }
 
+    const PaperPaint& paint_;
     std::map<PrintEnginePropertyKey, QVariant> values;
 };
 
@@ -83,8 +89,8 @@ class PaperPrinter : public QPrinter {
   public:
     PaperPrinter() { setEngines(&engine, &paint); }
 
-    PaperEngine engine;
     PaperPaint paint;
+    PaperEngine engine{paint};
 };
 
 }  // namespace tavernook

@@ -32,6 +32,11 @@ TEST_F(WebViewTest, WhatIsNoPageIsTold) {
     EXPECT_TRUE(show(page_around("Milk")));
 }
 
+TEST_F(WebViewTest, AFilmDoesNotHoldThePageUp) {
+    EXPECT_TRUE(
+        show(page_around("<video src='x.mp4' autoplay></video><audio src='y.mp3'></audio>")));
+}
+
 TEST_F(WebViewTest, AnyNameOfAPageWillDo) {
     for (const char* name : {"a b.htm", "100%25 #1?.htm", "K\xc3\xa4se.htm"}) {
         EXPECT_TRUE(show(page_around("Milk"), name)) << name;
