@@ -4,9 +4,11 @@
 
 namespace tavernook::page_scripts {
 
-// The cursor comes to the start of the page while none stands in it.
+// Keys reach only a page in which something has the focus. The cursor comes to the start of the page
+// while none stands in it.
 inline constexpr char type_into[] = R"js(() => {
   document.designMode = 'on';
+  document.body.focus();
   const cursor = getSelection();
   if (!document.body.contains(cursor.anchorNode)) cursor.collapse(document.body, 0);
 })js";

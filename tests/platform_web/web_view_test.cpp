@@ -67,6 +67,16 @@ TEST_F(WebViewTest, NothingIsTypedIntoAPageUntilItIsAllowed) {
     EXPECT_TRUE(comes_true([&] { return read().value().find("Fresh") != std::string::npos; }));
 }
 
+TEST_F(WebViewTest, KeysReachThePageWithoutTheMouse) {
+    view->widget().show();
+    ASSERT_TRUE(becomes_active(view->widget()));
+    ASSERT_TRUE(show(page_around("<p>Milk</p>")));
+    edit();
+    drawn_page().setFocus();
+    QTest::keyClicks(&drawn_page(), "Fresh ");
+    EXPECT_TRUE(comes_true([&] { return read().value().find("Fresh") != std::string::npos; }));
+}
+
 TEST_F(WebViewTest, TypingAllowedWhileThePageLoadsHoldsForItAndNotForTheNext) {
     view->widget().show();
     write_whole_file(folder.path("page.htm"), page_around("Milk"));
