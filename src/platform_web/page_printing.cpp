@@ -28,6 +28,11 @@ QImage picture_of(const QPdfDocument& document, int sheet, const QSize& paper) {
     return is_turned ? picture.transformed(QTransform().rotate(90)) : picture;
 }
 
+// In the dots of a page, of which an inch has 96.
+double width_of_paper(const QPageLayout& layout) {
+    return layout.paintRect(QPageLayout::Inch).width() * 96;
+}
+
 bool is_wanted(const QPrinter& printer, int sheet) {
     const QPageRanges ranges = printer.pageRanges();
     return ranges.isEmpty() || ranges.contains(sheet);
@@ -63,10 +68,19 @@ void PagePrinting::retire() {
 void PagePrinting::lose_page() {
     if (engine_works_) new std::shared_ptr<ShownPage>(page_);
     engine_works_ = false;
+    is_lost_ = true;
 }
 
 void PagePrinting::start() {
     if (has_ended_) return;
+    const QPointer<PagePrinting> self(this);
+    page_->command(page_scripts::fit_to_paper, {width_of_paper(layout_), rows_of_a_part},
+                   [self](const QVariant&) {
+                       if (!self.isNull() && !self->has_ended_) self->begin();
+                   });
+}
+
+void PagePrinting::begin() {
     const bool is_file =
         printer_->outputFormat() == QPrinter::PdfFormat && !printer_->outputFileName().isEmpty();
     if (is_file) {
@@ -78,6 +92,7 @@ void PagePrinting::start() {
 
 void PagePrinting::make_pdf(const QPageRanges& sheets,
                             void (PagePrinting::*next)(const QByteArray&)) {
+    if (is_lost_) return;
     engine_works_ = true;
     const QPointer<PagePrinting> self(this);
     page_->printToPdf(
@@ -176,6 +191,7 @@ void PagePrinting::finish(bool succeeded) {
         if (!painter_.end()) succeeded = false;
     }
     if (parts_ > 1) page_->command(page_scripts::part_on_paper, {0, 0, rows_});
+    page_->command(page_scripts::as_before_paper, {});
     told_.done(succeeded);
     if (!engine_works_) leave();
 }

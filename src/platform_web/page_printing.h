@@ -39,6 +39,7 @@ class PagePrinting : public QObject {
     void cancel();
 
   private:
+    void begin();
     void print_file();
     void count_rows();
     void print_part();
@@ -66,6 +67,7 @@ class PagePrinting : public QObject {
     int sheets_before_ = 0;
     bool has_ended_ = false;
     bool engine_works_ = false;
+    bool is_lost_ = false;  // the view cancels then
 };
 
 }  // namespace tavernook

@@ -44,6 +44,53 @@ inline constexpr char whole_page[] = R"js((shown, saved, pictures) => {
   return (document.doctype ? '<!DOCTYPE html>\n' : '') + page.outerHTML;
 })js";
 
+// A table too wide for the paper, though the engine makes what is twice as wide fit, gives way on
+// paper to several that stand one behind the other, each with the first column and some of the
+// others. One of more rows than `most` is made as small as it takes, so that nothing is cut off.
+inline constexpr char fit_to_paper[] = R"js((paper, most) => {
+  const table = [...document.querySelectorAll('table')].find(one => one.offsetWidth > 2 * paper);
+  if (!table) return;
+  const rule = document.createElement('style');
+  rule.setAttribute('data-fit', 'rule');
+  document.head.append(rule);
+  if (table.rows.length > most) {
+    rule.textContent = '@media print { body { zoom: ' + 2 * paper / table.offsetWidth + '; } }';
+    return;
+  }
+  rule.textContent = '@media screen { [data-fit=part] { display: none; } }' +
+    '@media print { [data-fit=whole] { display: none; } [data-fit=part] { break-after: page; } }';
+  const widths = [...table.rows[0].cells].map(cell => cell.offsetWidth);
+  const room = 1.5 * paper - widths[0];
+  const parts = [[]];
+  let taken = 0;
+  for (let column = 1; column < widths.length; ++column) {
+    if (taken > 0 && taken + widths[column] > room) {
+      parts.push([]);
+      taken = 0;
+    }
+    parts[parts.length - 1].push(column);
+    taken += widths[column];
+  }
+  for (const columns of parts) {
+    const part = table.cloneNode(false);
+    part.setAttribute('data-fit', 'part');
+    const body = part.appendChild(document.createElement('tbody'));
+    for (const row of table.rows) {
+      const copy = body.appendChild(row.cloneNode(false));
+      for (const column of [0, ...columns]) {
+        if (row.cells[column]) copy.append(row.cells[column].cloneNode(true));
+      }
+    }
+    table.before(part);
+  }
+  table.setAttribute('data-fit', 'whole');
+})js";
+
+inline constexpr char as_before_paper[] = R"js(() => {
+  for (const added of document.querySelectorAll('[data-fit=rule], [data-fit=part]')) added.remove();
+  for (const whole of document.querySelectorAll('[data-fit]')) whole.removeAttribute('data-fit');
+})js";
+
 // How many rows the longest table has.
 inline constexpr char longest_table[] = R"js(() =>
   Math.max(0, ...[...document.querySelectorAll('tbody')].map(body => body.rows.length))
