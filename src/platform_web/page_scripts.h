@@ -44,23 +44,24 @@ inline constexpr char whole_page[] = R"js((shown, saved, pictures) => {
   return (document.doctype ? '<!DOCTYPE html>\n' : '') + page.outerHTML;
 })js";
 
-// A table too wide for the paper, though the engine makes what is twice as wide fit, gives way on
-// paper to several that stand one behind the other, each with the first column and some of the
+// A table too wide for the paper, though the engine makes what is half as wide again fit, gives way
+// on paper to several that stand one behind the other, each with the first column and some of the
 // others. One of more rows than `most` is made as small as it takes, so that nothing is cut off.
 inline constexpr char fit_to_paper[] = R"js((paper, most) => {
-  const table = [...document.querySelectorAll('table')].find(one => one.offsetWidth > 2 * paper);
+  const mostWide = 1.45 * paper;
+  const table = [...document.querySelectorAll('table')].find(one => one.offsetWidth > mostWide);
   if (!table) return;
   const rule = document.createElement('style');
   rule.setAttribute('data-fit', 'rule');
   document.head.append(rule);
   if (table.rows.length > most) {
-    rule.textContent = '@media print { body { zoom: ' + 2 * paper / table.offsetWidth + '; } }';
+    rule.textContent = '@media print { body { zoom: ' + mostWide / table.offsetWidth + '; } }';
     return;
   }
   rule.textContent = '@media screen { [data-fit=part] { display: none; } }' +
     '@media print { [data-fit=whole] { display: none; } [data-fit=part] { break-after: page; } }';
   const widths = [...table.rows[0].cells].map(cell => cell.offsetWidth);
-  const room = 1.5 * paper - widths[0];
+  const room = mostWide - widths[0];
   const parts = [[]];
   let taken = 0;
   for (let column = 1; column < widths.length; ++column) {
