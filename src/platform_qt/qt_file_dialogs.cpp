@@ -122,7 +122,9 @@ DialogStart dialog_start(const QString& initial_file) {
     const QString name = initial.fileName();
     const bool is_pattern = name.contains(QLatin1Char('*')) || name.contains(QLatin1Char('?'));
     if (initial_file.isEmpty() || initial.isRelative()) {
-        return {QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+        const QString documents =
+            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        return {QFileInfo(documents).isDir() ? documents : QDir::homePath(),
                 is_pattern ? QString() : name};
     }
     QString folder = initial.path();

@@ -148,12 +148,13 @@ void tell_result(const std::string& text) {
     main_window().set_status(message_panel, text);
 }
 
-void tell_failure(const Fault& fault) {
+void tell_failure(const Fault& fault, const std::string& sent_files) {
     const std::string text =
         "There has been an error.  Please notify Brenwyk Software that an error occured while "
         "doing an FTP export with the error code " +
         std::to_string(fault.number) + " and description of " + fault.description;
     if (export_style == 1) return tell_result(text);
+    tell_result("Publishing has failed.  " + sent_files);
     show_fault(text);
 }
 
@@ -170,7 +171,7 @@ void export_pages(ports::FtpExport& window, const PageBuilders& pages) {
     const bool is_sent = trap([&] { work.run(); }, [&](const Fault& fault) { failure = fault; });
     ftp_session().close();
     if (is_sent) tell_result(work.sent_files());
-    if (failure) tell_failure(*failure);
+    if (failure) tell_failure(*failure, work.sent_files());
     if (!is_sent && !failure) leave_cancelled(window, work.sent_files());
     if (failure || export_style == 1) window.unload();
 }
@@ -197,7 +198,9 @@ void Project_SendtoWeb() noexcept {
 void send_reports(ports::FtpExport& window, const PageBuilders& pages) noexcept {
     if (std::exchange(runs, true)) return;
     cancelled = false;
-    if (!trap_in_module([&] { export_pages(window, pages); })) ftp_session().close();
+    trap_in_module([&] { export_pages(window, pages); });
+    // Unloading the window cancels, at the end as well: the next export is not to hear of it.
+    ftp_session().close();
     runs = false;
 }
 

@@ -65,7 +65,8 @@ std::string words_for(const Booking& booking) {
 }
 
 FileDialogRequest list_dialog(const char* title) {
-    return {title, "Grocery List (*.lst)|*.lst", ""};
+    const std::string folder = project_path.substr(0, project_path.rfind('/') + 1);
+    return {title, "Grocery List (*.lst)|*.lst", folder + "*.lst"};
 }
 
 std::string file_name(const std::string& path) {
@@ -261,7 +262,13 @@ void ShoppingList::load_list() {
     if (path.empty() || !populate_loadlist(path, shown)) return;
     list_.show_columns(shown);
     list_.fill();
-    say(items_told(list_count) + " on the list from " + file_name(path) + ".");
+    const auto unseen = std::count_if(items.begin() + 1, items.end(), [](const ItemRecord& item) {
+        return item.in_use == 1 && item.on_shopping_list != 0 && item.shopping_quantity == 0;
+    });
+    const std::string rest =
+        unseen == 0 ? "."
+                    : "; nothing is to be bought of " + std::to_string(unseen) + " more in it.";
+    say(items_told(list_count) + " on the list from " + file_name(path) + rest);
 }
 
 // --- what comes on the list ----------------------------------------------------------------------

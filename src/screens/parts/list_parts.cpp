@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModel>
 #include <QAction>
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -100,7 +101,10 @@ void hint_when_empty(QAbstractItemView& view, const QString& hint) {
 void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> command) {
     auto* shortcut = new QShortcut(keys, &widget);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(shortcut, &QShortcut::activated, &widget, std::move(command));
+    QObject::connect(shortcut, &QShortcut::activated, &widget, [command = std::move(command)] {
+        QWidget* list_of_a_box = QApplication::activePopupWidget();
+        list_of_a_box != nullptr ? static_cast<void>(list_of_a_box->close()) : command();
+    });
 }
 
 bool is_enter(const QKeyEvent& key) {

@@ -170,7 +170,7 @@ void PP::make_anew() {
     page_.show_page(html_path);
     update_commands();
     if (was_edited) {
-        say(tr("The page was made anew; what was typed into the one before is not on it."));
+        say(tr("The page was made anew, without anything that was typed into it."));
     }
 }
 

@@ -288,6 +288,10 @@ void Reports::view_selected() {
     if (ports::FoodInventory* screen = food_inventory()) screen->view_item(item, i16_true);
 }
 
+void Reports::follow_changes() {
+    report_.follow_changes();
+}
+
 void Reports::update_commands() {
     ui_->report_toolbar_5->setEnabled(report_.has_selection());
     show_choice();

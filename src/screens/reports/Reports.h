@@ -34,6 +34,7 @@ class Reports : public Screen, public ports::Reports {
     bool Build_HTML_Report_list(i16 size, bool border, std::string_view name) override;
 
   protected:
+    void follow_changes() override;
     void update_commands() override;
     void showEvent(QShowEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

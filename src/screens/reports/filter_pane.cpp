@@ -35,7 +35,10 @@ void FilterPane::set_up_rows() {
     rows_.header()->resizeSection(0, letters_wide(*this, 27));
     rows_.header()->resizeSection(1, letters_wide(*this, 20));
     rows_.setCurrentIndex(model_->index(0, 0));
-    connect(model_, &FilterRowsModel::check_wanted, this, &FilterPane::check_wanted);
+    connect(model_, &FilterRowsModel::check_wanted, this, [this](int row, bool checked) {
+        rows_.setCurrentIndex(model_->index(row - 1, 0));  // a check box alone selects no row
+        Q_EMIT check_wanted(row, checked);
+    });
 }
 
 void FilterPane::set_up_commands() {

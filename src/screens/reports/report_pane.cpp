@@ -128,17 +128,24 @@ void ReportPane::fill(const ReportFilter& filter) {
         dress_columns();
         return true;
     });
-    show_count();
+    is_new_ = true;
+    show_count({});
 }
 
-void ReportPane::show_count() {
-    ui_->count_label->setText(QString::number(list().rows()));
+void ReportPane::show_count(const QString& remark) {
+    ui_->count_label->setText(QString::number(list().rows()) + remark);
 }
 
 void ReportPane::show_outdated() {
-    show_count();
-    ui_->count_label->setText(ui_->count_label->text() +
-                              tr(" - the filter has been changed, press Run (F5) to search"));
+    show_count(tr(" - columns or filter have been changed, press Run (F5)"));
+}
+
+void ReportPane::follow_changes() {
+    const bool has_changed = seen_.is_stale() && !is_new_;
+    is_new_ = false;
+    seen_.renew();
+    if (!has_changed) return;
+    show_count(tr(" - the stock has changed since, press Run (F5)"));
 }
 
 bool ReportPane::has_selection() const {

@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "core/changes.h"
 #include "reports/report_file_format.h"
 #include "reports/report_list.h"
 
@@ -30,8 +31,11 @@ class ReportPane : public QWidget {
     // The list anew. Selection, scroll and sort stay.
     void fill(const ReportFilter& filter);
 
-    // The filter has been changed since.
+    // Columns or filter have been changed since.
     void show_outdated();
+
+    // The list is a snapshot: where the records have changed it says so.
+    void follow_changes();
 
     void sort_by(int column);
 
@@ -62,7 +66,7 @@ class ReportPane : public QWidget {
     int fitting_width(int column) const;
     void keep_width(int column, int width);
     void show_sort();
-    void show_count();
+    void show_count(const QString& remark);
     void show_menu(const QPoint& place);
     void recall_sort();
     void store_sort() const;
@@ -71,6 +75,8 @@ class ReportPane : public QWidget {
     ReportRowsModel* model_;
     QTreeView& view_;
     QHeaderView& header_;
+    Seen seen_{Subject::items, Subject::lots, Subject::catagories, Subject::units, Subject::stores};
+    bool is_new_ = false;  // what the step changed in which it was filled is in it
     bool is_dressing_ = false;
 };
 

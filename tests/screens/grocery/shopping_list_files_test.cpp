@@ -56,6 +56,17 @@ TEST_F(ShoppingListFiles, ASavedListComesBackWithItsColumns) {
     EXPECT_EQ(status(), "3 items are on the list from week.lst.");
 }
 
+// A list does not keep quantities.
+TEST_F(ShoppingListFiles, ItemsOfWhichNothingIsToBeBoughtAreTold) {
+    const std::string path = platform.path("week.lst");
+    save_as(path);
+    items[milk].shopping_quantity = 0;
+    load(path);
+    EXPECT_EQ(names(), (Texts{"Apples", "Bread"}));
+    EXPECT_EQ(status(),
+              "2 items are on the list from week.lst; nothing is to be bought of 1 more in it.");
+}
+
 TEST_F(ShoppingListFiles, WhatChangedElsewhereIsSavedToo) {
     want(salt, 4);
     save_as(platform.path("week.lst"));

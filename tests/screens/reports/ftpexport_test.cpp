@@ -197,6 +197,23 @@ TEST_F(FtpExportWindow, TheAuditDoesNotTakeTheUsersExportAway) {
     EXPECT_EQ(files_sent(), 8);
 }
 
+// What unloads the window cancels; the next export hears nothing of it.
+TEST_F(FtpExportWindow, EveryWayToItsEndLeavesTheNextOneAlone) {
+    publish_as_the_audit_does();
+    EXPECT_EQ(panel(1), "8 of 8 files were sent to ftp.example.com.");
+    publish_as_the_audit_does();
+    EXPECT_EQ(panel(1), "8 of 8 files were sent to ftp.example.com.");
+    platform.ftp.failures.emplace("open ", Fault(ftp_fault::no_server, "Nobody listens"));
+    platform.boxes.expect_message(
+        "There has been an error.  Please notify Brenwyk Software that an error occured while "
+        "doing an FTP export with the error code 1003 and description of Nobody listens");
+    publish();
+    EXPECT_EQ(panel(1), "Publishing has failed.  0 of 8 files were sent to ftp.example.com.");
+    platform.ftp.failures.clear();
+    publish();
+    EXPECT_EQ(panel(1), "8 of 8 files were sent to ftp.example.com.");
+}
+
 TEST_F(FtpExportWindow, ASecondCommandSendsNothingTwice) {
     while_sending("list.htm", [this] { Project_SendtoWeb(), settle(); });
     publish();

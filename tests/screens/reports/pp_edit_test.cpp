@@ -310,7 +310,7 @@ TEST_F(PreviewEdits, WhatWasTypedIsNotOnAPageMadeAnewAndThatIsTold) {
     html_views.show();
     click("notes_button");
     choose_size("Large");
-    EXPECT_EQ(said(), "The page was made anew; what was typed into the one before is not on it.");
+    EXPECT_EQ(said(), "The page was made anew, without anything that was typed into it.");
     html_views.show();
     focus_page();
     press("Escape");

@@ -158,6 +158,45 @@ TEST_F(ReportsScreen, SpaceAndAClickOnTheMarkCheckARow) {
     EXPECT_EQ(titles().back(), "Lot A QTY");
 }
 
+// The list shows the row that was checked again, not the one that had been chosen before.
+TEST_F(ReportsScreen, ACheckFarDownLeavesTheListWhereItIs) {
+    open_reports();
+    rows().scrollToBottom();
+    settle();
+    const QModelIndex cell = rows().model()->index(74, 0);
+    const QRect row = rows().visualRect(cell);
+    QTest::mouseClick(rows().viewport(), Qt::LeftButton, {},
+                      QPoint(row.left() + 9, row.center().y()));
+    EXPECT_TRUE(is_checked(75));
+    EXPECT_EQ(rows().visualRect(cell), row);
+    EXPECT_EQ(rows().currentIndex().row(), 74);
+}
+
+TEST_F(ReportsScreen, SaysThatTheStockHasChangedSince) {
+    open_reports();
+    end_of_step();
+    EXPECT_EQ(label("count_label"), "4");
+    items[milk].quantity = 1;
+    end_of_step();
+    EXPECT_EQ(label("count_label"), "4 - the stock has changed since, press Run (F5)");
+    press("F5");
+    EXPECT_EQ(label("count_label"), "4");
+    end_of_step();
+    EXPECT_EQ(label("count_label"), "4");
+}
+
+// What was opened last goes first.
+TEST_F(ReportsScreen, EscapeClosesAListOfABoxBeforeTheScreen) {
+    open_reports();
+    saved().addItem("Cheap");
+    saved().showPopup();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    press("Escape");
+    settle();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(is_open("Reports"));
+}
+
 TEST_F(ReportsScreen, TheItemCannotBeSwitchedOff) {
     open_reports();
     toggle(1);
@@ -185,7 +224,7 @@ TEST_F(ReportsScreen, EditingTheFilterSearchesOnlyWhenItIsRun) {
     open_reports();
     type_search(1, "*milk*");
     EXPECT_EQ(names().size(), 4u);
-    EXPECT_TRUE(label("count_label").starts_with("4 - the filter has been changed"));
+    EXPECT_TRUE(label("count_label").starts_with("4 - columns or filter have been changed"));
     press("F5");
     EXPECT_EQ(names(), (Texts{"Milk Chocolate", "Whole milk"}));
     EXPECT_EQ(label("count_label"), "2");
