@@ -19,6 +19,8 @@ ChildArea::ChildArea(QMdiArea& area, ScreenRegistry& registry, QObject* parent)
     : QObject(parent), area_(area), start_page_(new StartPage(area.window())) {
     area_.installEventFilter(this);
     area_.viewport()->installEventFilter(this);
+    area_.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_.setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_.setMinimumSize(start_page_->minimumSizeHint());
     connect(&area_, &QMdiArea::subWindowActivated, this, &ChildArea::changed);
     registry.when_hidden([this] { tell_later(); });
@@ -90,9 +92,15 @@ void ChildArea::focus_start_page() {
 }
 
 // The maximised ones that are restored for it come in front one by one.
+// Screens that do not fit side by side are scrolled to: Qt would make the main window wider than
+// the desktop for them.
 void ChildArea::tile() {
     QMdiSubWindow* front = area_.activeSubWindow();
+    QWidget& window = *area_.window();
+    const QSize most = window.maximumSize();
+    window.setMaximumSize(window.size());
     area_.tileSubWindows();
+    window.setMaximumSize(most);
     area_.setActiveSubWindow(front);
 }
 

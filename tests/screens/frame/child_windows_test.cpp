@@ -2,6 +2,7 @@
 // that show little come up at the size of that.
 #include <QListView>
 #include <QMdiArea>
+#include <QScrollBar>
 
 #include "screens/child_screen_fixture.h"
 
@@ -213,6 +214,21 @@ TEST_F(ChildWindows, ASmallOneDoesNotSayHowTheNextLargeOneComesUp) {
     settle();
     open("Mealbuilder");
     EXPECT_FALSE(child("Mealbuilder").isMaximized());
+}
+
+TEST_F(ChildWindows, TilingManyScreensLeavesTheMainWindowItsSize) {
+    window.resize(1000, 700);
+    for (const char* name :
+         {"FoodInventory", "Mealbuilder", "ShoppingList", "MealPlan", "Reports"}) {
+        open(name);
+    }
+    const QSize size = window.size();
+    action("mnu_tile").trigger();
+    settle();
+    EXPECT_EQ(window.size(), size);
+    EXPECT_EQ(window.maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    auto& area = *window.findChild<QMdiArea*>();
+    EXPECT_TRUE(area.horizontalScrollBar()->isVisible());
 }
 
 }  // namespace
