@@ -61,7 +61,9 @@ class PrintPrompt {
   public:
     virtual ~PrintPrompt() = default;
 
-    virtual std::shared_ptr<QPrinter> ask(QWidget& over, const std::string& title) = 0;
+    // A wide page is offered a sheet that lies across.
+    virtual std::shared_ptr<QPrinter> ask(QWidget& over, const std::string& title,
+                                          bool is_wide) = 0;
 };
 
 // What the library of the engine gives away: functions of these names, without parameters, that

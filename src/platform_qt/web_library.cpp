@@ -66,9 +66,9 @@ std::unique_ptr<HtmlView> WebLibrary::make() {
     return views_->make();
 }
 
-std::shared_ptr<QPrinter> WebLibrary::ask(QWidget& over, const std::string& title) {
+std::shared_ptr<QPrinter> WebLibrary::ask(QWidget& over, const std::string& title, bool is_wide) {
     load();
-    return prompt_->ask(over, title);
+    return prompt_->ask(over, title, is_wide);
 }
 
 std::vector<std::string> web_library_folders() {

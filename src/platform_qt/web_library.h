@@ -16,7 +16,7 @@ class WebLibrary : public HtmlViews, public PrintPrompt {
 
     // Both throw Fault 53 with what to do about it when the library cannot be loaded.
     std::unique_ptr<HtmlView> make() override;
-    std::shared_ptr<QPrinter> ask(QWidget& over, const std::string& title) override;
+    std::shared_ptr<QPrinter> ask(QWidget& over, const std::string& title, bool is_wide) override;
 
   private:
     void load();

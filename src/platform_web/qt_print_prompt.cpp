@@ -24,11 +24,13 @@ QPageSize usual_paper() {
 
 }  // namespace
 
-std::shared_ptr<QPrinter> QtPrintPrompt::ask(QWidget& over, const std::string& title) {
+std::shared_ptr<QPrinter> QtPrintPrompt::ask(QWidget& over, const std::string& title,
+                                             bool is_wide) {
     constexpr double margin_mm = 10;
     const QString shown_title = QString::fromStdString(utf8_from_text(title));
     auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageSize(usual_paper());
+    if (is_wide) printer->setPageOrientation(QPageLayout::Landscape);
     printer->setPageMargins(QMarginsF(margin_mm, margin_mm, margin_mm, margin_mm),
                             QPageLayout::Millimeter);
     printer->setDocName(shown_title);

@@ -28,17 +28,19 @@ enum Kind : i16 {
     project_information = 6
 };
 
-constexpr PreviewControls off = {"", false, false, false, false, false};
-constexpr PreviewControls edited(const char* title) {
-    return {title, true, false, false, false, false};
-}
-constexpr PreviewControls controls[] = {edited("Week Review"),
-                                        {"Print Preview", false, true, true, false, false},
-                                        edited("Month Review"),
-                                        edited("Item Label"),
-                                        {"Reports", false, false, true, true, true},
-                                        edited("Usage Reports"),
-                                        edited("Project Information")};
+constexpr PreviewControls off = {.title = ""};
+constexpr PreviewControls controls[] = {
+    {.title = "Week Review", .has_edit = true},
+    {.title = "Print Preview", .has_notes = true, .has_sizes = true},
+    {.title = "Month Review", .has_edit = true, .is_wide = true},
+    {.title = "Item Label", .has_edit = true},
+    {.title = "Reports",
+     .has_sizes = true,
+     .has_gridlines = true,
+     .edits_at_once = true,
+     .is_wide = true},
+    {.title = "Usage Reports", .has_edit = true},
+    {.title = "Project Information", .has_edit = true}};
 
 constexpr i16 first_size = 1;
 constexpr std::string_view row_begin = "<tr";

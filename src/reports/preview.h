@@ -22,11 +22,12 @@ namespace tavernook {
 
 struct PreviewControls {
     const char* title;
-    bool has_edit;       // "Edit", and "Insert Image" behind it
-    bool has_notes;      // "Add Notes"
-    bool has_sizes;      // "Font Size"
-    bool has_gridlines;  // "Gridlines"
-    bool edits_at_once;
+    bool has_edit = false;       // "Edit", and "Insert Image" behind it
+    bool has_notes = false;      // "Add Notes"
+    bool has_sizes = false;      // "Font Size"
+    bool has_gridlines = false;  // "Gridlines"
+    bool edits_at_once = false;
+    bool is_wide = false;  // a sheet of paper is to lie across
 };
 
 extern std::string html_path;

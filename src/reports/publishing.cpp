@@ -22,6 +22,7 @@ namespace {
 
 bool runs = false;
 bool cancelled = false;
+bool is_over = false;  // the session is closed, and only the window goes
 
 constexpr i16 size_on_the_web = 1;
 
@@ -170,6 +171,7 @@ void export_pages(ports::FtpExport& window, const PageBuilders& pages) {
     std::optional<Fault> failure;
     const bool is_sent = trap([&] { work.run(); }, [&](const Fault& fault) { failure = fault; });
     ftp_session().close();
+    is_over = true;
     if (is_sent) tell_result(work.sent_files());
     if (failure) tell_failure(*failure, work.sent_files());
     if (!is_sent && !failure) leave_cancelled(window, work.sent_files());
@@ -198,14 +200,13 @@ void Project_SendtoWeb() noexcept {
 void send_reports(ports::FtpExport& window, const PageBuilders& pages) noexcept {
     if (std::exchange(runs, true)) return;
     cancelled = false;
-    trap_in_module([&] { export_pages(window, pages); });
-    // Unloading the window cancels, at the end as well: the next export is not to hear of it.
-    ftp_session().close();
+    if (!trap_in_module([&] { export_pages(window, pages); })) ftp_session().close();
     runs = false;
+    is_over = false;
 }
 
 void cancel_export() noexcept {
-    if (!runs) return;
+    if (!runs || is_over) return;  // the session would keep it for the next export
     cancelled = true;
     ftp_session().cancel();
 }

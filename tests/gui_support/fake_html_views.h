@@ -126,10 +126,12 @@ class FakeHtmlViews : public HtmlViews {
 class FakePrintPrompt : public PrintPrompt {
   public:
     bool agrees = true;
+    bool was_wide = false;             // what was asked for last
     std::function<void()> while_open;  // runs while the dialog is open
     CallLog calls;
 
-    std::shared_ptr<QPrinter> ask(QWidget&, const std::string& title) override {
+    std::shared_ptr<QPrinter> ask(QWidget&, const std::string& title, bool is_wide) override {
+        was_wide = is_wide;
         calls.add("ask " + title);
         if (while_open) while_open();
         if (!agrees) return nullptr;

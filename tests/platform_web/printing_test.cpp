@@ -265,11 +265,13 @@ TEST(PrintDialog, OffersThePaperOfTheCountry) {
             EXPECT_EQ(dialog.windowTitle(), "Print - Week Review");
             dialog.done(QDialog::Accepted);
         });
-        const auto printer = web_library().ask(window, "Week Review");
+        const bool is_wide = place == QLocale::Germany;
+        const auto printer = web_library().ask(window, "Week Review", is_wide);
         ASSERT_NE(printer, nullptr);
         EXPECT_EQ(printer->pageLayout().pageSize().id(), paper);
         EXPECT_NEAR(printer->pageLayout().margins(QPageLayout::Millimeter).left(), 10, 0.5);
         EXPECT_EQ(printer->docName(), "Week Review");
+        EXPECT_EQ(printer->pageLayout().orientation() == QPageLayout::Landscape, is_wide);
     }
     QLocale::setDefault(before);
 }
@@ -277,13 +279,13 @@ TEST(PrintDialog, OffersThePaperOfTheCountry) {
 TEST(PrintDialog, GivesNothingWhenTheUserDoesNotWant) {
     QWidget window;
     when_modal<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
-    EXPECT_EQ(web_library().ask(window, "Week Review"), nullptr);
+    EXPECT_EQ(web_library().ask(window, "Week Review", false), nullptr);
 }
 
 TEST(PrintDialog, MayGoWithItsWindow) {
     auto window = std::make_unique<QWidget>();
     when_modal<QPrintDialog>([&](QPrintDialog&) { window.reset(); });
-    EXPECT_EQ(web_library().ask(*window, "Week Review"), nullptr);
+    EXPECT_EQ(web_library().ask(*window, "Week Review", false), nullptr);
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ class PlainViews : public HtmlViews {
 // The printer is there, and its page never comes to an end.
 class PlainPrintPrompt : public PrintPrompt {
   public:
-    std::shared_ptr<QPrinter> ask(QWidget&, const std::string&) override {
+    std::shared_ptr<QPrinter> ask(QWidget&, const std::string&, bool) override {
         const auto token = std::make_shared<char>();
         return {token, reinterpret_cast<QPrinter*>(token.get())};
     }

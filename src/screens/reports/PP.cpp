@@ -199,7 +199,7 @@ void PP::print() {
     const QPointer<PP> still(this);
     const int page = page_.on_show();
     if (!agrees_to_print() || !still) return;
-    const auto printer = print_prompt().ask(*this, controls().title);
+    const auto printer = print_prompt().ask(*this, controls().title, controls().is_wide);
     if (printer == nullptr || !still || !is_still_on_show(page)) return;
     const int job = begin(Job::printing);
     page_.print(

@@ -41,6 +41,16 @@ TEST_F(PreviewPrint, AsksForThePrinterAndTellsWhenItIsDone) {
     EXPECT_EQ(focused(), "print_button");
 }
 
+TEST_F(PreviewPrint, AMonthAndAReportAreOfferedASheetThatLiesAcross) {
+    for (const i16 kind : {2, 4, 0, 1, 3, 5, 6}) {
+        show(kind);
+        click("print_button");
+        EXPECT_EQ(print_prompt.was_wide, kind == 2 || kind == 4) << kind;
+        html_views.end_print(true);
+        settle();
+    }
+}
+
 TEST_F(PreviewPrint, TheEnterKeyThatBeganItStopsNothing) {
     show(0);
     press("Return");
