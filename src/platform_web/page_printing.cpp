@@ -73,14 +73,9 @@ void PagePrinting::lose_page() {
 
 void PagePrinting::start() {
     if (has_ended_) return;
-    const QPointer<PagePrinting> self(this);
-    page_->command(page_scripts::fit_to_paper, {width_of_paper(layout_), rows_of_a_part},
-                   [self](const QVariant&) {
-                       if (!self.isNull() && !self->has_ended_) self->begin();
-                   });
-}
-
-void PagePrinting::begin() {
+    // Not waited for: the engine ends the program when it is to print a page that has died
+    // meanwhile.
+    page_->command(page_scripts::fit_to_paper, {width_of_paper(layout_), rows_of_a_part});
     const bool is_file =
         printer_->outputFormat() == QPrinter::PdfFormat && !printer_->outputFileName().isEmpty();
     if (is_file) {
@@ -190,8 +185,10 @@ void PagePrinting::finish(bool succeeded) {
         if (!succeeded) printer_->abort();
         if (!painter_.end()) succeeded = false;
     }
-    if (parts_ > 1) page_->command(page_scripts::part_on_paper, {0, 0, rows_});
-    page_->command(page_scripts::as_before_paper, {});
+    if (!is_lost_) {
+        if (parts_ > 1) page_->command(page_scripts::part_on_paper, {0, 0, rows_});
+        page_->command(page_scripts::as_before_paper, {});
+    }
     told_.done(succeeded);
     if (!engine_works_) leave();
 }

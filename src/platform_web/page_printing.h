@@ -39,7 +39,6 @@ class PagePrinting : public QObject {
     void cancel();
 
   private:
-    void begin();
     void print_file();
     void count_rows();
     void print_part();

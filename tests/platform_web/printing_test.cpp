@@ -172,13 +172,15 @@ TEST_F(Printing, WithoutAPageNothingIsPrinted) {
     EXPECT_FALSE(is_there());
 }
 
+// Between two sheets. While it makes them, its death may end the engine and the program with it.
 TEST_F(Printing, ARendererThatDiesEndsThePrint) {
     ASSERT_TRUE(show(page_around(rows(3000))));
-    begin(pdf_printer());
+    const auto printer = std::make_shared<PaperPrinter>();
+    begin(printer);
+    ASSERT_TRUE(comes_true([this] { return !percents.empty(); }));
     ASSERT_TRUE(end_renderers());
     ASSERT_TRUE(ended());
     EXPECT_FALSE(*printed);
-    EXPECT_FALSE(is_there());
 }
 
 TEST_F(Printing, TheNextPageEndsThePrint) {
