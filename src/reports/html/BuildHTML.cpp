@@ -68,8 +68,17 @@ std::string TagPara(std::string_view text, i16 size) noexcept {
 }
 
 std::string TagLine(std::string_view text, i16 size) noexcept {
-    return joined({"<p style='margin-top: 0; margin-bottom: 0'><font size='", std::to_string(size),
-                   "' face='Arial'>", text, "</font></p>"});
+    std::string line;
+    append_line(line, {text}, size);
+    return line;
+}
+
+void append_line(std::string& page, std::initializer_list<std::string_view> text,
+                 i16 size) noexcept {
+    page.append("<p style='margin-top: 0; margin-bottom: 0'><font size='");
+    page.append(std::to_string(size)).append("' face='Arial'>");
+    for (const std::string_view part : text) page.append(part);
+    page.append("</font></p>");
 }
 
 std::string TagCell(std::string_view text, i16 size) noexcept {

@@ -3,6 +3,7 @@
 // are HTML font sizes, 1 to 7.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,10 @@ std::string TagPara(std::string_view text, i16 size) noexcept;
 
 // A paragraph without room above and below: one line under the other.
 std::string TagLine(std::string_view text, i16 size) noexcept;
+
+// The same behind what the page holds already, its text in parts.
+void append_line(std::string& page, std::initializer_list<std::string_view> text,
+                 i16 size) noexcept;
 
 // 20% wide, however many columns there are.
 std::string TagCell(std::string_view text, i16 size) noexcept;

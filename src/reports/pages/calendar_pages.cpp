@@ -42,12 +42,12 @@ std::string lines_of(const DayRecord& day, i16 size) {
     for (std::size_t place = 1; place <= day_places; ++place) {
         const i16 recipe = day.planned_meal[place];
         if (!is_live_row(meals, recipe)) continue;
-        lines += TagLine(std::string(meals[recipe].name.right_trimmed()) + bullet, size);
+        append_line(lines, {meals[recipe].name.right_trimmed(), bullet}, size);
     }
     for (std::size_t place = 1; place <= day_places; ++place) {
         const i16 item = day.planned_item[place];
         if (!is_live_row(items, item)) continue;
-        lines += TagLine("- " + std::string(items[item].name.right_trimmed()), size);
+        append_line(lines, {"- ", items[item].name.right_trimmed()}, size);
     }
     return lines;
 }
