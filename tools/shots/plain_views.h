@@ -1,4 +1,4 @@
-// Views of pages where the engine for them is not at hand: Qt's own text view, which draws them
+// Views of pages that stand there at once, without an engine: Qt's own text view, which draws them
 // roughly. Nothing is edited, saved or printed.
 #pragma once
 

@@ -220,8 +220,8 @@ int take_pictures(int argc, char** argv) {
     parts.replace_item = &replacement;
     PlainViews views;
     PlainPrintPrompt prompt;
-    if (parts.html_views == nullptr) parts.html_views = &views;
-    if (parts.print_prompt == nullptr) parts.print_prompt = &prompt;
+    parts.html_views = &views;
+    parts.print_prompt = &prompt;
     set_platform(parts);
     register_screens(window);
     Photographer photographer(arguments.value(1),
