@@ -75,6 +75,10 @@ ports::ReplaceItem& replace_item_screen() {
     return required(handed_over.replace_item, "replacement screen");
 }
 
+BatchScanner& scanner_device() {
+    return required(handed_over.batch_scanner, "batch scanner");
+}
+
 FtpSession& ftp_session() {
     return required(handed_over.ftp_session, "FTP session");
 }

@@ -17,9 +17,10 @@
 
 namespace tavernook {
 
-class FtpSession;   // platform/ftp_session.h
-class HtmlViews;    // platform/html_view.h
-class PrintPrompt;  // platform/html_view.h
+class BatchScanner;  // platform/batch_scanner.h
+class FtpSession;    // platform/ftp_session.h
+class HtmlViews;     // platform/html_view.h
+class PrintPrompt;   // platform/html_view.h
 namespace ports {
 class FtpExport;  // platform/ftp_export.h
 }
@@ -38,6 +39,7 @@ struct Platform {
     ports::Main* main = nullptr;
     ports::Screens* screens = nullptr;
     ports::ReplaceItem* replace_item = nullptr;
+    BatchScanner* batch_scanner = nullptr;
     FtpSession* ftp_session = nullptr;
     ports::FtpExport* ftp_export = nullptr;
     HtmlViews* html_views = nullptr;
@@ -81,6 +83,7 @@ void set_preview(ports::PP* screen);
 
 ports::ReplaceItem& replace_item_screen();
 
+BatchScanner& scanner_device();
 FtpSession& ftp_session();
 ports::FtpExport* ftp_export();  // null in a program without that window
 

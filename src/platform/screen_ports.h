@@ -30,6 +30,10 @@ class FoodInventory {
     virtual void set_view(i16 view) = 0;  // 0 the tree of categories, anything else one list
     virtual void new_item() = 0;
     virtual void add_barcode(std::string_view barcode) = 0;  // a new item that bears the code
+
+    // The code for the item whose "Scan" button opened the scan list. Does nothing, told in the
+    // message panel, when that item is not on show any more.
+    virtual void take_barcode(std::string_view barcode) = 0;
     virtual void accept_item(bool is_new) = 0;
     virtual void delete_food_item() = 0;  // what is marked in the tree, an item or a category
     virtual void initialize_inv() = 0;    // shows no item
@@ -129,6 +133,10 @@ class CS1504GETUPC {
     virtual ~CS1504GETUPC() = default;
 
     virtual void refresh_item(std::string_view barcode, std::string_view name, i16 item) = 0;
+
+    // One code is picked for the item inventory, by "Accept"; or codes are booked, as usual.
+    virtual void single_get() = 0;
+    virtual void single_not_get() = 0;
 };
 
 // Modal, over the screen in front.

@@ -33,6 +33,9 @@ class FakeFoodInventory : public ports::FoodInventory {
     void add_barcode(std::string_view barcode) override {
         calls_.add("FoodInventory add_barcode " + std::string(barcode));
     }
+    void take_barcode(std::string_view barcode) override {
+        calls_.add("FoodInventory take_barcode " + std::string(barcode));
+    }
     void accept_item(bool is_new) override {
         calls_.add(is_new ? "FoodInventory accept_item new" : "FoodInventory accept_item");
     }
@@ -178,6 +181,8 @@ class FakeScanList : public ports::CS1504GETUPC {
         calls_.add("CS1504GETUPC refresh_item " + std::string(barcode) + " " + std::string(name) +
                    " " + std::to_string(item));
     }
+    void single_get() override { calls_.add("CS1504GETUPC single_get"); }
+    void single_not_get() override { calls_.add("CS1504GETUPC single_not_get"); }
 
   private:
     CallLog& calls_;

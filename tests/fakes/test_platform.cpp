@@ -18,6 +18,7 @@ TestPlatform::TestPlatform() {
     boxes.log.pass_on_to(transcript, "box ");
     dialogs.log.pass_on_to(transcript, "dialog ");
     files.calls.pass_on_to(transcript, "file ");
+    scanner.log.pass_on_to(transcript, "scanner ");
     ftp.log.pass_on_to(transcript, "ftp ");
 
     reset_program_state();
@@ -34,6 +35,7 @@ TestPlatform::TestPlatform() {
                   .main = &main,
                   .screens = &screens,
                   .replace_item = &replace_item,
+                  .batch_scanner = &scanner,
                   .ftp_session = &ftp,
                   .ftp_export = &ftp_export});
 }

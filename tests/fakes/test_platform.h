@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "fakes/call_log.h"
+#include "fakes/fake_batch_scanner.h"
 #include "fakes/fake_boxes.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_file_associations.h"
@@ -65,6 +66,7 @@ struct TestPlatform {
     FakeProjectLock lock;
     FakeSystemInfo system;  // folders "program" and "settings" in the temporary folder, both there
     FakeHelpViewer help;
+    FakeBatchScanner scanner;
     FakeFtpSession ftp;
 };
 

@@ -296,6 +296,13 @@ void FoodInventory::add_barcode(std::string_view barcode) {
     });
 }
 
+void FoodInventory::take_barcode(std::string_view barcode) {
+    serve([&] {
+        if (form_.take_code(std::string(barcode))) return;
+        say(tr("The item that the barcode was for is not on show any more.  Nothing was changed."));
+    });
+}
+
 void FoodInventory::accept_item(bool is_new) {
     serve([&] { item_.store(is_new); });
     list_.refresh();

@@ -36,6 +36,7 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
     void set_view(i16 view) override;
     void new_item() override;
     void add_barcode(std::string_view barcode) override;
+    void take_barcode(std::string_view barcode) override;
     void accept_item(bool is_new) override;
     void delete_food_item() override;
     void initialize_inv() override;

@@ -3,20 +3,31 @@
 #include "barcodes/scanners.h"
 #include "basics/text.h"
 #include "core/project_data.h"
+#include "platform/platform.h"
 #include "screens/parts/scan_entry.h"
+#include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "ui_code_field.h"
 
 namespace tavernook {
 
+namespace {
+
+void pick_on_scan_list() {
+    if (show_screen(QStringLiteral("CS1504GETUPC")) == nullptr) return;
+    if (ports::CS1504GETUPC* list = scan_list()) list->single_get();
+}
+
+}  // namespace
+
 CodeField::CodeField(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::CodeField>()) {
     ui_->setupUi(this);
     ui_->Text13->set_collector(*ui_->Text14);
     connect(ui_->scan, &QPushButton::clicked, this, [this] { Q_EMIT command([this] { scan(); }); });
-    connect(ui_->Text13, &ScanEntry::scanned, this, &CodeField::take);
+    connect(ui_->Text13, &ScanEntry::scanned, this,
+            [this](const std::string& code) { static_cast<void>(take(code)); });
     connect(ui_->Text13, &ScanEntry::ended, this, &CodeField::show_text);
     show_code({});
-    follow_scanner_type();
 }
 
 CodeField::~CodeField() = default;
@@ -26,8 +37,9 @@ void CodeField::show_code(const std::string& code) {
     show_text();
 }
 
-void CodeField::take(const std::string& code) {
+bool CodeField::take(const std::string& code) {
     if (is_scanning_) show_code(code);
+    return is_scanning_;
 }
 
 // The old code is out of sight for as long as the box for another one is open.
@@ -40,16 +52,9 @@ void CodeField::give_up_scanning() {
     if (ui_->Text13->is_taking_one()) ui_->scan->setFocus(Qt::OtherFocusReason);
 }
 
-void CodeField::follow_scanner_type() {
-    const bool later = scanner_type == batch_scanner;
-    ui_->scan->setEnabled(!later);
-    ui_->scan->setToolTip(later ? tr("Reading from this scanner is not available in this version.")
-                                : tr("Reads or asks for the barcode of this item."));
-}
-
 void CodeField::scan() {
-    follow_scanner_type();
     is_scanning_ = true;
+    if (scanner_type == batch_scanner) return pick_on_scan_list();
     ui_->Text13->take_one(*ui_->scan);
     show_text();
 }

@@ -1,6 +1,7 @@
 // The barcode of an item, and the way to another one. "Scan" brings up a box for one code: Enter in
 // the empty box takes the code away, a line that holds no code leaves what was there, and so do
-// Escape and going elsewhere. Without a scanner the code is asked for.
+// Escape and going elsewhere. Without a scanner the code is asked for. The batch scanner is read on
+// the scan list, which hands one of its codes back.
 #pragma once
 
 #include <QWidget>
@@ -30,8 +31,8 @@ class CodeField : public QWidget {
     void give_up_scanning();
     const std::string& code() const { return code_; }
 
-    // The project's scanner may not be one that types.
-    void follow_scanner_type();
+    // The code that "Scan" was pressed for; false when none is waited for any more.
+    [[nodiscard]] bool take(const std::string& code);
 
     std::vector<QWidget*> boxes_in_order() const;
 
@@ -40,7 +41,6 @@ class CodeField : public QWidget {
 
   private:
     void scan();
-    void take(const std::string& code);
     void show_text();
 
     std::unique_ptr<Ui::CodeField> ui_;

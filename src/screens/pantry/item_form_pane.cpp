@@ -174,7 +174,6 @@ void ItemFormPane::put_on(On shown) {
 void ItemFormPane::follow(i16 item) {
     refresh_units();
     refresh_stores();
-    ui_->code_field->follow_scanner_type();
     if (item != 0) fields_.follow(item);
     if (on_ != On::nothing) ui_->item_category->fill();
     update_labels();
@@ -219,6 +218,10 @@ std::string ItemFormPane::name() const {
 
 void ItemFormPane::set_code(const std::string& code) {
     ui_->code_field->show_code(code);
+}
+
+bool ItemFormPane::take_code(const std::string& code) {
+    return ui_->code_field->take(code);
 }
 
 ItemValues ItemFormPane::values(i16 item) const {

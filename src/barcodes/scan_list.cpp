@@ -1,0 +1,7 @@
+#include "barcodes/scan_list.h"
+
+namespace tavernook {
+
+std::vector<ScanRow> scan_rows;
+
+}  // namespace tavernook
