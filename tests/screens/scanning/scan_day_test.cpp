@@ -66,12 +66,12 @@ TEST_F(ScanDay, CodesAreAskedAboutBeforeTheProjectGoes) {
     scan("1111");
     press_letter("Alt+C");
     platform.boxes.expect_message(question, Answer::no).buttons(Buttons::yes_no);
-    press("Ctrl+W");
+    action("mnuFile_Close").trigger();
     EXPECT_NE(project_open, 0);
     EXPECT_TRUE(is_open("CS1504GETUPC"));  // there they are
     EXPECT_EQ(scan_rows.size(), 1u);
     platform.boxes.expect_message(question, Answer::yes);
-    press("Ctrl+W");
+    action("mnuFile_Close").trigger();
     EXPECT_EQ(project_open, 0);
     EXPECT_TRUE(scan_rows.empty());
 }

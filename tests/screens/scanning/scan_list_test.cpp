@@ -44,10 +44,7 @@ TEST_F(ScanList, LettersAndDigitsOfACodeCountWhereverTheFocusIs) {
                                  where->isEnabled() && where->focusProxy() == nullptr;
         if (!takes_focus) continue;
         where->setFocus();
-        for (const char letter : std::string("AB-12")) {
-            QTest::keyClick(QApplication::focusWidget(), letter);
-        }
-        press("Return");
+        scan("AB-12");
         EXPECT_EQ(codes().size(), ++rows) << where->objectName().toStdString();
         EXPECT_EQ(codes().back(), "AB-12");
     }
@@ -216,6 +213,7 @@ TEST_F(ScanList, TheBatchScannersButtonsAreThereForItAlone) {
     for (const int button : {3, 4, 5, 6}) EXPECT_TRUE(has_button(button));
     scanner_type = 1;
     end_of_step();
+    settle();
     for (const int button : {1, 2, 3, 4, 5, 6}) EXPECT_TRUE(has_button(button));
 }
 
