@@ -50,6 +50,10 @@ class BatchScanner {
 
     // The system's serial ports in the order of "Comm 1" to "Comm 16", as "ttyUSB0".
     virtual std::vector<std::string> port_names() noexcept = 0;
+
+    // Why the last csp2Init, csp2ReadData or csp2ClearData failed, a sentence for the user: "No
+    // scanner answers at ttyUSB0."; empty when it did not fail.
+    virtual std::string trouble() noexcept = 0;
 };
 
 }  // namespace tavernook

@@ -53,6 +53,7 @@ class FakeBatchScanner : public BatchScanner {
         cancelled = true;
     }
     std::vector<std::string> port_names() noexcept override { return ports; }
+    std::string trouble() noexcept override { return why; }
 
     CallLog log;
     i32 port_result = 0;
@@ -60,6 +61,7 @@ class FakeBatchScanner : public BatchScanner {
     bool cancelled = false;
     std::vector<std::string> packets;
     std::vector<std::string> ports;
+    std::string why;  // what `trouble` tells
 
     // Called while the codes are read.
     std::function<void()> meanwhile;
