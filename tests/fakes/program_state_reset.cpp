@@ -1,5 +1,6 @@
 #include "fakes/program_state_reset.h"
 
+#include "barcodes/scan_list.h"
 #include "core/catagories.h"
 #include "core/name_rows.h"
 #include "core/program_state.h"
@@ -93,6 +94,7 @@ void reset_status() {
     tax_text.clear();
     forget_project_files();
     drop_waiting_audit();
+    scan_rows.clear();
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "screens/planner/MealPlan.h"
 #include "screens/reports/PP.h"
 #include "screens/reports/Reports.h"
+#include "screens/scanning/CS1504GETUPC.h"
 
 namespace tavernook {
 
@@ -37,6 +38,7 @@ void register_screens(Main& main) {
     add<UnitsForm>(registry, "UnitsForm", Opens::at_its_size);
     add<wam>(registry, "wam", Opens::at_its_size);
     add<PP>(registry, "PP");
+    add<CS1504GETUPC>(registry, "CS1504GETUPC");
 }
 
 }  // namespace tavernook
