@@ -34,6 +34,10 @@ QString codes_told(int count) {
     return count == 1 ? QObject::tr("1 code") : QObject::tr("%1 codes").arg(count);
 }
 
+QString trouble_told() {
+    return shown_text(scanner_device().trouble());
+}
+
 // What is still to be done comes first: the end of a long line may be out of sight.
 QString words_for(const ScanBooking& booking, const char* what_for) {
     QStringList words;
@@ -182,14 +186,16 @@ void CS1504GETUPC::read_scanner() {
     if (!still) return;
     is_reading_ = false;
     rows_.focus_list();
-    if (count > 0) say(tr("%1 came from the scanner.").arg(codes_told(count)));
+    say(count > 0 ? tr("%1 came from the scanner.").arg(codes_told(count)) : trouble_told());
 }
 
 void CS1504GETUPC::clear() {
     setWindowTitle(tr(usual_caption));
     clear_scanner();
     rows_.focus_list();
-    say(tr("The list is empty, and the scanner was told to clear its codes."));
+    const QString trouble = trouble_told();
+    say(trouble.isEmpty() ? tr("The list is empty, and the scanner was told to clear its codes.")
+                          : tr("The list is empty.  %1").arg(trouble));
 }
 
 void CS1504GETUPC::import_file() {
