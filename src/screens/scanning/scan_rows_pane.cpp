@@ -66,10 +66,12 @@ void ScanRowsPane::set_up_list() {
     dress_list(list_);
     list_.setModel(rows_);
     follow_font_size(list_);
-    const int letters[] = {20, 36, 12, 12, 12};
+    const int letters[] = {34, 40, 18, 18, 18};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         list_.header()->resizeSection(column, letters_wide(*this, letters[column]));
     }
+    list_.header()->setStretchLastSection(false);
+    list_.header()->setSectionResizeMode(1, QHeaderView::Stretch);
     hint_when_empty(list_, tr("No codes yet. Scan what you have bought or used up, or import a "
                               "list of codes."));
 }
