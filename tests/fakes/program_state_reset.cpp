@@ -1,5 +1,6 @@
 #include "fakes/program_state_reset.h"
 
+#include "barcodes/barcode_on_show.h"
 #include "core/catagories.h"
 #include "core/name_rows.h"
 #include "core/program_state.h"
@@ -76,6 +77,7 @@ void reset_status() {
     window_geometry = WindowGeometry{};
     audit_done_flag = i16_false;
     export_style = 0;
+    barcode_on_show = {};
     set_htmlpath("", 0);
     set_repname("");
     reset_planner_state();
