@@ -48,18 +48,13 @@ void append_row(std::string& page, std::string_view name, std::string_view code)
     page.append(name).append(" (").append(code).append(")").append(row_end);
 }
 
-// Pages show a row of blanks as one.
-bool is_read_from_page(std::string_view code) {
-    return is_read_back(code) && code.find("  ") == code.npos;
-}
-
 void append_item(std::string& page, SheetLabels& labels, const ItemRecord& item) {
     const std::string code = starred_code(item);
     append_row(page, item.name.right_trimmed(), code.empty() ? no_code : code);
     ++labels.items;
     if (code.empty()) {
         ++labels.without_code;
-    } else if (!is_read_from_page(item_code(item))) {
+    } else if (!is_read_back(item_code(item))) {
         ++labels.misread;
     }
 }

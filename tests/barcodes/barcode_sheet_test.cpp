@@ -118,10 +118,10 @@ TEST_F(BarcodeSheet, NamesAndCodesStandAsTheyAre) {
 }
 
 TEST_F(BarcodeSheet, CountsTheLabelsThatAreReadAsSomethingElse) {
-    for (const char* good : {"012345678905", "ABC-1.2 $/+%"}) {
+    for (const char* good : {"012345678905", "ABC-1.2 $/+%", "A  B"}) {
         EXPECT_EQ(labels_of(good).misread, 0) << good;
     }
-    for (const char* bad : {"abc", "A#1", "M\xDC", "*12*", "1*2", "A  B"}) {
+    for (const char* bad : {"abc", "A#1", "M\xDC", "*12*", "1*2"}) {
         EXPECT_EQ(labels_of(bad), (SheetLabels{.items = 1, .misread = 1})) << bad;
     }
 }

@@ -101,7 +101,7 @@ void ItemListPane::show_menu(const QPoint& on_screen, const MenuCommands& comman
     menu.setToolTipsVisible(true);
     menu.addActions({commands.new_item, commands.new_category});
     menu.addSeparator();
-    menu.addActions({rename_action(), commands.copy, commands.remove});
+    menu.addActions({rename_action(), commands.copy, commands.barcode, commands.remove});
     menu.addSeparator();
     for (QPushButton* button : {ui_->expand_tree, ui_->collapse_tree}) {
         QAction* entry = menu.addAction(button->text());

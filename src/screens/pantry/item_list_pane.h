@@ -39,6 +39,7 @@ class ItemListPane : public CatagoryTreePane {
         QAction* new_item;
         QAction* new_category;
         QAction* copy;
+        QAction* barcode;
         QAction* remove;
         QAction* count_texts;
     };
