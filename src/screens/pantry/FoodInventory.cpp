@@ -15,7 +15,6 @@
 #include "recipes/catagory_removal.h"
 #include "reports/preview.h"
 #include "screens/pantry/LotView.h"
-#include "screens/pantry/barcode_picture.h"
 #include "screens/pantry/catagory_box.h"
 #include "screens/pantry/copydialog.h"
 #include "screens/pantry/hand_over.h"
@@ -93,9 +92,6 @@ void FoodInventory::connect_commands() {
     on_command(ui_->item_toolbar_1_11, [this] {
         if (item_.settle()) preview_label(item_.number());
     });
-    on_command(ui_->barcode_picture, [this] {
-        if (item_.settle()) show_barcode_of(item_.number());
-    });
     on_command(ui_->count_texts, [] { show_string_count(); });
     on_command(ui_->item_toolbar_2_1, [this] { accept(); });
     on_command(ui_->close_screen, [this] {
@@ -114,7 +110,8 @@ void FoodInventory::connect_panes() {
     connect(&list_, &ItemListPane::insert_wanted, ui_->item_toolbar_1_1, &QAction::trigger);
     connect(&list_, &ItemListPane::delete_wanted, ui_->item_toolbar_1_4, &QAction::trigger);
     list_.set_menu({ui_->item_toolbar_1_1, ui_->item_toolbar_1_2, ui_->item_toolbar_1_5,
-                    ui_->barcode_picture, ui_->item_toolbar_1_4, ui_->count_texts});
+                    ui_->item_toolbar_1_4, ui_->count_texts});
+    connect(&list_, &ItemListPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::lots_wanted, this,
             [this] { run([this] { show_lot_view(item_.number()); }); });
@@ -159,8 +156,7 @@ void FoodInventory::update_commands() {
     list_.set_item_on_show(item);
     ui_->item_toolbar_2_1->setEnabled(item_.is_any());
     ui_->item_toolbar_1_4->setEnabled(!is_copying_ && !item_.is_new() && (item != 0 || catagory));
-    for (QAction* its : {ui_->item_toolbar_1_5, ui_->item_toolbar_1_10, ui_->item_toolbar_1_11,
-                         ui_->barcode_picture})
+    for (QAction* its : {ui_->item_toolbar_1_5, ui_->item_toolbar_1_10, ui_->item_toolbar_1_11})
         its->setEnabled(item != 0);
     hand_over_bar_.set_item(item);
     ui_->form_hint->setVisible(!item_.is_any() && list_.leaf_count() > 0);

@@ -12,7 +12,7 @@
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/page_pane.h"
-#include "screens/parts/page_printing.h"
+#include "screens/parts/print_pane.h"
 #include "screens/parts/shown_text.h"
 #include "ui_PP.h"
 
@@ -71,8 +71,8 @@ void PP::connect_commands() {
 
 void PP::connect_page() {
     printing_.set_up(*this, page_);
-    connect(&printing_, &PagePrinting::begun, this, &PP::update_commands);
-    connect(&printing_, &PagePrinting::ended, this, &PP::end);
+    connect(&printing_, &PrintPane::begun, this, &PP::update_commands);
+    connect(&printing_, &PrintPane::ended, this, &PP::end);
     connect(&page_, &PagePane::arrived, this, [this] { guarded([this] { follow_arrival(); }); });
     connect(&page_, &PagePane::missed, this, [this](bool lost) {
         guarded([&] {

@@ -20,7 +20,7 @@
 namespace tavernook {
 
 class PagePane;
-class PagePrinting;
+class PrintPane;
 
 namespace Ui {
 class PP;
@@ -66,7 +66,7 @@ class PP : public Screen, public ports::PP, public RunningWork {
 
     std::unique_ptr<Ui::PP> ui_;
     PagePane& page_;
-    PagePrinting& printing_;
+    PrintPane& printing_;
     int job_ = 0;  // the save that was begun last
     bool is_saving_ = false;
     bool page_waits_ = false;  // for the end of the job

@@ -8,7 +8,7 @@
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/page_pane.h"
-#include "screens/parts/page_printing.h"
+#include "screens/parts/print_pane.h"
 #include "ui_BCBuild.h"
 
 namespace tavernook {
@@ -88,8 +88,8 @@ void BCBuild::connect_commands() {
 
 void BCBuild::connect_page() {
     printing_.set_up(*this, page_);
-    connect(&printing_, &PagePrinting::begun, this, &BCBuild::update_commands);
-    connect(&printing_, &PagePrinting::ended, this, &BCBuild::end);
+    connect(&printing_, &PrintPane::begun, this, &BCBuild::update_commands);
+    connect(&printing_, &PrintPane::ended, this, &BCBuild::end);
     connect(&page_, &PagePane::arrived, this, [this] { guarded([this] { update_commands(); }); });
     connect(&page_, &PagePane::missed, this, [this] {
         guarded([this] {

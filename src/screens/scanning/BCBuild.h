@@ -19,7 +19,7 @@
 namespace tavernook {
 
 class PagePane;
-class PagePrinting;
+class PrintPane;
 
 namespace Ui {
 class BCBuild;
@@ -51,7 +51,7 @@ class BCBuild : public Screen, public RunningWork {
 
     std::unique_ptr<Ui::BCBuild> ui_;
     PagePane& page_;
-    PagePrinting& printing_;
+    PrintPane& printing_;
     SheetLabels labels_;  // of the sheet on show; none is counted of one that was there before
 };
 

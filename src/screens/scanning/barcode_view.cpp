@@ -57,14 +57,14 @@ QSize BarcodeView::minimumSizeHint() const {
 void BarcodeView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
-    const qreal ratio = painter.device()->devicePixelRatio();
+    const QTransform to_screen = painter.deviceTransform();
+    const qreal ratio = to_screen.m11();
     const int times = scale(ratio);
     if (times == 0) return;
     QImage drawn =
         bars_.scaled(bars_.size() * times, Qt::IgnoreAspectRatio, Qt::FastTransformation);
     drawn.setDevicePixelRatio(ratio);
     const QSizeF left_over = QSizeF(size()) - drawn.deviceIndependentSize();
-    const QTransform to_screen = painter.deviceTransform();
     const QPoint corner =
         to_screen.map(QPointF(left_over.width() / 2, left_over.height() / 2)).toPoint();
     painter.drawImage(to_screen.inverted().map(QPointF(corner)), drawn);

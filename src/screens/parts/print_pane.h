@@ -17,15 +17,15 @@ class PagePane;
 class Screen;
 
 namespace Ui {
-class PagePrinting;
+class PrintPane;
 }
 
-class PagePrinting : public QWidget {
+class PrintPane : public QWidget {
     Q_OBJECT
 
   public:
-    explicit PagePrinting(QWidget* parent = nullptr);
-    ~PagePrinting() override;
+    explicit PrintPane(QWidget* parent = nullptr);
+    ~PrintPane() override;
 
     // Once, before all else. Both outlive this pane.
     void set_up(Screen& screen, PagePane& page);
@@ -51,7 +51,7 @@ class PagePrinting : public QWidget {
     void show_state();
     bool runs(int job) const { return is_running_ && job == job_; }
 
-    std::unique_ptr<Ui::PagePrinting> ui_;
+    std::unique_ptr<Ui::PrintPane> ui_;
     Screen* screen_ = nullptr;
     PagePane* page_ = nullptr;
     int job_ = 0;

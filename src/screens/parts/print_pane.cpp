@@ -1,4 +1,4 @@
-#include "screens/parts/page_printing.h"
+#include "screens/parts/print_pane.h"
 
 #include <QMetaObject>
 #include <QPointer>
@@ -8,7 +8,7 @@
 #include "reports/preview.h"
 #include "screens/parts/page_pane.h"
 #include "screens/parts/screen.h"
-#include "ui_page_printing.h"
+#include "ui_print_pane.h"
 
 namespace tavernook {
 
@@ -26,15 +26,14 @@ bool agrees_to_print(const std::string& path) {
 
 }  // namespace
 
-PagePrinting::PagePrinting(QWidget* parent)
-    : QWidget(parent), ui_(std::make_unique<Ui::PagePrinting>()) {
+PrintPane::PrintPane(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::PrintPane>()) {
     ui_->setupUi(this);
     hide();
 }
 
-PagePrinting::~PagePrinting() = default;
+PrintPane::~PrintPane() = default;
 
-void PagePrinting::set_up(Screen& screen, PagePane& page) {
+void PrintPane::set_up(Screen& screen, PagePane& page) {
     screen_ = &screen;
     page_ = &page;
     connect(ui_->stop_button, &QPushButton::clicked, screen_,
@@ -46,8 +45,8 @@ void PagePrinting::set_up(Screen& screen, PagePane& page) {
     });
 }
 
-void PagePrinting::print(const std::string& title, bool is_wide) {
-    const QPointer<PagePrinting> still(this);
+void PrintPane::print(const std::string& title, bool is_wide) {
+    const QPointer<PrintPane> still(this);
     const int page = page_->on_show();
     if (!agrees_to_print(page_->path()) || !still) return;
     const auto printer = print_prompt().ask(*screen_, title, is_wide);
@@ -63,7 +62,7 @@ void PagePrinting::print(const std::string& title, bool is_wide) {
         });
 }
 
-void PagePrinting::begin() {
+void PrintPane::begin() {
     ++job_;
     is_running_ = true;
     is_stopped_ = false;
@@ -73,34 +72,34 @@ void PagePrinting::begin() {
     Q_EMIT begun();
 }
 
-void PagePrinting::follow_end(int job, bool is_done) {
+void PrintPane::follow_end(int job, bool is_done) {
     if (!runs(job)) return;
     if (is_done) return end(tr("The page was handed to the printer."));
     end(is_stopped_ ? tr("Printing was stopped.  A part of the page may come out of the printer.")
                     : tr("The page could not be printed, or only a part of it."));
 }
 
-void PagePrinting::end(const QString& words) {
+void PrintPane::end(const QString& words) {
     is_running_ = false;
     is_stopped_ = false;
     show_state();
     Q_EMIT ended(words);
 }
 
-void PagePrinting::stop() {
+void PrintPane::stop() {
     if (std::exchange(is_stopped_, true)) return;
     say(tr("Printing is being stopped."));
     show_state();
     page_->cancel_printing();
 }
 
-void PagePrinting::end_with_screen(const QString& words) {
+void PrintPane::end_with_screen(const QString& words) {
     if (!std::exchange(is_running_, false)) return;
     page_->cancel_printing();
     say_behind_closing(*screen_, words);
 }
 
-void PagePrinting::show_state() {
+void PrintPane::show_state() {
     ui_->stop_button->setEnabled(!is_stopped_);
     setVisible(is_running_);
 }
