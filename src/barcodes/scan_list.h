@@ -24,7 +24,7 @@ struct ScanRow {
     bool is_known = false;
 };
 
-// In the order in which the codes came.
+// In the order in which the codes came, and so of their ids.
 extern std::vector<ScanRow> scan_rows;
 
 inline constexpr std::size_t most_scan_rows = 32767;
@@ -40,21 +40,25 @@ i16 find_barcode(std::string_view barcode) noexcept;
 
 // The live item that a code of the list means; 0 when there is none. A code that begins with "TVK"
 // ("tvk" and "Tvk" count as well, but for the Cue Cat) and goes on with a number is the program's
-// own label and means the item of that number. Any other is looked up by find_barcode, and as a
-// code of a live item where that finds a slot that is free.
+// own label and means the item of that number. Any other code, and a label of no item, is looked up
+// by find_barcode and, where that finds no live item, as a code that a live one bears: with blanks
+// around it, or longer than an item can bear. A blank code means none.
 i16 item_of_scan(std::string_view code) noexcept;
 
 // Appends a row: the code without blanks at its end, 1 for a quantity of 0, "Auto" for a blank lot.
-// Fault 6 when the list is full: the box is the caller's.
+// Fault 6 when the list is full, Fault 13 for a quantity that is no number: the box is the
+// caller's.
 void populate_item(std::string_view barcode, f64 quantity, std::string_view lot);
 
-// Rows of that code show the item's present units and this name. A box of its own on a fault.
+// Rows of that code show the item's present units and this name. A box of its own for a number
+// outside the table.
 void refresh_item(std::string_view barcode, std::string_view name, i16 item) noexcept;
 
 // What all rows say of their items, anew.
 void refresh_scan_rows() noexcept;
 
-// Of the first row of that code, as a whole number; 0 without such a row.
+// Of the first row of that code, rounded half to even; 0 without such a row and, with a box, for a
+// quantity beyond 16 bits.
 i16 GetQTY(std::string_view barcode) noexcept;
 
 // The first row of that code; that row; all of them.
@@ -68,6 +72,6 @@ void ModQuantity(i32 id) noexcept;
 void ModLot(i32 id) noexcept;
 
 // "ERROR 5 ERROR DESCRIPTIONInvalid procedure call": how the list's commands tell a Fault.
-std::string scan_list_message(i32 number, std::string_view description);
+std::string scan_list_message(i32 number, std::string_view description) noexcept;
 
 }  // namespace tavernook

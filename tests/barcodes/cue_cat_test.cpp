@@ -1,6 +1,7 @@
 #include "barcodes/cue_cat.h"
 
 #include <gtest/gtest.h>
+#include <random>
 #include <string>
 
 namespace tavernook {
@@ -54,6 +55,40 @@ TEST(CueCatTest, LettersWorkedOutByHandAreDecoded) {
 TEST(CueCatTest, ARetailBarcodeComesBack) {
     EXPECT_EQ(decode_cue_cat(scanned("012345678905")), "012345678905");
     EXPECT_EQ(decode_cue_cat(scanned("978014026")), "978014026");
+}
+
+// A code of 1, 7, 13 ... bytes leaves two letters over, and the half of a byte that they are too
+// short of rounds up: zero bits, which read "C", stand behind it.
+TEST(CueCatTest, RandomCodesComeBack) {
+    std::mt19937 random(20240515);
+    for (int turn = 0; turn < 10000; ++turn) {
+        std::string code(random() % 76, ' ');
+        for (char& byte : code) {
+            byte = static_cast<char>(turn % 2 == 0 ? '0' + random() % 10 : random());
+        }
+        const std::string rounded_up = code.size() % 6 == 1 ? "C" : "";
+        EXPECT_EQ(decode_cue_cat(scanned(code)), code + rounded_up) << "turn " << turn;
+    }
+}
+
+// Weights 1 and 3 in turn from the front, or 3 and 1.
+char check_digit(const std::string& digits, int first_weight) {
+    int sum = 0;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        sum += (digits[i] - '0') * (i % 2 == 0 ? first_weight : 4 - first_weight);
+    }
+    return static_cast<char>('0' + (10 - sum % 10) % 10);
+}
+
+// Lines that are passed around as examples of the device, held by the check digits of their codes.
+TEST(CueCatTest, LinesOfTheDeviceGiveTheirCodes) {
+    const std::string grocery = "04667500080";
+    EXPECT_EQ(decode_cue_cat(".C3nZC3nZC3nZD3b6ChbZDxv7.fHmc.C3D1Dxr2C3nZE3n7."),
+              grocery + check_digit(grocery, 3));
+    const std::string book = "978068484914";
+    const std::string price = "51500";
+    EXPECT_EQ(decode_cue_cat(".C3nZC3nZC3n2C3j1DNnWENn2.cGf2.ENr7C3v7D3T3ENj3C3zYDNnZ."),
+              book + check_digit(book, 1) + price);
 }
 
 TEST(CueCatTest, EveryByteComesBack) {

@@ -1,6 +1,7 @@
 #include "fakes/program_state_reset.h"
 
 #include "barcodes/barcode_on_show.h"
+#include "barcodes/scan_list.h"
 #include "core/catagories.h"
 #include "core/name_rows.h"
 #include "core/program_state.h"
@@ -95,6 +96,7 @@ void reset_status() {
     tax_text.clear();
     forget_project_files();
     drop_waiting_audit();
+    scan_rows.clear();
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "screens/reports/Reports.h"
 #include "screens/scanning/BCBuild.h"
 #include "screens/scanning/BCGEN.h"
+#include "screens/scanning/CS1504GETUPC.h"
 
 namespace tavernook {
 
@@ -41,6 +42,7 @@ void register_screens(Main& main) {
     add<PP>(registry, "PP");
     add<BCBuild>(registry, "BCBuild");
     add<BCGEN>(registry, "BCGEN", Opens::at_its_size);
+    add<CS1504GETUPC>(registry, "CS1504GETUPC");
 }
 
 }  // namespace tavernook
