@@ -2,7 +2,6 @@
 // repaint and hear the user.
 #pragma once
 
-#include <QObject>
 #include <memory>
 
 #include "platform_services/serial_line.h"
