@@ -99,6 +99,9 @@ void ScanRowsPane::set_up_commands() {
 
 void ScanRowsPane::follow_changes() {
     ui_->Text1->follow_scanner_type();
+    if (scanner_type == batch_scanner) {
+        ui_->Text1->setPlaceholderText(tr("The codes come by \"Read Scanner\""));
+    }
     if (seen_.is_stale()) refresh_scan_rows();
     seen_.renew();
     std::vector<RowId> ids;
