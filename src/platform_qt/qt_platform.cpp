@@ -8,6 +8,7 @@ namespace tavernook {
 
 QtPlatform::QtPlatform()
     : help_viewer(system_info.program_folder() + "/help"),
+      batch_scanner(serial_line),
       ftp_session({.pump = [] { QCoreApplication::processEvents(); },
                    .known_hosts = system_info.settings_folder() + "/known_hosts"}),
       web_library(web_library_folders()),
@@ -28,6 +29,7 @@ Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* m
             .save_progress = save_progress,
             .main = main,
             .screens = screens,
+            .batch_scanner = &batch_scanner,
             .ftp_session = &ftp_session,
             .html_views = &web_library,
             .print_prompt = &web_library};

@@ -9,9 +9,11 @@
 #include "platform_qt/qt_file_dialogs.h"
 #include "platform_qt/qt_help_viewer.h"
 #include "platform_qt/qt_project_lock.h"
+#include "platform_qt/qt_serial_line.h"
 #include "platform_qt/qt_settings_store.h"
 #include "platform_qt/qt_system_info.h"
 #include "platform_qt/web_library.h"
+#include "platform_services/cs1504_scanner.h"
 #include "platform_services/curl_ftp_session.h"
 
 namespace tavernook {
@@ -31,6 +33,8 @@ struct QtPlatform {
     QtProjectLock project_lock;
     QtSystemInfo system_info;
     QtHelpViewer help_viewer;
+    QtSerialLine serial_line;
+    Cs1504Scanner batch_scanner;
     CurlFtpSession ftp_session;
     WebLibrary web_library;
 

@@ -30,7 +30,8 @@ class FakeBatchScanner : public BatchScanner {
         log.add("read");
         cancelled = false;
         if (meanwhile) meanwhile();
-        if (cancelled || !is_attached) return -1;
+        if (cancelled) return reading_cancelled;
+        if (!is_attached) return -1;
         return static_cast<i32>(packets.size());
     }
     i32 csp2GetPacket(std::span<char> buffer, i32 packet, i32 longest) noexcept override {
@@ -53,6 +54,7 @@ class FakeBatchScanner : public BatchScanner {
         cancelled = true;
     }
     std::vector<std::string> port_names() noexcept override { return ports; }
+    std::string trouble() noexcept override { return why; }
 
     CallLog log;
     i32 port_result = 0;
@@ -60,6 +62,7 @@ class FakeBatchScanner : public BatchScanner {
     bool cancelled = false;
     std::vector<std::string> packets;
     std::vector<std::string> ports;
+    std::string why;  // what `trouble` tells
 
     // Called while the codes are read.
     std::function<void()> meanwhile;

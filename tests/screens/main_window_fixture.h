@@ -53,6 +53,7 @@ class MainWindowTest : public testing::Test {
                 .main = &window,
                 .screens = &window.registry(),
                 .replace_item = &replacement,
+                .batch_scanner = &platform.scanner,
                 .ftp_session = &platform.ftp,
                 .ftp_export = &publishing,
                 .html_views = &html_views,

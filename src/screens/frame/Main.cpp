@@ -23,6 +23,7 @@
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/window_memory.h"
 #include "screens/parts/shown_text.h"
+#include "screens/scanning/scanned_codes.h"
 #include "ui_Main.h"
 
 namespace tavernook {
@@ -182,10 +183,14 @@ void Main::closeEvent(QCloseEvent* event) {
     end_program();
 }
 
+bool Main::may_leave_project() {
+    return registry_->settle_edits() && may_lose_scanned_codes();
+}
+
 bool Main::may_close() {
     const Busy busy(*this);
     bool may = false;
-    guarded([&] { may = registry_->settle_edits() && main_unload(); });
+    guarded([&] { may = may_leave_project() && main_unload(); });
     if (may) remember_window(*this);
     return may;
 }
@@ -232,7 +237,7 @@ void Main::open_recent(int index) {
 // By value, as opening changes the list that the path may come from.
 void Main::open_path(const std::string& path) {
     run([this, wanted = path] {
-        if (!registry_->settle_edits()) return;
+        if (!may_leave_project()) return;
         project_load_failed = i16_false;
         open_recent_project(wanted);
         tell_when_not_opened(wanted);

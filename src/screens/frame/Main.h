@@ -37,6 +37,10 @@ class Main : public QMainWindow, public ports::Main {
     ~Main() override;
 
     ScreenRegistry& registry() { return *registry_; }
+
+    // Asks about everything that would go with the project, edits and scanned codes; false as soon
+    // as the user wants to stay.
+    [[nodiscard]] bool may_leave_project();
     SaveProgress& progress() { return *progress_; }
 
     // What comes before the first show. The path of a project or empty.

@@ -107,9 +107,7 @@ void ProjectSetup::fill_lists() {
     ui_->scanner_list->addItems({QStringLiteral("Scanner with Keyboard Wedge"),
                                  QStringLiteral("Symbol CS1504 Scanner"),
                                  QStringLiteral("Cue Cat Scanner"), QStringLiteral("No Scanner")});
-    for (int port = 1; port <= comm_ports; ++port) {
-        ui_->port_list->addItem(QStringLiteral("Comm %1").arg(port));
-    }
+    ui_->port_list->name_ports();
 }
 
 void ProjectSetup::show_settings() {

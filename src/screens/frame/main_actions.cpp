@@ -17,8 +17,8 @@ namespace tavernook {
 namespace {
 
 bool is_available(const MainCommand& command, const ScreenRegistry& registry) {
-    if (command.run != nullptr) return true;
-    return command.screen != nullptr && registry.knows(QLatin1String(command.screen));
+    if (command.screen != nullptr) return registry.knows(QLatin1String(command.screen));
+    return command.run != nullptr;
 }
 
 // Why a command is disabled, as a sentence; empty when it is enabled.

@@ -2,6 +2,7 @@
 
 #include "core/project/daily_audit.h"
 #include "core/project/main_commands.h"
+#include "platform/platform.h"
 #include "reports/publishing.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/ProjectSetup.h"
@@ -11,10 +12,10 @@ namespace tavernook {
 namespace {
 
 void new_project(Main& window) {
-    if (window.registry().settle_edits()) mnuFile_NewProject();
+    if (window.may_leave_project()) mnuFile_NewProject();
 }
 void open(Main& window) {
-    if (window.registry().settle_edits()) mnuFile_Open();
+    if (window.may_leave_project()) mnuFile_Open();
 }
 void save(Main& window) {
     if (window.registry().settle_edits()) mnuFile_Save();
@@ -23,7 +24,12 @@ void save_as(Main& window) {
     if (window.registry().settle_edits()) mnuFile_SaveAs();
 }
 void close_project(Main& window) {
-    if (window.registry().settle_edits()) mnuFile_Close();
+    if (window.may_leave_project()) mnuFile_Close();
+}
+// Opened from here it books codes, however it was opened before.
+void scan_list_to_book(Main& window) {
+    window.registry().show(QStringLiteral("CS1504GETUPC"));
+    if (ports::CS1504GETUPC* list = scan_list()) list->single_not_get();
 }
 void leave(Main&) {
     mnuFile_Exit();
@@ -96,7 +102,7 @@ constexpr MainCommand commands[] = {
     {"toolbar_1_9", nullptr, "Mealbuilder", Needs::project_button, "recipes", "See and write recipes."},
     {"toolbar_1_11", help, none, Needs::nothing, "help", "Show the help pages."},
     {"toolbar_2_1", nullptr, "Reports", Needs::project_button, "reports", "Find, list and print."},
-    {"toolbar_2_2", nullptr, "CS1504GETUPC", Needs::project_button, "scan_list", "See the scanned codes and book them."},
+    {"toolbar_2_2", scan_list_to_book, "CS1504GETUPC", Needs::project_button, "scan_list", "See the scanned codes and book them."},
     {"toolbar_2_3", nullptr, "ShoppingList", Needs::project_button, "grocery_list", "See what has to be bought."},
     {"toolbar_2_4", nullptr, "BCBuild", Needs::project_button, "barcodes", "Make a sheet of barcode labels."},
     {"toolbar_2_5", nullptr, "wam", Needs::project_button, "measures", "See and change weights and measures."},

@@ -7,6 +7,7 @@
 #include <functional>
 #include <utility>
 
+#include "barcodes/scan_list.h"
 #include "platform/platform.h"
 #include "screens/frame/screen_over_dialog.h"
 #include "screens/parts/running_work.h"
@@ -165,6 +166,7 @@ void ScreenRegistry::unload_all() {
         if (auto* work = dynamic_cast<RunningWork*>(screen.data())) work->end_work();
     }
     loaded_.clear();
+    clear_scan_list();  // its codes were for the project that goes
     for (QMdiSubWindow* child : area_.subWindowList()) remember(*child);
     for (QMdiSubWindow* child : area_.subWindowList()) {
         area_.removeSubWindow(child);

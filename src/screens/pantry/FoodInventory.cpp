@@ -86,12 +86,8 @@ void FoodInventory::connect_commands() {
     on_command(ui_->item_toolbar_1_5, [this] { copy_item_shown(); });
     on_command(ui_->item_toolbar_1_6, [] { show_screen(QStringLiteral("StoresForm")); });
     on_command(ui_->item_toolbar_1_7, [] { show_screen(QStringLiteral("UnitsForm")); });
-    on_command(ui_->item_toolbar_1_10, [this] {
-        if (item_.settle()) preview_usage(item_.number());
-    });
-    on_command(ui_->item_toolbar_1_11, [this] {
-        if (item_.settle()) preview_label(item_.number());
-    });
+    on_command(ui_->item_toolbar_1_10, [this] { show_page(preview_usage); });
+    on_command(ui_->item_toolbar_1_11, [this] { show_page(preview_label); });
     on_command(ui_->count_texts, [] { show_string_count(); });
     on_command(ui_->item_toolbar_2_1, [this] { accept(); });
     on_command(ui_->close_screen, [this] {
@@ -111,6 +107,7 @@ void FoodInventory::connect_panes() {
     connect(&list_, &ItemListPane::delete_wanted, ui_->item_toolbar_1_4, &QAction::trigger);
     list_.set_menu({ui_->item_toolbar_1_1, ui_->item_toolbar_1_2, ui_->item_toolbar_1_5,
                     ui_->item_toolbar_1_4, ui_->count_texts});
+    connect(&list_, &ItemListPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::lots_wanted, this,
             [this] { run([this] { show_lot_view(item_.number()); }); });
@@ -240,17 +237,17 @@ void FoodInventory::remove() {
     if (item != 0 && items[item].in_use == 0) say(tr("%1 is deleted.").arg(name));
 }
 
+void FoodInventory::show_page(void (*preview)(i16 item) noexcept) {
+    if (item_.settle()) preview(item_.number());
+}
+
 void FoodInventory::copy_item_shown() {
     if (!item_.settle() || item_.number() == 0) return;
-    auto* dialog = new copydialog(this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->set_index(item_.number());
-    connect(dialog, &QDialog::finished, this, [this] {
+    connect(&open_copydialog(*this, item_.number()), &QDialog::finished, this, [this] {
         is_copying_ = false;
         update_commands();
     });
     is_copying_ = true;
-    dialog->open();
 }
 
 void FoodInventory::add_to_caller() {
@@ -297,10 +294,7 @@ void FoodInventory::add_barcode(std::string_view barcode) {
 }
 
 void FoodInventory::take_barcode(std::string_view barcode) {
-    serve([&] {
-        if (form_.take_code(std::string(barcode))) return;
-        say(tr("The item that the barcode was for is not on show any more.  Nothing was changed."));
-    });
+    serve([&] { form_.take_code(std::string(barcode)); });
 }
 
 void FoodInventory::accept_item(bool is_new) {
@@ -324,9 +318,8 @@ void FoodInventory::set_return(i16 mode) {
 // --- what Qt tells -----------------------------------------------------------------------------
 
 void FoodInventory::closeEvent(QCloseEvent* event) {
-    bool may_close = false;
-    run([&] { may_close = settle_edits(); });
-    event->setAccepted(may_close);
+    event->ignore();
+    run([&] { event->setAccepted(settle_edits()); });
 }
 
 // What was opened last goes first.

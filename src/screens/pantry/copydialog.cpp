@@ -67,4 +67,12 @@ void copydialog::make_copy(i16 catagory) {
     if (ports::FoodInventory* screen = food_inventory()) screen->view_item(copy, i16_true);
 }
 
+copydialog& open_copydialog(QWidget& over, i16 item) {
+    auto* dialog = new copydialog(&over);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->set_index(item);
+    dialog->open();
+    return *dialog;
+}
+
 }  // namespace tavernook

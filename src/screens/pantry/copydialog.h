@@ -34,4 +34,7 @@ class copydialog : public QDialog {
     Steps steps_;
 };
 
+// Asks where the copy of the item goes, over that widget; the dialog goes when it is closed.
+copydialog& open_copydialog(QWidget& over, i16 item);
+
 }  // namespace tavernook

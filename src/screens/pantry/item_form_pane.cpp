@@ -18,6 +18,7 @@
 #include "screens/parts/qt_dates.h"
 #include "screens/parts/quantity_box.h"
 #include "screens/parts/scan_entry.h"
+#include "screens/parts/screen.h"
 #include "screens/parts/select_on_entry.h"
 #include "screens/parts/shown_text.h"
 #include "ui_item_form_pane.h"
@@ -220,8 +221,9 @@ void ItemFormPane::set_code(const std::string& code) {
     ui_->code_field->show_code(code);
 }
 
-bool ItemFormPane::take_code(const std::string& code) {
-    return ui_->code_field->take(code);
+void ItemFormPane::take_code(const std::string& code) {
+    if (ui_->code_field->take(code)) return;
+    say(tr("The item that the barcode was for is not on show any more.  Nothing was changed."));
 }
 
 ItemValues ItemFormPane::values(i16 item) const {

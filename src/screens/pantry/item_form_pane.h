@@ -54,8 +54,8 @@ class ItemFormPane : public QWidget {
     std::string name() const;
     void set_code(const std::string& code);
 
-    // A code that "Scan" was pressed for; false when none is waited for any more.
-    [[nodiscard]] bool take_code(const std::string& code);
+    // A code that "Scan" was pressed for; told when none is waited for any more.
+    void take_code(const std::string& code);
 
     // The lists in the boxes.
     void refresh_units();

@@ -63,6 +63,9 @@ class ScanEntry : public QLineEdit {
     // Takes a text as if it had been scanned.
     void take_line(const QString& line);
 
+    // Asks for a code, with what was typed proposed: Enter, where there is no scanner.
+    void ask();
+
     // Whether codes are typed into the box, by the project's setting.
     static bool is_typed_into();
 
@@ -99,7 +102,6 @@ class ScanEntry : public QLineEdit {
     QString held() const;
     QString line_so_far() const;
     void finish();
-    void ask();
     void end_one();
 
     Keeps keeps_;

@@ -157,6 +157,7 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "toolbar_1_7",
                                               "Project_ShoppingList",
                                               "toolbar_2_1",
+                                              "toolbar_2_2",
                                               "toolbar_2_3",
                                               "mnu_wam",
                                               "Project_Setup",
