@@ -135,6 +135,23 @@ void write_list_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "cut", list_seed(3, {4, 10000, 17}).substr(0, 104));
 }
 
+void write_scan_seeds(const std::filesystem::path& folder) {
+    write_seed(folder / "three", "0123,2,Auto\r\n999,1.5,Lot B\r\n5,,\r\n");
+    write_seed(folder / "utf8",
+               "\xEF\xBB\xBF"
+               "K\xC3\xA4se, 2 ,K\xC3\xBChl\n\n");
+    write_seed(folder / "returns", "1,1,A\r2,-3,B, and C\r\r");
+    write_seed(folder / "no_lot", "1,2,\n123,4\n");
+    write_seed(folder / "long", "1,1,A\n2,1," + std::string(1200, 'B'));
+}
+
+void write_cue_cat_seeds(const std::filesystem::path& folder) {
+    write_seed(folder / "grocery", ".C3nZC3nZC3nZD3b6ChbZDxv7.fHmc.C3D1Dxr2C3nZE3n7.");
+    write_seed(folder / "book", ".C3nZC3nZC3n2C3j1DNnWENn2.cGf2.ENr7C3v7D3T3ENj3C3zYDNnZ.");
+    write_seed(folder / "two_fields", ".C3nZ.fHmc.");
+    write_seed(folder / "long", "..." + std::string(120, 'Z') + "+-.");
+}
+
 void write_template_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "week", "<td>%1% %a%</td><td>%ct1% %$1% %2%</td>%title% %1%");
     write_seed(folder / "per_cents", "width=\"100%\" %%1%% %2 %42%% 50%");
@@ -201,6 +218,8 @@ int main(int argc, char** argv) {
     tavernook::write_settings_seeds(folder / "settings_file");
     tavernook::write_report_seeds(folder / "report_file");
     tavernook::write_list_seeds(folder / "list_file");
+    tavernook::write_scan_seeds(folder / "scan_file");
+    tavernook::write_cue_cat_seeds(folder / "cue_cat");
     tavernook::write_template_seeds(folder / "page_template");
     tavernook::write_pattern_seeds(folder / "report_pattern");
     tavernook::write_scanner_seeds(folder / "scanner_reply");

@@ -37,17 +37,27 @@ std::string code_of_packet(i32 packet) {
     return {buffer.data() + code_in_packet, buffer.data() + end};
 }
 
-// False when nothing answers or nothing is stored. The project may be closed while a box or the
-// scanner is waited for; nothing comes in then.
+// The project, which may go while a box or the scanner is waited for.
+class PresentProject {
+  public:
+    bool has_gone() const { return project_open == i16_false || project_path != path_; }
+
+  private:
+    const std::string path_ = project_path;
+};
+
+// False when nothing answers or nothing is stored. Nothing comes in, and nothing is told, when the
+// project has gone or the user has stopped it.
 bool take_codes(int& rows) {
+    const PresentProject project;
     const Port port;
     if (!port.is_ready) {
         boxes().message(
             "Port not Ready.  Make sure that you are using the correct Comm Port Address.");
     }
-    if (project_open == i16_false) return true;
+    if (project.has_gone()) return true;
     const i32 packets = scanner_device().csp2ReadData();
-    if (project_open == i16_false) return true;
+    if (packets == reading_cancelled || project.has_gone()) return true;
     for (i32 packet = 0; packet < packets; ++packet) {
         populate_item(code_of_packet(packet), 0, "");
         ++rows;

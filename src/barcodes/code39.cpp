@@ -96,20 +96,18 @@ void draw_character(char character, int left, Picture& picture) {
     }
 }
 
-std::string text_of(i16 number, bool is_meal) {
-    if (is_meal) return std::string("tvk").append(std::to_string(number));
-    return std::string(trim(items[number].barcode.stored()));
-}
-
-Picture surface_for(std::string_view text) {
-    const int needed = code_width(code39_symbol(text)) + 2 * quiet_modules;
-    return white_picture(std::max(least_width, needed), picture_height);
-}
-
 }  // namespace
 
 std::uint16_t code39_mask(char character) noexcept {
     return masks[static_cast<unsigned char>(character)];
+}
+
+std::string item_code(const ItemRecord& item) noexcept {
+    return std::string(item.barcode.trimmed());
+}
+
+std::string recipe_code(i16 recipe) noexcept {
+    return std::string("tvk").append(std::to_string(recipe));
 }
 
 std::string code39_symbol(std::string_view text) noexcept {
@@ -123,6 +121,14 @@ std::string code39_symbol(std::string_view text) noexcept {
     if (!text.ends_with(start_and_stop)) symbol += start_and_stop;
     std::transform(symbol.begin(), symbol.end(), symbol.begin(), upper_case);
     return symbol;
+}
+
+// What is no blank and is drawn as one is not of the symbology.
+bool is_read_back(std::string_view text) noexcept {
+    return std::all_of(text.begin(), text.end(), [](char character) {
+        if (character == start_and_stop) return false;
+        return character == ' ' || code39_mask(character) != code39_mask(' ');
+    });
 }
 
 bool draw_code39(std::string_view text, Picture& picture) noexcept {
@@ -140,16 +146,21 @@ bool draw_code39(std::string_view text, Picture& picture) noexcept {
     return true;
 }
 
+Picture barcode_picture(std::string_view text) noexcept {
+    const int needed = code_width(code39_symbol(text)) + 2 * quiet_modules;
+    Picture picture = white_picture(std::max(least_width, needed), picture_height);
+    static_cast<void>(draw_code39(text, picture));
+    return picture;
+}
+
 std::string save_barcode_picture(i16 number, bool is_meal) noexcept {
     std::string saved;
     trap_in_module([&] {
-        const std::string text = text_of(number, is_meal);
-        Picture picture = surface_for(text);
-        if (!draw_code39(text, picture)) return;
+        const std::string text = is_meal ? recipe_code(number) : item_code(items[number]);
         std::string path = in_program_folder("barcode/");
         if (is_meal) path += 'm';
         path += std::to_string(number) + ".bmp";
-        replace_file(path, windows_bitmap(picture));
+        replace_file(path, windows_bitmap(barcode_picture(text)));
         saved = path;
     });
     return saved;

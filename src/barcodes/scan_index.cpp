@@ -20,13 +20,18 @@ i16 item_of_label(std::string_view code) {
     return is_live_row(items, item) ? item : i16{0};
 }
 
+bool can_be_borne(std::string_view code) {
+    return code == trim(code) && code.size() <= Barcode::size;
+}
+
 // `slot_of` and `live_of` answer as find_barcode and find_scanned_item do.
 template <typename SlotOf, typename LiveOf>
 i16 meaning_of(std::string_view code, SlotOf slot_of, LiveOf live_of) {
     const i16 labelled = item_of_label(code);
     if (labelled != 0 || trim(code).empty()) return labelled;
     const i16 slot = slot_of(code);
-    return is_live_row(items, slot) ? slot : live_of(code);
+    const bool is_answer = slot != 0 ? is_live_row(items, slot) : can_be_borne(code);
+    return is_answer ? slot : live_of(code);
 }
 
 void trim_in_place(Barcode& barcode) {
@@ -36,12 +41,12 @@ void trim_in_place(Barcode& barcode) {
 }  // namespace
 
 i16 find_barcode(std::string_view barcode) noexcept {
-    const bool can_be_borne = barcode == trim(barcode) && barcode.size() <= Barcode::size;
+    const bool may_match = can_be_borne(barcode);
     const Barcode wanted(barcode);
     for (i16 slot = 1; slot <= item_capacity; ++slot) {
         Barcode& borne = items[slot].barcode;
         trim_in_place(borne);
-        if (can_be_borne && borne == wanted) return slot;
+        if (may_match && borne == wanted) return slot;
     }
     return 0;
 }
@@ -53,10 +58,11 @@ i16 item_of_scan(std::string_view code) noexcept {
 ScanIndex::ScanIndex() {
     bearers_.reserve(item_capacity);
     for (i16 slot = 1; slot <= item_capacity; ++slot) {
-        trim_in_place(items[slot].barcode);
-        Bearers& bearers = bearers_[items[slot].barcode.right_trimmed()];
+        ItemRecord& item = items[slot];
+        trim_in_place(item.barcode);
+        Bearers& bearers = bearers_[item.barcode.right_trimmed()];
         if (bearers.any == 0) bearers.any = slot;
-        if (bearers.live == 0 && items[slot].in_use == 1) bearers.live = slot;
+        if (bearers.live == 0 && item.in_use == 1) bearers.live = slot;
     }
 }
 

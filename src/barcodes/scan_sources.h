@@ -9,8 +9,9 @@ namespace tavernook {
 
 // Reads the batch scanner at the project's port; its codes stay in it, so that reading twice gives
 // every row twice. Boxes tell of a port that is not ready and of a scanner that does not answer,
-// which an empty one counts as. Returns the number of rows that came in. A packet that is none ends
-// it with the box of the list's commands; the rows before it stay.
+// which an empty one counts as; none for a reading that was stopped. Returns the number of rows
+// that came in. A packet that is none ends it with the box of the list's commands; the rows before
+// it stay.
 int read_cs1504() noexcept;
 
 // Empties the list, and then the scanner. Kept: there is no question, and nobody looks whether the

@@ -23,6 +23,8 @@ inline constexpr std::size_t code_in_packet = 2;
 inline constexpr i32 packet_overhead = 5;
 inline constexpr i32 longest_packet = 63;  // what csp2GetPacket is asked for at the most
 
+inline constexpr i32 reading_cancelled = -2;  // by csp2ReadData
+
 class BatchScanner {
   public:
     virtual ~BatchScanner() = default;
@@ -31,8 +33,8 @@ class BatchScanner {
     // cannot be had.
     virtual i32 csp2Init(i32 port) noexcept = 0;
 
-    // Takes a copy of all codes and gives their number. Below 1: no scanner answers (-1), or it
-    // holds none (0).
+    // Takes a copy of all codes and gives their number. Below 1: no scanner answers (-1), it holds
+    // none (0), or `cancel` was called.
     virtual i32 csp2ReadData() noexcept = 0;
 
     // Fills the buffer with that packet (from 0) of the copy, `longest` bytes and the buffer's size

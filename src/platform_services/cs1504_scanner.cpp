@@ -38,7 +38,7 @@ i32 Cs1504Scanner::csp2Init(i32 port) noexcept {
 }
 
 i32 Cs1504Scanner::csp2ReadData() noexcept {
-    return run([&] {
+    const i32 count = run([&] {
         packets_.clear();
         begin_session();
         const cs1504::StringLayout layout = {
@@ -49,6 +49,7 @@ i32 Cs1504Scanner::csp2ReadData() noexcept {
         packets_ = std::move(*packets);
         return static_cast<i32>(packets_.size());
     });
+    return count < 0 && cancelled_ && !busy_ ? reading_cancelled : count;
 }
 
 i32 Cs1504Scanner::csp2GetPacket(std::span<char> buffer, i32 packet, i32 longest) noexcept {
@@ -179,7 +180,7 @@ Cs1504Scanner::Framer::State Cs1504Scanner::hear(Framer& reply, Milliseconds wai
 std::string Cs1504Scanner::receive(Milliseconds longest) {
     const Milliseconds left = std::max(session_end_ - line_.now(), Milliseconds(0));
     std::string bytes = line_.receive(std::min(longest, left));
-    if (cancelled_) throw failure("The scanner was given up.");
+    if (cancelled_) throw failure("It was stopped before the scanner had answered.");
     if (!line_.is_open()) throw failure("The port " + shown_port() + " has gone.");
     if (line_.now() >= session_end_) throw failure("The scanner takes too long.");
     return bytes;

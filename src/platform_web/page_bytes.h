@@ -12,7 +12,8 @@ QString shown_policy();
 QString saved_policy();
 
 // The page with the policy of the view before all else that it holds, so that nothing in it is read
-// without. A document type stays in front, as pages are laid out by it.
+// without. A document type stays in front, as pages are laid out by it. Behind the policy comes
+// what a page with codes in the label font needs to be drawn with it.
 QByteArray with_policy(const QByteArray& page);
 
 // "image/png" and so on; empty for bytes that are no picture which the view could show.

@@ -141,10 +141,10 @@ bool rebuild_page(i16 size, bool border) noexcept {
     return made;
 }
 
-int rows_on_page() noexcept {
+int rows_on_page(const std::string& path) noexcept {
     int rows = 0;
     tried([&] {
-        const std::string bytes = file_bytes(html_path);
+        const std::string bytes = file_bytes(path);
         const std::string_view page = bytes;
         for (std::size_t at = page.find('<'); at != page.npos; at = page.find('<', at + 1)) {
             if (is_same_case_blind(page.substr(at, row_begin.size()), row_begin)) ++rows;

@@ -47,8 +47,8 @@ i16 font_size_named(std::string_view text) noexcept;
 // the message panel says why. Kinds 3 and 5 are never made anew, of which nothing is said.
 [[nodiscard]] bool rebuild_page(i16 size, bool border) noexcept;
 
-// Rows of tables in the page's file, titles too; 0 when it cannot be read.
-int rows_on_page() noexcept;
+// Rows of tables in a page's file, titles too; 0 when it cannot be read.
+int rows_on_page(const std::string& path) noexcept;
 
 // A view to show the page in. Null when the engine for pages cannot be loaded, and why.
 struct PageView {

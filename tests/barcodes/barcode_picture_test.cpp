@@ -1,6 +1,9 @@
 // The pictures of barcodes on the disk, read back by a barcode reader.
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <random>
+#include <vector>
 
 #include "barcodes/bitmap_reading.h"
 #include "barcodes/code39.h"
@@ -36,14 +39,17 @@ class ScannedPicture : public BarcodePicture {
     void SetUp() override {
         if (reader.empty()) GTEST_SKIP() << "zbarimg is not installed";
     }
-    std::string scanned(const std::string& picture) const {
+    // The codes in the pictures, one a line, in their order.
+    std::string scanned(const std::vector<std::string>& pictures) const {
+        std::string names;
+        for (const std::string& picture : pictures) names += " '" + picture + "'";
         // Without a session bus it says so on the error output.
-        std::string text =
-            output_of(reader + " --raw --quiet --nodbus -Sdisable -Scode39.enable '" + picture +
-                      "' 2>/dev/null");
+        std::string text = output_of(reader + " --raw --quiet --nodbus -Sdisable -Scode39.enable" +
+                                     names + " 2>/dev/null");
         if (text.ends_with('\n')) text.pop_back();
         return text;
     }
+    std::string scanned(const std::string& picture) const { return scanned(std::vector{picture}); }
     const std::string reader = found_program("zbarimg");
 };
 
@@ -61,6 +67,21 @@ TEST_F(BarcodePicture, AShortCodeStandsInAPictureOf300Pixels) {
     const std::string bytes = read_whole_file(save_item(1, "7"));
     EXPECT_EQ(field(bytes, 18), 300);
     EXPECT_EQ(bytes.size(), 54U + 900U * static_cast<std::size_t>(field(bytes, 22)));
+}
+
+TEST_F(BarcodePicture, IsBlackOnWhiteIn24Bits) {
+    const std::string bytes = read_whole_file(save_item(1, "7"));
+    EXPECT_EQ(field(bytes, 28) & 0xFFFF, 24);
+    const std::string pixels = bytes.substr(54);  // 300 across: no bytes between the rows
+    std::size_t blacks = 0;
+    for (std::size_t pixel = 0; pixel < pixels.size(); pixel += 3) {
+        const std::string colour = pixels.substr(pixel, 3);
+        ASSERT_TRUE(colour == std::string(3, '\0') || colour == "\xFF\xFF\xFF") << pixel;
+        if (colour[0] == '\0') ++blacks;
+    }
+    // Three characters; in each 9 of 16 modules at most are black, over half of the height.
+    EXPECT_GT(blacks, 0U);
+    EXPECT_LT(blacks, pixels.size() / 3 / 10);
 }
 
 TEST_F(BarcodePicture, TheLongestCodeHasWhiteOnBothSides) {
@@ -130,6 +151,36 @@ TEST_F(ScannedPicture, EveryCharacterIsRead) {
         const std::string code = std::string("A") + character + "Z";
         EXPECT_EQ(scanned(save_item(6, code)), code);
     }
+}
+
+// Of all characters but the star, of all lengths that an item can bear, blanks within.
+std::string random_code(std::mt19937& random) {
+    const std::string charset = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-.$/+% ";
+    std::string code(1 + random() % 31, ' ');
+    for (std::size_t at = 0; at < code.size(); ++at) {
+        const bool is_within = at > 0 && at + 1 < code.size();
+        code[at] = charset[random() % (charset.size() - (is_within ? 0 : 1))];
+    }
+    return code;
+}
+
+TEST_F(ScannedPicture, TwoHundredRandomCodesAreRead) {
+    std::mt19937 random(39);
+    std::vector<std::string> pictures;
+    std::string expected;
+    const auto add = [&](const std::string& picture, const std::string& code) {
+        pictures.push_back(picture);
+        expected += (expected.empty() ? "" : "\n") + code;
+    };
+    for (i16 item = 1; item <= 200; ++item) {
+        const std::string code = random_code(random);
+        add(save_item(item, code), code);
+    }
+    for (int count = 0; count < 20; ++count) {
+        const auto recipe = static_cast<i16>(1 + random() % 1000);
+        add(save_barcode_picture(recipe, true), "TVK" + std::to_string(recipe));
+    }
+    EXPECT_EQ(scanned(pictures), expected);
 }
 
 TEST_F(ScannedPicture, ARecipesCodeIsTvkAndItsSlot) {

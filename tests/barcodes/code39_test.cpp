@@ -96,6 +96,15 @@ TEST_F(Code39, CharactersThatTheSymbologyLacksAreBlanks) {
     EXPECT_EQ(bars_of("\xE4"), published_modules("* *"));
 }
 
+TEST_F(Code39, SmallLettersStarsAndCharactersItLacksAreNotReadBack) {
+    EXPECT_TRUE(is_read_back("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ-. $/+%"));
+    for (int code = 0; code < 256; ++code) {
+        const auto character = static_cast<char>(code);
+        const bool is_read = published.contains(character) && character != '*';
+        EXPECT_EQ(is_read_back(std::string("A") + character), is_read) << code;
+    }
+}
+
 TEST_F(Code39, TheCodeStandsBetweenOneStartAndOneStop) {
     EXPECT_EQ(bars_of("tvk12"), published_modules("*TVK12*"));
     EXPECT_EQ(bars_of("*40123455*"), published_modules("*40123455*"));

@@ -30,7 +30,8 @@ class FakeBatchScanner : public BatchScanner {
         log.add("read");
         cancelled = false;
         if (meanwhile) meanwhile();
-        if (cancelled || !is_attached) return -1;
+        if (cancelled) return reading_cancelled;
+        if (!is_attached) return -1;
         return static_cast<i32>(packets.size());
     }
     i32 csp2GetPacket(std::span<char> buffer, i32 packet, i32 longest) noexcept override {

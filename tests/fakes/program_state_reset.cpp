@@ -1,5 +1,6 @@
 #include "fakes/program_state_reset.h"
 
+#include "barcodes/barcode_on_show.h"
 #include "barcodes/scan_list.h"
 #include "core/catagories.h"
 #include "core/name_rows.h"
@@ -77,6 +78,7 @@ void reset_status() {
     window_geometry = WindowGeometry{};
     audit_done_flag = i16_false;
     export_style = 0;
+    barcode_on_show = {};
     set_htmlpath("", 0);
     set_repname("");
     reset_planner_state();

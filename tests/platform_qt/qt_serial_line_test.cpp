@@ -270,8 +270,8 @@ TEST_F(SerialScannerTest, WhileItWaitsTheUserIsHeardAndMayCancel) {
             scanner.cancel();
         });
     };
-    EXPECT_EQ(scanner.csp2ReadData(), -1);
-    EXPECT_EQ(scanner.trouble(), "The scanner was given up.");
+    EXPECT_EQ(scanner.csp2ReadData(), reading_cancelled);
+    EXPECT_EQ(scanner.trouble(), "It was stopped before the scanner had answered.");
     terminal.on_bytes = nullptr;
     EXPECT_TRUE(line.is_open());
 }
@@ -280,7 +280,7 @@ TEST_F(SerialScannerTest, ClosedWhileItWaitsIsTheEndAtOnce) {
     terminal.on_bytes = [&](const std::string&) {
         QTimer::singleShot(0, [&] { scanner.close(); });
     };
-    EXPECT_EQ(scanner.csp2ReadData(), -1);
+    EXPECT_EQ(scanner.csp2ReadData(), reading_cancelled);
     EXPECT_FALSE(line.is_open());
 }
 

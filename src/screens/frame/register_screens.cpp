@@ -12,6 +12,8 @@
 #include "screens/planner/MealPlan.h"
 #include "screens/reports/PP.h"
 #include "screens/reports/Reports.h"
+#include "screens/scanning/BCBuild.h"
+#include "screens/scanning/BCGEN.h"
 #include "screens/scanning/CS1504GETUPC.h"
 
 namespace tavernook {
@@ -38,6 +40,8 @@ void register_screens(Main& main) {
     add<UnitsForm>(registry, "UnitsForm", Opens::at_its_size);
     add<wam>(registry, "wam", Opens::at_its_size);
     add<PP>(registry, "PP");
+    add<BCBuild>(registry, "BCBuild");
+    add<BCGEN>(registry, "BCGEN", Opens::at_its_size);
     add<CS1504GETUPC>(registry, "CS1504GETUPC");
 }
 

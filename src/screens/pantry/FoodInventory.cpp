@@ -107,6 +107,7 @@ void FoodInventory::connect_panes() {
     connect(&list_, &ItemListPane::delete_wanted, ui_->item_toolbar_1_4, &QAction::trigger);
     list_.set_menu({ui_->item_toolbar_1_1, ui_->item_toolbar_1_2, ui_->item_toolbar_1_5,
                     ui_->item_toolbar_1_4, ui_->count_texts});
+    connect(&list_, &ItemListPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::command, this, &FoodInventory::run);
     connect(&form_, &ItemFormPane::lots_wanted, this,
             [this] { run([this] { show_lot_view(item_.number()); }); });
@@ -317,9 +318,8 @@ void FoodInventory::set_return(i16 mode) {
 // --- what Qt tells -----------------------------------------------------------------------------
 
 void FoodInventory::closeEvent(QCloseEvent* event) {
-    bool may_close = false;
-    run([&] { may_close = settle_edits(); });
-    event->setAccepted(may_close);
+    event->ignore();
+    run([&] { event->setAccepted(settle_edits()); });
 }
 
 // What was opened last goes first.

@@ -5,8 +5,8 @@
 #include <QMenu>
 
 #include "basics/fault.h"
+#include "screens/pantry/barcode_picture.h"
 #include "screens/pantry/item_tree.h"
-#include "screens/parts/guard.h"
 #include "ui_item_list_pane.h"
 
 namespace tavernook {
@@ -23,7 +23,9 @@ std::string populate_error(const Fault& fault) {
 }  // namespace
 
 ItemListPane::ItemListPane(QWidget* parent)
-    : CatagoryTreePane(parent), ui_(std::make_unique<Ui::ItemListPane>()) {
+    : CatagoryTreePane(parent),
+      ui_(std::make_unique<Ui::ItemListPane>()),
+      barcode_picture_(new QAction(tr("&Barcode Picture"), this)) {
     ui_->setupUi(this);
     set_up({*ui_->filter, *ui_->item_tree, *ui_->tree_hint}, item_tree_contents(),
            {.hint_when_empty = tr("Press \"New Item\" to enter your first item."),
@@ -35,6 +37,10 @@ ItemListPane::ItemListPane(QWidget* parent)
     connect(ui_->collapse_tree, &QPushButton::clicked, this, [this] { expand_all(false); });
     connect(ui_->toggle_view, &QPushButton::clicked, this,
             [this] { set_view(model().view() == View::tree ? View::list : View::tree); });
+    barcode_picture_->setObjectName(QStringLiteral("barcode_picture"));
+    barcode_picture_->setToolTip(tr("Show the item's barcode, and save it as a picture."));
+    connect(barcode_picture_, &QAction::triggered, this,
+            [this] { Q_EMIT command([item = marked_leaf()] { show_barcode_of(item); }); });
     set_view(View::tree);
 }
 
@@ -99,9 +105,10 @@ void ItemListPane::show_menu(const QPoint& on_screen, const MenuCommands& comman
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("tree_menu"));
     menu.setToolTipsVisible(true);
+    barcode_picture_->setEnabled(marked_leaf() != 0);
     menu.addActions({commands.new_item, commands.new_category});
     menu.addSeparator();
-    menu.addActions({rename_action(), commands.copy, commands.remove});
+    menu.addActions({rename_action(), commands.copy, barcode_picture_, commands.remove});
     menu.addSeparator();
     for (QPushButton* button : {ui_->expand_tree, ui_->collapse_tree}) {
         QAction* entry = menu.addAction(button->text());

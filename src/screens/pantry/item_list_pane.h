@@ -6,6 +6,7 @@
 
 #include "core/changes.h"
 #include "screens/parts/catagory_tree_pane.h"
+#include "screens/parts/guard.h"
 
 namespace tavernook {
 
@@ -44,12 +45,16 @@ class ItemListPane : public CatagoryTreePane {
     };
     void set_menu(const MenuCommands& commands);
 
+  Q_SIGNALS:
+    void command(const tavernook::Work& work);  // of the marked item, for the screen to run
+
   private:
     void set_up_columns();
     void read(View view);
     void show_menu(const QPoint& on_screen, const MenuCommands& commands);
 
     std::unique_ptr<Ui::ItemListPane> ui_;
+    QAction* barcode_picture_;
     Seen seen_{Subject::items, Subject::lots, Subject::units, Subject::catagories,
                Subject::settings};
 };

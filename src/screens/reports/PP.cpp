@@ -1,7 +1,6 @@
 #include "screens/reports/PP.h"
 
 #include <QCloseEvent>
-#include <QMetaObject>
 #include <QPointer>
 #include <utility>
 
@@ -10,16 +9,17 @@
 #include "platform/platform.h"
 #include "reports/preview.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/page_pane.h"
+#include "screens/parts/print_pane.h"
 #include "screens/parts/shown_text.h"
-#include "screens/reports/page_pane.h"
 #include "ui_PP.h"
 
 namespace tavernook {
 
 namespace {
 
-constexpr int most_rows_unasked = 5000;
 constexpr const char* sizes[] = {"Small", "Medium", "Large", "Extra Large"};
 
 constexpr const char* picture_filter =
@@ -37,7 +37,10 @@ QString name_of_file(const std::string& path) {
 }  // namespace
 
 PP::PP(QWidget* parent)
-    : Screen(parent), ui_(std::make_unique<Ui::PP>()), page_((ui_->setupUi(this), *ui_->browser)) {
+    : Screen(parent),
+      ui_(laid_out<Ui::PP>(*this)),
+      page_(*ui_->browser),
+      printing_(*ui_->printing) {
     setWindowIcon(icon(QStringLiteral("print")));
     for (const char* size : sizes) ui_->size_box->addItem(tr(size));
     ui_->size_box->installEventFilter(this);
@@ -53,13 +56,13 @@ PP::~PP() {
 }
 
 void PP::connect_commands() {
-    on_command(ui_->print_button, [this] { print(); });
+    on_command(ui_->print_button,
+               [this] { printing_.print(controls().title, controls().is_wide); });
     on_command(ui_->edit_button, [this] { edit(); });
     on_command(ui_->notes_button, [this] { edit(); });
     on_command(ui_->insert_image_button, [this] { insert_image(); });
     on_command(ui_->save_button, [this] { save(); });
     on_command(ui_->gridlines_box, [this] { make_anew(); });
-    on_command(ui_->stop_button, [this] { stop_printing(); });
     on_command(ui_->cancel_button, [this] { close_screen(*this); });
     connect(ui_->size_box, &QComboBox::activated, this, [this] { run([this] { make_anew(); }); });
     on_keys(*this, QKeySequence::Print, [this] { ui_->print_button->click(); });
@@ -67,11 +70,14 @@ void PP::connect_commands() {
 }
 
 void PP::connect_page() {
+    printing_.set_up(*this, page_);
+    connect(&printing_, &PrintPane::begun, this, &PP::update_commands);
+    connect(&printing_, &PrintPane::ended, this, &PP::end);
     connect(&page_, &PagePane::arrived, this, [this] { guarded([this] { follow_arrival(); }); });
     connect(&page_, &PagePane::missed, this, [this](bool lost) {
         guarded([&] {
             update_commands();
-            if (lost && job_ != Job::none) end(tr("The page was lost before it was done."));
+            if (lost && is_saving_) end(tr("The page was lost before it was done."));
             if (hasFocus()) page_.focus_show_again();
         });
     });
@@ -84,7 +90,7 @@ void PP::show_page() {
 }
 
 void PP::take_page() {
-    page_waits_ = job_ != Job::none;
+    page_waits_ = is_busy();
     if (page_waits_) return;
     size_ = 0;
     has_gridlines_ = false;
@@ -103,7 +109,7 @@ void PP::follow_arrival() {
 
 void PP::update_commands() {
     const PreviewControls& has = controls();
-    const bool is_free = job_ == Job::none && page_.has_view() && !page_waits_;
+    const bool is_free = !is_busy() && page_.has_view() && !page_waits_;
     const bool is_ready = is_free && page_.on_show() != 0;
     ui_->print_button->setEnabled(is_ready);
     ui_->edit_button->setEnabled(is_ready && has.has_edit);
@@ -113,11 +119,6 @@ void PP::update_commands() {
     ui_->size_label->setEnabled(is_free && has.has_sizes);
     ui_->size_box->setEnabled(is_free && has.has_sizes);
     ui_->gridlines_box->setEnabled(is_free && has.has_gridlines);
-    for (QWidget* part : std::initializer_list<QWidget*>{ui_->printing_label, ui_->printing_bar,
-                                                         ui_->stop_button}) {
-        part->setVisible(job_ == Job::printing);
-    }
-    ui_->stop_button->setEnabled(!is_stopped_);
 }
 
 // The screen itself keeps the focus until the page is there, so that nothing is pressed by chance.
@@ -127,8 +128,7 @@ void PP::focusInEvent(QFocusEvent*) {
 
 void PP::focus_main_command() {
     if (!page_.has_view()) return ui_->cancel_button->setFocus();
-    const bool may_print = job_ == Job::none && ui_->print_button->isEnabled();
-    if (may_print) ui_->print_button->setFocus();
+    if (!is_busy() && ui_->print_button->isEnabled()) ui_->print_button->setFocus();
 }
 
 // A wheel that passes over the list on its way makes no page anew.
@@ -151,7 +151,7 @@ void PP::insert_image() {
     const QPointer<PP> still(this);
     const int page = page_.on_show();
     const std::string path = file_dialogs().open_file({"Insert Image", picture_filter, ""});
-    if (!still || !is_still_on_show(page)) return;
+    if (!still || !page_.is_still_on_show(page)) return;
     if (page_.insert_image(path)) return page_.focus_page();
     say(tr("\"%1\" holds no picture that can be shown.").arg(name_of_file(path)));
 }
@@ -179,59 +179,12 @@ void PP::show_look() {
     ui_->gridlines_box->setChecked(has_gridlines_);
 }
 
-bool PP::is_still_on_show(int page) const {
-    const bool is_still = page != 0 && page == page_.on_show();
-    if (!is_still) say(tr("The page is not there any more.  Nothing was done with it."));
-    return is_still;
-}
-
 // What was begun last goes first.
 void PP::escape() {
-    if (job_ == Job::printing) return stop_printing();
+    if (printing_.is_running()) return printing_.stop();
     if (!page_.is_edited() || !page_.has_focus_in_page()) return close_screen(*this);
     ui_->print_button->setFocus();
     say(tr("Press Esc once more to close the preview; what was typed into the page is lost then."));
-}
-
-// --- printing ------------------------------------------------------------------------------------
-
-void PP::print() {
-    const QPointer<PP> still(this);
-    const int page = page_.on_show();
-    if (!agrees_to_print() || !still) return;
-    const auto printer = print_prompt().ask(*this, controls().title, controls().is_wide);
-    if (printer == nullptr || !still || !is_still_on_show(page)) return;
-    const int job = begin(Job::printing);
-    page_.print(
-        printer,
-        [still, job](int percent) {
-            if (still && still->runs(job)) still->ui_->printing_bar->setValue(percent);
-        },
-        [still, job](bool is_done) {
-            if (still) still->follow_print(job, is_done);
-        });
-}
-
-bool PP::agrees_to_print() {
-    const int rows = rows_on_page();
-    if (rows <= most_rows_unasked) return true;
-    const std::string question = "This page has " + std::to_string(rows) +
-                                 " rows and takes many sheets of paper.  Do you want to print it?";
-    return boxes().message(question, Buttons::yes_no, "Print", DefaultButton::no) == Answer::yes;
-}
-
-void PP::follow_print(int job, bool is_done) {
-    if (!runs(job)) return;
-    if (is_done) return end(tr("The page was handed to the printer."));
-    end(is_stopped_ ? tr("Printing was stopped.  A part of the page may come out of the printer.")
-                    : tr("The page could not be printed, or only a part of it."));
-}
-
-void PP::stop_printing() {
-    if (std::exchange(is_stopped_, true)) return;
-    say(tr("Printing is being stopped."));
-    update_commands();
-    page_.cancel_printing();
 }
 
 // --- saving --------------------------------------------------------------------------------------
@@ -241,15 +194,17 @@ void PP::save() {
     const int page = page_.on_show();
     const std::string path = file_dialogs().save_file(
         {"Save as HTML", page_filter, std::string(controls().title) + ".htm"});
-    if (!still || !is_still_on_show(page)) return;
-    const int job = begin(Job::saving);
-    page_.read_page([still, job, path](const std::optional<std::string>& bytes) {
+    if (!still || !page_.is_still_on_show(page)) return;
+    is_saving_ = true;
+    hold_focus(*this, page_);
+    update_commands();
+    page_.read_page([still, job = ++job_, path](const std::optional<std::string>& bytes) {
         if (still) still->write_file(job, path, bytes);
     });
 }
 
 void PP::write_file(int job, const std::string& path, const std::optional<std::string>& bytes) {
-    if (!runs(job)) return;
+    if (!is_saving(job)) return;
     if (!bytes) return end(tr("The page could not be read.  Nothing was saved."));
     const QPointer<PP> still(this);
     const QString name = name_of_file(path);
@@ -258,25 +213,18 @@ void PP::write_file(int job, const std::string& path, const std::optional<std::s
                                       return typed_text(tr("%1 could not be saved.").arg(name)) +
                                              "  " + fault.description + ".";
                                   });
-    if (!still || !runs(job)) return;
+    if (!still || !is_saving(job)) return;
     end(is_saved ? tr("The page was saved as %1.").arg(name) : tr("The page was not saved."));
 }
 
 // --- what takes its time -------------------------------------------------------------------------
 
-int PP::begin(Job job) {
-    job_ = job;
-    is_stopped_ = false;
-    ui_->printing_bar->setValue(0);
-    // Before the button that was pressed is off, and the next one in line takes the focus over.
-    if (!page_.has_focus_in_page()) setFocus();
-    update_commands();
-    return ++job_number_;
+bool PP::is_busy() const {
+    return is_saving_ || printing_.is_running();
 }
 
 void PP::end(const QString& words) {
-    job_ = Job::none;
-    is_stopped_ = false;
+    is_saving_ = false;
     update_commands();
     say(words);
     if (page_waits_) take_page();
@@ -284,20 +232,14 @@ void PP::end(const QString& words) {
 }
 
 void PP::end_work() {
-    quietly([this] { end_job(); });
+    quietly([this] { end_jobs(); });
 }
 
-// Said later, behind what closes the screen, which may empty the message panel.
-void PP::end_job() {
-    const Job ended = std::exchange(job_, Job::none);
+void PP::end_jobs() {
     page_waits_ = false;
-    if (ended == Job::none) return;
-    if (ended == Job::printing) page_.cancel_printing();
-    const QString words = ended == Job::printing
-                              ? tr("Printing was stopped, as the preview was closed.")
-                              : tr("The page was not saved, as the preview was closed.");
-    QMetaObject::invokeMethod(
-        window(), [words] { quietly([&] { say(words); }); }, Qt::QueuedConnection);
+    printing_.end_with_screen(tr("Printing was stopped, as the preview was closed."));
+    if (!std::exchange(is_saving_, false)) return;
+    say_behind_closing(*this, tr("The page was not saved, as the preview was closed."));
 }
 
 void PP::closeEvent(QCloseEvent* event) {

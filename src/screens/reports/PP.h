@@ -20,6 +20,7 @@
 namespace tavernook {
 
 class PagePane;
+class PrintPane;
 
 namespace Ui {
 class PP;
@@ -42,8 +43,6 @@ class PP : public Screen, public ports::PP, public RunningWork {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    enum class Job { none, printing, saving };
-
     void connect_commands();
     void connect_page();
     void take_page();
@@ -56,26 +55,20 @@ class PP : public Screen, public ports::PP, public RunningWork {
     void show_look();
     void escape();
 
-    void print();
-    bool agrees_to_print();
-    void follow_print(int job, bool is_done);
-    void stop_printing();
     void save();
     void write_file(int job, const std::string& path, const std::optional<std::string>& bytes);
 
-    int begin(Job job);
+    // A print or a save runs.
+    bool is_busy() const;
+    bool is_saving(int job) const { return is_saving_ && job == job_; }
     void end(const QString& words);
-    void end_job();
-    bool runs(int job) const { return job_ != Job::none && job == job_number_; }
-
-    // False, told in the message panel, when the page is not the one that was on show then.
-    bool is_still_on_show(int page) const;
+    void end_jobs();
 
     std::unique_ptr<Ui::PP> ui_;
     PagePane& page_;
-    Job job_ = Job::none;
-    int job_number_ = 0;
-    bool is_stopped_ = false;  // the print that runs
+    PrintPane& printing_;
+    int job_ = 0;  // the save that was begun last
+    bool is_saving_ = false;
     bool page_waits_ = false;  // for the end of the job
     int size_ = 0;             // of the page on show: its place in the list
     bool has_gridlines_ = false;

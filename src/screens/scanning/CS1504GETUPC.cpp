@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <QToolBar>
-#include <QToolButton>
 
 #include "barcodes/scan_list.h"
 #include "barcodes/scan_sources.h"
@@ -32,6 +31,10 @@ constexpr const char* caption_of_used = "Updating barcodes to Item Inventory as 
 
 QString codes_told(int count) {
     return count == 1 ? QObject::tr("1 code") : QObject::tr("%1 codes").arg(count);
+}
+
+QString trouble_told() {
+    return shown_text(scanner_device().trouble());
 }
 
 // What is still to be done comes first: the end of a long line may be out of sight.
@@ -85,6 +88,7 @@ void CS1504GETUPC::set_up_toolbar() {
                   {4, "usage"},
                   {5, "grocery_list"},
                   {6, "import"}});
+    enlarge_command(bar, *ui_->scan_toolbar_3);
     on_command(ui_->scan_toolbar_1, [this] { read_scanner(); });
     on_command(ui_->scan_toolbar_2, [this] { clear(); });
     on_command(ui_->scan_toolbar_3, [this] { book_new(); });
@@ -182,14 +186,16 @@ void CS1504GETUPC::read_scanner() {
     if (!still) return;
     is_reading_ = false;
     rows_.focus_list();
-    if (count > 0) say(tr("%1 came from the scanner.").arg(codes_told(count)));
+    say(count > 0 ? tr("%1 came from the scanner.").arg(codes_told(count)) : trouble_told());
 }
 
 void CS1504GETUPC::clear() {
     setWindowTitle(tr(usual_caption));
     clear_scanner();
     rows_.focus_list();
-    say(tr("The list is empty, and the scanner was told to clear its codes."));
+    const QString trouble = trouble_told();
+    say(trouble.isEmpty() ? tr("The list is empty, and the scanner was told to clear its codes.")
+                          : tr("The list is empty.  %1").arg(trouble));
 }
 
 void CS1504GETUPC::import_file() {

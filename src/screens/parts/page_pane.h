@@ -33,8 +33,15 @@ class PagePane : public QWidget {
     // The page that stands there, by a number of its own; 0 when none does.
     int on_show() const { return is_there_ ? page_ : 0; }
 
+    // False, told in the message panel, when the page is not the one that was on show then.
+    bool is_still_on_show(int page) const;
+
     // What was typed into the page before is gone.
     void show_page(const std::string& path);
+    const std::string& path() const { return path_; }
+
+    // As long as no page was asked for.
+    void show_sentence(const QString& sentence);
 
     // From now on the user types into the page. The focus stays where it is.
     void let_edit();

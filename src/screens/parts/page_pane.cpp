@@ -1,4 +1,4 @@
-#include "screens/reports/page_pane.h"
+#include "screens/parts/page_pane.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -37,6 +37,16 @@ void PagePane::take_view() {
     view_->when_lost([me = QPointer(this)] {
         if (me) me->lose_page();
     });
+}
+
+bool PagePane::is_still_on_show(int page) const {
+    const bool is_still = page != 0 && page == on_show();
+    if (!is_still) say(tr("The page is not there any more.  Nothing was done with it."));
+    return is_still;
+}
+
+void PagePane::show_sentence(const QString& sentence) {
+    if (has_view()) ui_->sentence->setText(sentence);
 }
 
 void PagePane::show_page(const std::string& path) {
