@@ -4,24 +4,17 @@
 
 #include "barcodes/barcode_sheet.h"
 #include "core/replace_file.h"
-#include "fakes/test_platform.h"
 #include "measured_pairs.h"
+#include "real_disk.h"
 #include "support/generated_projects.h"
 
 namespace tavernook {
 namespace {
 
-// On the real disk, without the records that the fakes keep.
 void label_sheet(benchmark::State& state) {
     TestPlatform platform;
     fill_full_project();
-    set_platform({.clock = &platform.clock,
-                  .boxes = &platform.boxes,
-                  .files = &platform.disk,
-                  .system_info = &platform.system,
-                  .save_progress = &platform.progress,
-                  .main = &platform.main,
-                  .screens = &platform.screens});
+    put_on_real_disk(platform);
     const SheetContents contents{.items = true};
     const BuiltSheet built = Build_Doc(contents);
     if (!built.is_written || built.labels.items != 10'000) std::abort();
