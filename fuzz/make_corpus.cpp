@@ -170,6 +170,40 @@ void write_pattern_seeds(const std::filesystem::path& folder) {
     write("number", -3, ">-3.5\n7 bags");
 }
 
+// Without the CRCs, which the target adds: an answer to its framer, then those of a whole reading.
+void write_scanner_seeds(const std::filesystem::path& folder) {
+    const std::string begun = "\x06\x02";
+    const std::string serial_number(8, '\x01');
+    const std::string zero(1, '\0');
+    const auto code = [](char type, const std::string& digits) {
+        return std::string(1, static_cast<char>(digits.size() + 5)) + type + digits + "time";
+    };
+    const auto parameter = [&](char number) { return begun + '\x02' + number + '\x01' + zero; };
+    const std::string interrogation = begun + "\x01\x16" + serial_number + "VERSION1" + zero;
+    const std::string no_codes = begun + serial_number + zero;
+    const std::string codes =
+        begun + serial_number + code('\x08', "012345678905") + code('\x01', "TVK7") + zero;
+    const auto with_length = [](const std::string& part) {
+        return static_cast<char>(part.size()) + part;
+    };
+    const auto reading = [&](const std::string& upload) {
+        std::string conversation = "\x1D";
+        for (const std::string& part :
+             {interrogation, parameter(16), parameter(35), upload, interrogation, begun + zero}) {
+            conversation += with_length(part);
+        }
+        return conversation;
+    };
+    write_seed(folder / "interrogation", "\x1C" + interrogation);
+    write_seed(folder / "codes", "\x1D" + codes);
+    write_seed(folder / "parameter", "\x1E" + parameter(16));
+    write_seed(folder / "done", "\x1F" + begun + zero);
+    write_seed(folder / "reading", reading(codes));
+    write_seed(folder / "empty_reading", reading(no_codes));
+    write_seed(folder / "refusals", "\x01\x01\x07\x01\x08\x01\x05");
+    write_seed(folder / "pulled_out", std::string("\x01\x04gone"));
+}
+
 }  // namespace
 
 }  // namespace tavernook
@@ -188,5 +222,6 @@ int main(int argc, char** argv) {
     tavernook::write_cue_cat_seeds(folder / "cue_cat");
     tavernook::write_template_seeds(folder / "page_template");
     tavernook::write_pattern_seeds(folder / "report_pattern");
+    tavernook::write_scanner_seeds(folder / "scanner_reply");
     return 0;
 }

@@ -147,7 +147,7 @@ Outcome use_named_lot(const ScanRow& row, i16 item, f64 quantity) {
     boxes().message("The quantity to remove from LOT " + name +
                     " is more than that LOT contains.  Cannot Update.  Please Change the quantity "
                     "to be removed.");
-    return kept("its lot " + name + " does not hold more than that");
+    return kept("the lot " + name + " holds no more than that");
 }
 
 Outcome use_stock(ScanRow row, i16 item) {

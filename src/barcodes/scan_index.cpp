@@ -58,10 +58,11 @@ i16 item_of_scan(std::string_view code) noexcept {
 ScanIndex::ScanIndex() {
     bearers_.reserve(item_capacity);
     for (i16 slot = 1; slot <= item_capacity; ++slot) {
-        trim_in_place(items[slot].barcode);
-        Bearers& bearers = bearers_[items[slot].barcode.right_trimmed()];
+        ItemRecord& item = items[slot];
+        trim_in_place(item.barcode);
+        Bearers& bearers = bearers_[item.barcode.right_trimmed()];
         if (bearers.any == 0) bearers.any = slot;
-        if (bearers.live == 0 && items[slot].in_use == 1) bearers.live = slot;
+        if (bearers.live == 0 && item.in_use == 1) bearers.live = slot;
     }
 }
 

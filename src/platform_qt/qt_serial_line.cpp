@@ -50,7 +50,7 @@ QtSerialLine::QtSerialLine(Milliseconds goodbye) : goodbye_(goodbye) {}
 QtSerialLine::~QtSerialLine() = default;
 
 std::vector<std::string> QtSerialLine::ports() {
-    if (qEnvironmentVariableIsSet(serial_ports_variable)) {
+    if (!qEnvironmentVariableIsEmpty(serial_ports_variable)) {
         return named_serial_ports(qgetenv(serial_ports_variable).toStdString());
     }
     std::vector<std::string> names;

@@ -437,7 +437,7 @@ TEST_F(ScanBookings, OfANamedLotNeitherAllNorMoreCanBeTaken) {
         scan("0123", quantity, "Lot B");
         expect_more_than_lot("Lot B");
         expect_counts(Used_Update(all()), 0, 0,
-                      {"Milk (0123): its lot Lot B does not hold more than that"});
+                      {"Milk (0123): the lot Lot B holds no more than that"});
         EXPECT_EQ(held(milk, 1), 8);
         EXPECT_EQ(codes(), Texts{"0123"});
     }

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <optional>
 #include <sys/stat.h>
 
 #include "fakes/child_process.h"
@@ -281,6 +282,66 @@ TEST_F(SerialScannerTest, ClosedWhileItWaitsIsTheEndAtOnce) {
     };
     EXPECT_EQ(scanner.csp2ReadData(), reading_cancelled);
     EXPECT_FALSE(line.is_open());
+}
+
+// --- the simulator for people ------------------------------------------------------------------
+
+class SimulatorProgram : public SerialScannerTest {
+  protected:
+    // Runs it with these words and opens its port.
+    void run(const QStringList& words, BatchScanner& scanner) {
+        const QString python = QStandardPaths::findExecutable("python3");
+        if (python.isEmpty()) GTEST_SKIP() << "python3 is not installed";
+        program.start(python, QStringList(TAVERNOOK_SOURCE_FOLDER
+                                          "/tools/scanner_simulator/scanner_simulator.py") +
+                                  words);
+        while (!program.canReadLine()) ASSERT_TRUE(program.waitForReadyRead(process_time_limit_ms));
+        port.emplace(serial_ports_variable, program.readLine().trimmed().toStdString());
+        ASSERT_EQ(scanner.csp2Init(0), 0) << scanner.trouble();
+    }
+    void TearDown() override {
+        program.kill();
+        program.waitForFinished(process_time_limit_ms);
+    }
+
+    QProcess program;
+    std::optional<ScopedVariable> port;
+};
+
+TEST_F(SimulatorProgram, HoldsItsCodesUntilItIsCleared) {
+    const std::vector<std::string> codes_of_each_kind = {"012345678905", "4006381333931",
+                                                         "96385074", "123456", "TVK7"};
+    QStringList words;
+    for (const std::string& code : codes_of_each_kind) words << QString::fromStdString(code);
+    run(words, scanner);
+    if (IsSkipped()) return;
+    for (int reading = 0; reading < 2; ++reading) {
+        EXPECT_EQ(scanner.csp2ReadData(), 5) << scanner.trouble();
+        EXPECT_EQ(codes(scanner), codes_of_each_kind);
+    }
+    EXPECT_EQ(scanner.csp2ClearData(), 0);
+    EXPECT_EQ(scanner.csp2ReadData(), 0);
+    scanner.close();
+    ASSERT_EQ(scanner.csp2Init(0), 0) << "it waits for the next one";
+    EXPECT_EQ(scanner.csp2ReadData(), 0);
+}
+
+TEST_F(SimulatorProgram, SendsCodesWithoutTypeAndTimeWhenTold) {
+    run({"--without-type", "--without-time", "TVK7"}, scanner);
+    if (IsSkipped()) return;
+    EXPECT_EQ(scanner.csp2ReadData(), 1) << scanner.trouble();
+    EXPECT_EQ(codes(scanner), std::vector<std::string>{"TVK7"});
+}
+
+TEST_F(SimulatorProgram, PlaysOneThatIsSilentOrDamaged) {
+    run({"--damaged", "TVK7"}, scanner);
+    if (IsSkipped()) return;
+    EXPECT_EQ(scanner.csp2ReadData(), -1);
+    TearDown();
+    Cs1504Scanner hasty(line, impatient());
+    run({"--silent", "TVK7"}, hasty);
+    EXPECT_EQ(hasty.csp2ReadData(), -1);
+    EXPECT_TRUE(hasty.trouble().starts_with("No scanner answers at ")) << hasty.trouble();
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <QFocusEvent>
 #include <QToolBar>
-#include <QToolButton>
 #include <algorithm>
 
 #include "barcodes/scanned_code.h"
@@ -114,13 +113,7 @@ void ShoppingList::set_up_toolbar() {
     bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     fill_toolbar(*this, bar,
                  {{1, "new_item"}, {2, "print"}, {3, "save"}, {4, "open"}, {5, "put_in_stock"}});
-    auto* stock = qobject_cast<QToolButton*>(bar.widgetForAction(ui_->list_toolbar_5));
-    stock->setAutoRaise(false);
-    stock->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    QFont font = stock->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.3);
-    stock->setFont(font);
+    enlarge_command(bar, *ui_->list_toolbar_5);
     on_command(ui_->list_toolbar_1, [this] { add_from_inventory(); });
     on_command(ui_->list_toolbar_2, preview_list);
     on_command(ui_->list_toolbar_3, [this] { save_list(); });

@@ -31,4 +31,14 @@ void fill_toolbar(QWidget& screen, QToolBar& bar,
     }
 }
 
+void enlarge_command(QToolBar& bar, QAction& action) {
+    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(&action));
+    button->setAutoRaise(false);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    QFont font = button->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    button->setFont(font);
+}
+
 }  // namespace tavernook

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+class QAction;
 class QToolBar;
 class QWidget;
 
@@ -13,5 +14,8 @@ namespace tavernook {
 // the tab order and a button named BAR_POSITION_button. A position without an icon is a separator.
 void fill_toolbar(QWidget& screen, QToolBar& bar,
                   const std::vector<std::pair<int, const char*>>& icons);
+
+// The most frequent command of a screen: larger than the others, its text beside the icon.
+void enlarge_command(QToolBar& bar, QAction& action);
 
 }  // namespace tavernook

@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <QToolBar>
-#include <QToolButton>
 
 #include "barcodes/scan_list.h"
 #include "barcodes/scan_sources.h"
@@ -89,6 +88,7 @@ void CS1504GETUPC::set_up_toolbar() {
                   {4, "usage"},
                   {5, "grocery_list"},
                   {6, "import"}});
+    enlarge_command(bar, *ui_->scan_toolbar_3);
     on_command(ui_->scan_toolbar_1, [this] { read_scanner(); });
     on_command(ui_->scan_toolbar_2, [this] { clear(); });
     on_command(ui_->scan_toolbar_3, [this] { book_new(); });

@@ -66,10 +66,12 @@ void ScanRowsPane::set_up_list() {
     dress_list(list_);
     list_.setModel(rows_);
     follow_font_size(list_);
-    const int letters[] = {20, 36, 12, 12, 12};
+    const int letters[] = {34, 40, 18, 18, 18};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         list_.header()->resizeSection(column, letters_wide(*this, letters[column]));
     }
+    list_.header()->setStretchLastSection(false);
+    list_.header()->setSectionResizeMode(1, QHeaderView::Stretch);
     hint_when_empty(list_, tr("No codes yet. Scan what you have bought or used up, or import a "
                               "list of codes."));
 }
@@ -97,6 +99,9 @@ void ScanRowsPane::set_up_commands() {
 
 void ScanRowsPane::follow_changes() {
     ui_->Text1->follow_scanner_type();
+    if (scanner_type == batch_scanner) {
+        ui_->Text1->setPlaceholderText(tr("The codes come by \"Read Scanner\""));
+    }
     if (seen_.is_stale()) refresh_scan_rows();
     seen_.renew();
     std::vector<RowId> ids;

@@ -159,6 +159,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "toolbar_2_1",
                                               "toolbar_2_2",
                                               "toolbar_2_3",
+                                              "toolbar_2_4",
+                                              "mnu_barcode",
                                               "mnu_wam",
                                               "Project_Setup",
                                               "Project_SendtoWeb",
@@ -180,8 +182,8 @@ TEST_F(MainWindow, ADisabledCommandSaysWhy) {
     EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project. Open a project first.");
     EXPECT_EQ(action("mnu_tile").statusTip(),
               "Arrange the open screens side by side. No screen is open.");
-    EXPECT_EQ(action("mnu_barcode").statusTip(),
-              "Make a sheet of barcode labels. Not available in this version.");
+    EXPECT_EQ(action("mnu_vii").statusTip(),
+              "Work by ear: everything is spoken. Not available in this version.");
     EXPECT_EQ(action("Project_ScanList").statusTip(),
               "Use the \"Scan List\" button of the toolbar.");
     EXPECT_EQ(action("Project_Calculator").statusTip(),
@@ -251,10 +253,10 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
             ++reached;
         }
     }
-    // Six commands and the submenu of File; settings, items, recipes, planner, measures, list
-    // and publishing;
+    // Six commands and the submenu of File; settings, items, recipes, planner, measures, list,
+    // labels and publishing;
     // Help without the lessons.
-    EXPECT_EQ(reached, 7 + 7 + 3);
+    EXPECT_EQ(reached, 7 + 8 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {

@@ -1,3 +1,5 @@
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -174,6 +176,46 @@ TEST_F(ProjectSetupTest, TheBatchScannerHasTwoNamesAndAPort) {
     });
     EXPECT_EQ(scanner_type, 1);
     EXPECT_EQ(scanner_comm_port, 16);
+}
+
+TEST_F(ProjectSetupTest, BehindANumberStandsThePortThatItMeans) {
+    scanner_type = 1;
+    scanner_comm_port = 2;
+    platform.scanner.ports = {"ttyS0", "ttyUSB0"};
+    in_setup([](ProjectSetup& setup) {
+        EXPECT_EQ(shown(setup, "port_list"), "Comm 2 (ttyUSB0)");
+        QComboBox& ports = list(setup, "port_list");
+        EXPECT_EQ(ports.count(), 16);
+        EXPECT_EQ(ports.itemText(0), "Comm 1 (ttyS0)");
+        EXPECT_EQ(ports.itemText(2), "Comm 3");
+        EXPECT_EQ(ports.itemText(15), "Comm 16");
+        ports.setCurrentIndex(0);
+    });
+    EXPECT_EQ(scanner_comm_port, 1);
+}
+
+TEST_F(ProjectSetupTest, AnOpenedListKnowsThePortsOfTheMoment) {
+    scanner_type = 1;
+    scanner_comm_port = 1;
+    platform.scanner.ports = {"ttyS0"};
+    in_setup([this](ProjectSetup& setup) {
+        QComboBox& ports = list(setup, "port_list");
+        platform.scanner.ports = {"ttyACM0", "ttyS0"};
+        ports.setFocus();
+        QTest::keyClick(&ports, Qt::Key_F4);  // opens the list
+        EXPECT_TRUE(ports.view()->isVisible());
+        EXPECT_EQ(shown(setup, "port_list"), "Comm 1 (ttyACM0)");
+        EXPECT_EQ(ports.itemText(1), "Comm 2 (ttyS0)");
+        QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&ports);
+        EXPECT_EQ(heard->text(QAccessible::Value), "Comm 1 (ttyACM0)");
+        ports.hidePopup();
+        platform.scanner.ports = {};
+        ports.showPopup();
+        EXPECT_EQ(shown(setup, "port_list"), "Comm 1");
+        ports.hidePopup();
+    });
+    EXPECT_EQ(scanner_comm_port, 1);
+    EXPECT_EQ(project_modified, i16_false) << "nothing was chosen";
 }
 
 TEST_F(ProjectSetupTest, TextsAndNumbersAreWrittenWithOk) {

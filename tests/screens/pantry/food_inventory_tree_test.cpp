@@ -384,9 +384,9 @@ TEST_F(ItemTree, TheMenuOfTheTreeOffersItsCommands) {
         menu->close();
     });
     Q_EMIT tree().customContextMenuRequested(QPoint(4, 4));
-    EXPECT_EQ(offered,
-              (std::vector<std::string>{"New Item", "New Category", "Rename", "Copy", "Delete",
-                                        "Expand Tree", "Collapse Tree", "Count Texts"}));
+    EXPECT_EQ(offered, (std::vector<std::string>{"New Item", "New Category", "Rename", "Copy",
+                                                 "Barcode Picture", "Delete", "Expand Tree",
+                                                 "Collapse Tree", "Count Texts"}));
 }
 
 TEST_F(ItemTree, ItemsAreDraggedByTheirNumber) {
