@@ -4,8 +4,8 @@
 
 #include "core/program_folders.h"
 #include "core/replace_file.h"
-#include "fakes/test_platform.h"
 #include "measured_pairs.h"
+#include "real_disk.h"
 #include "reports/pages/calendar_pages.h"
 #include "reports/pages/list_page.h"
 #include "reports/pages/page_files.h"
@@ -17,17 +17,11 @@
 namespace tavernook {
 namespace {
 
-// A full project on the real disk, without the records that the fakes keep.
+// A full project on the real disk.
 struct FullHousehold {
     FullHousehold() {
         fill_full_project();
-        set_platform({.clock = &platform.clock,
-                      .boxes = &platform.boxes,
-                      .files = &platform.disk,
-                      .system_info = &platform.system,
-                      .save_progress = &platform.progress,
-                      .main = &platform.main,
-                      .screens = &platform.screens});
+        put_on_real_disk(platform);
         const bool placed = lay_out_pages([](const std::string& name) {
             return read_whole_file(TAVERNOOK_SOURCE_FOLDER "/assets/pages/" + name);
         });

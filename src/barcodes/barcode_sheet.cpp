@@ -26,6 +26,7 @@ constexpr std::string_view row_begin =
 constexpr std::string_view caption_begin =
     "*</font></p><p style='margin-top: 0; margin-bottom: 0' align=\"left\">"
     "<font face='Arial' size='1'><b>";
+constexpr std::size_t usual_row = 320;
 constexpr std::string_view row_end = "</b></font></p><p>&nbsp</p></td></tr>";
 
 std::string_view without_outer_stars(std::string_view code) {
@@ -60,7 +61,9 @@ void append_item(std::string& page, SheetLabels& labels, const ItemRecord& item)
 }
 
 std::string page_of(const SheetContents& contents, SheetLabels& labels) {
-    std::string page(page_begin);
+    std::string page;
+    page.reserve(usual_row * (item_capacity + meal_capacity));  // what is not written costs nothing
+    page += page_begin;
     for (i16 item = 1; contents.items && item <= item_capacity; ++item) {
         if (items[item].in_use == 1) append_item(page, labels, items[item]);
     }

@@ -24,7 +24,7 @@ using Codes = std::multiset<std::string>;
 // What twelve items of a household bear: numbers of articles, numbers of one's own, all signs.
 const char* const item_codes[] = {
     "012345678905", "40123455", "4006381333931", "00012345678905", "7",           "A",
-    "SHELF-4",      "1.50/KG",  "$5+TAX%",       "MILK  2 LITRE",   "XYZ-987.654", "*5012345*"};
+    "SHELF-4",      "1.50/KG",  "$5+TAX%",       "MILK  2 LITRE",  "XYZ-987.654", "*5012345*"};
 
 class Labels : public WebTest {
   protected:
@@ -55,8 +55,8 @@ class Labels : public WebTest {
         }
     }
 
-    // The codes on the paper, all sheets together.
-    Codes printed_codes(const std::string& page) {
+    // A PDF of the page.
+    QString printed(const std::string& page) {
         EXPECT_TRUE(navigate(page));
         const QString pdf = QString::fromStdString(folder.path("labels.pdf"));
         auto printer = std::make_shared<QPrinter>();
@@ -64,6 +64,12 @@ class Labels : public WebTest {
         printer->setOutputFileName(pdf);
         printer->setPageSize(QPageSize(QPageSize::A4));
         EXPECT_TRUE(prints(printer));
+        return pdf;
+    }
+
+    // The codes on the paper, all sheets together.
+    Codes printed_codes(const std::string& page) {
+        const QString pdf = printed(page);
         output_of("pdftoppm",
                   {"-gray", "-r", "200", pdf, QString::fromStdString(folder.path("sheet"))});
         QStringList arguments = {"--raw", "--quiet", "--nodbus", "-Sdisable", "-Scode39.enable"};
@@ -102,6 +108,25 @@ TEST_F(Labels, ItemsWithoutACodeKeepNobodyFromBeingRead) {
         EXPECT_EQ(codes.count(code), 1U) << code;
     }
     EXPECT_EQ(codes.count("EMPTY"), 1U) << "the reader tells each code once";
+}
+
+TEST_F(Labels, ACodeAndItsNameStandOnTheSameSheetOfPaper) {
+    if (QStandardPaths::findExecutable("pdftotext").isEmpty()) GTEST_SKIP();
+    for (i16 item = 1; item <= 60; ++item) {
+        items[item].name = "Item";
+        items[item].barcode = "B" + std::to_string(item);
+        items[item].in_use = 1;
+    }
+    ASSERT_TRUE(Build_Doc({.items = true}).is_written);
+    std::istringstream papers(output_of("pdftotext", {"-layout", printed(sheet_path()), "-"}));
+    int count = 0;
+    for (std::string paper; std::getline(papers, paper, '\f'); ++count) {
+        for (int item = 1; item <= 60; ++item) {
+            const std::string code = "*B" + std::to_string(item) + "*";
+            EXPECT_NE(occurrences(paper, code), 1) << code << " on sheet " << count;
+        }
+    }
+    EXPECT_GT(count, 2);
 }
 
 TEST_F(Labels, TheLabelOfOneItemIsRead) {

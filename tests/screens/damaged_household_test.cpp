@@ -60,7 +60,7 @@ class DamagedHouseholdOnScreen : public ChildScreenTest {
   protected:
     static constexpr std::array screens = {"FoodInventory", "Mealbuilder", "ShoppingList",
                                            "MealPlan",      "StoresForm",  "UnitsForm",
-                                           "wam",           "Reports"};
+                                           "wam",           "Reports",     "BCBuild"};
 
     void SetUp() override {
         register_screens(window);
@@ -164,7 +164,8 @@ TEST_F(DamagedHouseholdOnScreen, EveryRowIsSelected) {
                                                     {"StoresForm", 5},
                                                     {"UnitsForm", 15},
                                                     {"wam", 3},
-                                                    {"Reports", 300}};
+                                                    {"Reports", 300},
+                                                    {"BCBuild", 0}};
     for (const char* name : screens) {
         show(name);
         rows_selected = 0;

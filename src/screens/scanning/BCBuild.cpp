@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QFontDatabase>
-#include <QPointer>
 
 #include "screens/parts/icons.h"
 #include "screens/parts/laid_out.h"
@@ -113,10 +112,8 @@ void BCBuild::show_last_sheet() {
 void BCBuild::build() {
     const SheetContents contents{.items = ui_->Check1->isChecked(),
                                  .recipes = ui_->Check2->isChecked()};
-    const QPointer<BCBuild> still(this);
     const BuiltSheet built = Build_Doc(contents);
-    if (!still) return;
-    if (!built.is_written) return say(tr("The list could not be made."));
+    if (!built.is_written) return say(tr("The list could not be made."));  // this may have gone
     show_sheet(built.labels);
     say(told(contents, built.labels));
 }

@@ -8,7 +8,7 @@ namespace tavernook {
 
 namespace {
 
-constexpr int comfortable_scale = 2;  // at the usual 96 pixels an inch
+constexpr int comfortable_width = 640;  // in the units of the windows
 
 QImage bars_of(const Picture& picture) {
     QImage bars(picture.width, picture.height / 2, QImage::Format_RGB32);
@@ -46,7 +46,8 @@ QSize BarcodeView::size_for(int pixels_a_module) const {
 }
 
 QSize BarcodeView::sizeHint() const {
-    return size_for(static_cast<int>(std::floor(comfortable_scale * devicePixelRatioF())));
+    const int room = static_cast<int>(comfortable_width * devicePixelRatioF());
+    return size_for(std::max(1, room / std::max(1, bars_.width())));
 }
 
 QSize BarcodeView::minimumSizeHint() const {
