@@ -33,7 +33,7 @@ constexpr PreviewControls controls[] = {
     {.title = "Week Review", .has_edit = true},
     {.title = "Print Preview", .has_notes = true, .has_sizes = true},
     {.title = "Month Review", .has_edit = true, .is_wide = true},
-    {.title = "Item Label", .has_edit = true},
+    {.title = "Item Label", .has_edit = true, .has_codes = true},
     {.title = "Reports",
      .has_sizes = true,
      .has_gridlines = true,

@@ -27,7 +27,8 @@ struct PreviewControls {
     bool has_sizes = false;      // "Font Size"
     bool has_gridlines = false;  // "Gridlines"
     bool edits_at_once = false;
-    bool is_wide = false;  // a sheet of paper is to lie across
+    bool is_wide = false;    // a sheet of paper is to lie across
+    bool has_codes = false;  // drawn by the labels' font
 };
 
 extern std::string html_path;

@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "reports/preview.h"
 #include "screens/parts/icons.h"
+#include "screens/parts/label_font.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/page_pane.h"
@@ -103,6 +104,8 @@ void PP::take_page() {
 
 void PP::follow_arrival() {
     if (controls().edits_at_once) page_.let_edit();
+    const QString missing = controls().has_codes ? missing_label_font() : QString();
+    if (!missing.isEmpty()) say(missing);
     update_commands();
     if (hasFocus()) focus_main_command();
 }

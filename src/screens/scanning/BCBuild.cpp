@@ -1,9 +1,9 @@
 #include "screens/scanning/BCBuild.h"
 
 #include <QCloseEvent>
-#include <QFontDatabase>
 
 #include "screens/parts/icons.h"
+#include "screens/parts/label_font.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/page_pane.h"
@@ -37,12 +37,7 @@ QString told(const SheetContents& contents, const SheetLabels& labels) {
 // What keeps scanners from reading the labels.
 QString trouble_with(const SheetLabels& labels) {
     QStringList lines;
-    if (!QFontDatabase::hasFamily(QLatin1String(label_font))) {
-        lines << tr("The font \"%1\" is missing on this computer: the codes are plain text here, "
-                    "and labels printed without it cannot be scanned.  Install a font of that "
-                    "name, and start the program again.")
-                     .arg(QLatin1String(label_font));
-    }
+    if (const QString missing = missing_label_font(); !missing.isEmpty()) lines << missing;
     if (labels.misread > 0) {
         lines << tr("Scanners read %1 wrong or not at all: such a barcode cannot hold small "
                     "letters, stars or signs other than - . $ / + %.")

@@ -36,6 +36,15 @@ TEST_F(PreviewKinds, EachHasItsTitleAndItsCommands) {
     }
 }
 
+// Its code could not be scanned. Other pages have none.
+TEST_F(PreviewKinds, AnItemLabelTellsOfTheMissingFont) {
+    show(0);
+    EXPECT_EQ(said(), "");
+    show(3);
+    EXPECT_TRUE(said().starts_with("The font \"3 of 9 Barcode\" is missing on this computer"))
+        << said();
+}
+
 TEST_F(PreviewKinds, TheSizesAreListed) {
     show(4);
     QStringList texts;
