@@ -137,11 +137,15 @@ void ItemFormPane::connect_boxes() {
             [this](int days) { ui_->storage_time->setText(QString::number(days)); });
 }
 
+// "Scan" goes on waiting for the code of an item that is shown anew, as when it was stored.
 void ItemFormPane::show_item(i16 item) {
+    const bool is_same = on_ == On::new_item || (on_ == On::item && item_.now() == item);
+    if (!is_same) ui_->code_field->give_up_scanning();
     auto emptied = qScopeGuard([this] { show_nothing(); });
     fields_.show(item);
     emptied.dismiss();
     ui_->expiry_field->close_calendar();
+    item_ = RowRef(Subject::items, item);
     put_on(On::item);
 }
 
@@ -155,6 +159,7 @@ void ItemFormPane::show_new_item(const std::string& name, i16 catagory) {
 }
 
 void ItemFormPane::show_nothing() {
+    ui_->code_field->give_up_scanning();
     ui_->expiry_field->close_calendar();
     fields_.show(0);
     put_on(On::nothing);
@@ -162,7 +167,6 @@ void ItemFormPane::show_nothing() {
 
 void ItemFormPane::put_on(On shown) {
     on_ = shown;
-    ui_->code_field->give_up_scanning();
     const bool any = shown != On::nothing;
     ui_->information_area->widget()->setEnabled(any);
     ui_->nutrition_area->widget()->setEnabled(any);

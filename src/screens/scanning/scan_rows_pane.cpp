@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 #include "barcodes/scan_list.h"
 #include "barcodes/scanners.h"
@@ -115,16 +116,10 @@ void ScanRowsPane::follow_changes() {
 // The last one comes in sight and is the current one.
 void ScanRowsPane::mark_new_rows() {
     if (scan_rows.empty() || scan_rows.back().id <= newest_) return;
-    QItemSelection marked;
-    for (const ScanRow& row : scan_rows) {
-        if (row.id <= newest_) continue;
-        const QModelIndex index = rows_->index(rows_->place_of(row.id), 0);
-        marked.select(index, index);
-    }
-    newest_ = scan_rows.back().id;
+    const i32 newest_before = std::exchange(newest_, scan_rows.back().id);
     const QModelIndex last = rows_->index(rows_->place_of(newest_), 0);
     list_.selectionModel()->setCurrentIndex(last, QItemSelectionModel::NoUpdate);
-    list_.selectionModel()->select(marked, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    mark_rows(list_, *rows_, [newest_before](RowId row) { return row > newest_before; });
     list_.scrollTo(last);
 }
 
