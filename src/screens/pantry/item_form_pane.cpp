@@ -139,8 +139,7 @@ void ItemFormPane::connect_boxes() {
 
 // "Scan" goes on waiting for the code of an item that is shown anew, as when it was stored.
 void ItemFormPane::show_item(i16 item) {
-    const bool is_same = on_ == On::new_item || (on_ == On::item && item_.now() == item);
-    if (!is_same) ui_->code_field->give_up_scanning();
+    if (on_ != On::new_item && item_.now() != item) ui_->code_field->give_up_scanning();
     auto emptied = qScopeGuard([this] { show_nothing(); });
     fields_.show(item);
     emptied.dismiss();
@@ -171,8 +170,7 @@ void ItemFormPane::put_on(On shown) {
     ui_->information_area->widget()->setEnabled(any);
     ui_->nutrition_area->widget()->setEnabled(any);
     ui_->lot_track->setEnabled(shown == On::item);
-    ui_->lot_track->setText(shown == On::new_item ? QStringLiteral("Lot Track")
-                                                  : QStringLiteral("Lot Track.."));
+    ui_->lot_track->setText(QLatin1String(shown == On::new_item ? "Lot Track" : "Lot Track.."));
     update_labels();
 }
 

@@ -132,7 +132,6 @@ void ScanRowsPane::follow_selection() {
     for (QAction* action : {ui_->modify_quantity, ui_->change_lot}) {
         action->setEnabled(current() != 0);
     }
-    Q_EMIT selection_changed();
 }
 
 bool ScanRowsPane::is_empty() const {
@@ -184,10 +183,6 @@ void ScanRowsPane::focus_list() {
     list_.setFocus();
 }
 
-void ScanRowsPane::ask_for_code() {
-    ui_->Text1->ask();
-}
-
 bool ScanRowsPane::discard_code() {
     const bool begun = ui_->Text1->has_begun();
     if (begun) ui_->Text1->discard();
@@ -195,7 +190,7 @@ bool ScanRowsPane::discard_code() {
 }
 
 void ScanRowsPane::press_enter() {
-    if (scanner_type == no_scanner) return ask_for_code();
+    if (scanner_type == no_scanner) return ui_->Text1->ask();
     if (current() != 0) Q_EMIT open_wanted();
 }
 
