@@ -178,6 +178,34 @@ TEST_F(BatchReading, ClosingTheScreenEndsTheClearingWithoutHarm) {
     EXPECT_FALSE(is_open("CS1504GETUPC"));
 }
 
+TEST_F(BatchReading, ClosingTheProjectEndsTheClearingToo) {
+    fill_scanner();
+    open_list();
+    platform.scanner.meanwhile = [&] { action("mnuFile_Close").trigger(); };
+    click_command(2);
+    settle();
+    EXPECT_TRUE(platform.scanner.cancelled);
+    EXPECT_EQ(project_open, 0);
+    EXPECT_FALSE(is_open("CS1504GETUPC"));
+}
+
+TEST_F(BatchReading, AScannerThatIsPluggedInLaterIsReadAsIfItHadBeenThere) {
+    platform.scanner.port_result = 1;
+    platform.scanner.is_attached = false;
+    platform.scanner.why = "There is no Comm 3: this computer has no serial ports.";
+    open_list();
+    platform.boxes.expect_message(port_not_ready);
+    platform.boxes.expect_message(cannot_connect);
+    click_command(1);
+    platform.scanner.port_result = 0;
+    platform.scanner.is_attached = true;
+    platform.scanner.why.clear();
+    fill_scanner();
+    click_command(1);
+    EXPECT_EQ(codes(), (Texts{"1111", "777"}));
+    EXPECT_EQ(status(), "2 codes came from the scanner.");
+}
+
 // --- one code for the item inventory -------------------------------------------------------------
 
 class CodePicking : public BatchReading {
