@@ -37,27 +37,23 @@ std::string code_of_packet(i32 packet) {
     return {buffer.data() + code_in_packet, buffer.data() + end};
 }
 
-// The project, which may go while a box or the scanner is waited for.
-class PresentProject {
-  public:
-    bool has_gone() const { return project_open == i16_false || project_path != path_; }
-
-  private:
-    const std::string path_ = project_path;
-};
+// While a box or the scanner was waited for. Whoever closes a project cancels the reading, so that
+// the next one gets none of its codes; a project under another name is the same one.
+bool has_project_gone() {
+    return project_open == i16_false;
+}
 
 // False when nothing answers or nothing is stored. Nothing comes in, and nothing is told, when the
 // project has gone or the user has stopped it.
 bool take_codes(int& rows) {
-    const PresentProject project;
     const Port port;
     if (!port.is_ready) {
         boxes().message(
             "Port not Ready.  Make sure that you are using the correct Comm Port Address.");
     }
-    if (project.has_gone()) return true;
+    if (has_project_gone()) return true;
     const i32 packets = scanner_device().csp2ReadData();
-    if (packets == reading_cancelled || project.has_gone()) return true;
+    if (packets == reading_cancelled || has_project_gone()) return true;
     for (i32 packet = 0; packet < packets; ++packet) {
         populate_item(code_of_packet(packet), 0, "");
         ++rows;

@@ -190,9 +190,7 @@ class Run {
             }
         });
         if (scan_row(at_) != nullptr) keep(at_, "the booking stopped here");
-        std::erase_if(scan_rows, [this](const ScanRow& row) {
-            return std::binary_search(leaving_.begin(), leaving_.end(), row.id);
-        });
+        delete_scan_rows(leaving_);
         refresh_scan_rows();
         return result_;
     }
@@ -238,8 +236,8 @@ class Run {
 
     Way way_;
     ScanBooking result_;
-    std::vector<i32> leaving_;  // in their order
-    i32 at_ = 0;                // the row that is being booked; 0 between two
+    std::vector<i32> leaving_;
+    i32 at_ = 0;  // the row that is being booked; 0 between two
 };
 
 }  // namespace

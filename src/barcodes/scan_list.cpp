@@ -138,9 +138,11 @@ void delete_barcode(std::string_view barcode) noexcept {
     if (row != scan_rows.end()) scan_rows.erase(row);
 }
 
-void delete_scan_row(i32 id) noexcept {
-    const auto row = place_of(id);
-    if (row != scan_rows.end()) scan_rows.erase(row);
+void delete_scan_rows(std::vector<i32> ids) noexcept {
+    std::sort(ids.begin(), ids.end());
+    std::erase_if(scan_rows, [&ids](const ScanRow& row) {
+        return std::binary_search(ids.begin(), ids.end(), row.id);
+    });
 }
 
 void clear_scan_list() noexcept {

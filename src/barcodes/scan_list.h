@@ -61,9 +61,9 @@ void refresh_scan_rows() noexcept;
 // quantity beyond 16 bits.
 i16 GetQTY(std::string_view barcode) noexcept;
 
-// The first row of that code; that row; all of them.
+// The first row of that code; those rows, whichever are still there; all of them.
 void delete_barcode(std::string_view barcode) noexcept;
-void delete_scan_row(i32 id) noexcept;
+void delete_scan_rows(std::vector<i32> ids) noexcept;
 void clear_scan_list() noexcept;
 
 // Ask for the row's quantity or lot. Nothing changes by a cancelled box, a row that goes meanwhile,

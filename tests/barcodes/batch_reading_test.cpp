@@ -141,6 +141,13 @@ TEST_F(BatchReading, AProjectThatIsClosedMeanwhileGetsNoRowsAndNoBox) {
     }
 }
 
+TEST_F(BatchReading, AProjectThatIsSavedUnderAnotherNameMeanwhileGetsItsRows) {
+    hold({"0123", "999"});
+    scanner().meanwhile = [] { project_path = "/home/me/other.tvk"; };
+    EXPECT_EQ(read_cs1504(), 2);
+    EXPECT_EQ(codes(), (Texts{"0123", "999"}));
+}
+
 TEST_F(BatchReading, AProjectThatIsClosedWhileTheBoxStandsIsNotReadFor) {
     scanner().port_result = 1;
     hold({"0123"});

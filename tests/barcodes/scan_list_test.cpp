@@ -129,7 +129,7 @@ TEST_F(ScanList, ACodeScannedTwiceIsTwoRows) {
 
 TEST_F(ScanList, IdsAreNeverUsedAgain) {
     const i32 first = scan("1");
-    delete_scan_row(first);
+    delete_scan_rows({first});
     const i32 second = scan("1");
     clear_scan_list();
     const i32 third = scan("1");
@@ -160,9 +160,14 @@ TEST_F(ScanList, RowsAreDeletedByCodeAndById) {
     delete_barcode("1 ");
     EXPECT_EQ(codes(), (Texts{"2", "1"}));
     delete_barcode("none");
-    delete_scan_row(second);
-    delete_scan_row(second);
+    delete_scan_rows({second});
+    delete_scan_rows({second});
     EXPECT_EQ(codes(), Texts{"1"});
+    const i32 third = scan("3");
+    const i32 fourth = scan("4");
+    scan("5");
+    delete_scan_rows({fourth, 0, second, third, fourth});
+    EXPECT_EQ(codes(), (Texts{"1", "5"}));
 }
 
 TEST_F(ScanList, TheQuantityOfACodeIsThatOfItsFirstRowRoundedHalfToEven) {
@@ -315,7 +320,7 @@ TEST_F(ScanList, ARowThatGoesWhileItsBoxStandsOpenTakesNothingAndIsTold) {
     const i32 quantity = scan("0123", 2);
     scan("4567", 5);
     platform.boxes.expect_input("Type new Quantity", "Modify Quantity", "2", "9").during([=] {
-        delete_scan_row(quantity);
+        delete_scan_rows({quantity});
     });
     ModQuantity(quantity);
     EXPECT_EQ(scan_rows[0].quantity, "5");
@@ -334,7 +339,7 @@ TEST_F(ScanList, ARowThatMovesWhileItsBoxStandsOpenTakesWhatWasTyped) {
     const i32 first = scan("0123");
     const i32 second = scan("4567");
     platform.boxes.expect_input("Type new Quantity", "Modify Quantity", "1", "9").during([=] {
-        delete_scan_row(first);
+        delete_scan_rows({first});
         for (int row = 0; row < 100; ++row) scan("1");
     });
     ModQuantity(second);

@@ -45,8 +45,11 @@ class FakeBatchScanner : public BatchScanner {
     }
     i32 csp2ClearData() noexcept override {
         log.add("clear");
-        if (is_attached) packets.clear();
-        return is_attached ? 0 : -1;
+        cancelled = false;
+        if (meanwhile) meanwhile();
+        const bool is_heard = is_attached && !cancelled;
+        if (is_heard) packets.clear();
+        return is_heard ? 0 : -1;
     }
     void close() noexcept override { log.add("close"); }
     void cancel() noexcept override {
@@ -64,7 +67,7 @@ class FakeBatchScanner : public BatchScanner {
     std::vector<std::string> ports;
     std::string why;  // what `trouble` tells
 
-    // Called while the codes are read.
+    // Called while the codes are read, or cleared.
     std::function<void()> meanwhile;
 };
 

@@ -137,11 +137,14 @@ void ItemFormPane::connect_boxes() {
             [this](int days) { ui_->storage_time->setText(QString::number(days)); });
 }
 
+// "Scan" goes on waiting for the code of an item that is shown anew, as when it was stored.
 void ItemFormPane::show_item(i16 item) {
+    if (on_ != On::new_item && item_.now() != item) ui_->code_field->give_up_scanning();
     auto emptied = qScopeGuard([this] { show_nothing(); });
     fields_.show(item);
     emptied.dismiss();
     ui_->expiry_field->close_calendar();
+    item_ = RowRef(Subject::items, item);
     put_on(On::item);
 }
 
@@ -155,6 +158,7 @@ void ItemFormPane::show_new_item(const std::string& name, i16 catagory) {
 }
 
 void ItemFormPane::show_nothing() {
+    ui_->code_field->give_up_scanning();
     ui_->expiry_field->close_calendar();
     fields_.show(0);
     put_on(On::nothing);
@@ -162,13 +166,11 @@ void ItemFormPane::show_nothing() {
 
 void ItemFormPane::put_on(On shown) {
     on_ = shown;
-    ui_->code_field->give_up_scanning();
     const bool any = shown != On::nothing;
     ui_->information_area->widget()->setEnabled(any);
     ui_->nutrition_area->widget()->setEnabled(any);
     ui_->lot_track->setEnabled(shown == On::item);
-    ui_->lot_track->setText(shown == On::new_item ? QStringLiteral("Lot Track")
-                                                  : QStringLiteral("Lot Track.."));
+    ui_->lot_track->setText(QLatin1String(shown == On::new_item ? "Lot Track" : "Lot Track.."));
     update_labels();
 }
 

@@ -94,6 +94,7 @@ class ItemFormPane : public QWidget {
     QStringListModel* unit_names_;
     QStringListModel* store_names_;
     On on_ = On::nothing;
+    RowRef item_;  // that was shown last
     Seen seen_{Subject::items,  Subject::lots,       Subject::units,
                Subject::stores, Subject::catagories, Subject::settings};
 };

@@ -20,6 +20,7 @@ struct Place {
 };
 
 using RowAt = std::function<RowId(int place)>;
+using Wanted = std::function<bool(RowId)>;
 
 Place place_in(const QAbstractItemView& view, const RowAt& row_at) {
     Place place;
@@ -38,13 +39,12 @@ Place place_in(const QAbstractItemView& view, const RowAt& row_at) {
 
 // In runs, as thousands of single rows would take long.
 QItemSelection selection_of(const QAbstractItemModel& model, const RowAt& row_at,
-                            const std::unordered_set<RowId>& selected) {
+                            const Wanted& is_wanted) {
     QItemSelection selection;
-    if (selected.empty()) return selection;
     const int last_column = model.columnCount() - 1;
     int first = -1;
     for (int place = 0; place <= model.rowCount(); ++place) {
-        const bool wanted = place < model.rowCount() && selected.contains(row_at(place));
+        const bool wanted = place < model.rowCount() && is_wanted(row_at(place));
         if (wanted && first < 0) first = place;
         if (wanted || first < 0) continue;
         selection.append(
@@ -69,7 +69,8 @@ bool keep_place(QAbstractItemView& view, const RowAt& row_at, const std::functio
     if (!refill()) return false;
     const QAbstractItemModel& model = *view.model();
     QItemSelectionModel& marks = *view.selectionModel();
-    const QItemSelection kept = selection_of(model, row_at, before.selected);
+    const QItemSelection kept =
+        selection_of(model, row_at, [&](RowId row) { return before.selected.contains(row); });
     marks.select(kept, QItemSelectionModel::ClearAndSelect);
     // A selection that goes with its rows goes without a word.
     if (kept.isEmpty() && had_selection) Q_EMIT marks.selectionChanged({}, {});
@@ -96,6 +97,12 @@ std::vector<RowId> selected_rows(const QAbstractItemView& view, const RowsModel&
         }
     }
     return found;
+}
+
+void mark_rows(QAbstractItemView& view, const RowsModel& model, const Wanted& is_wanted) {
+    const QItemSelection marked = selection_of(
+        model, [&model](int place) { return model.row_at(place); }, is_wanted);
+    view.selectionModel()->select(marked, QItemSelectionModel::Select);
 }
 
 RowId current_row(const QAbstractItemView& view, const RowsModel& model) {

@@ -25,6 +25,10 @@ bool refill_in_place(QAbstractItemView& view, RowsModel& model, std::vector<RowI
 // As the selection holds them, which is not the order in which they stand.
 std::vector<RowId> selected_rows(const QAbstractItemView& view, const RowsModel& model);
 
+// Marks these rows beside those that are marked already.
+void mark_rows(QAbstractItemView& view, const RowsModel& model,
+               const std::function<bool(RowId)>& wanted);
+
 // no_row without one.
 RowId current_row(const QAbstractItemView& view, const RowsModel& model);
 

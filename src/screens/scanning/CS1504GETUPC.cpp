@@ -130,14 +130,14 @@ void CS1504GETUPC::follow_changes() {
 void CS1504GETUPC::update_commands() {
     for (QAction* action : {ui_->scan_toolbar_1, ui_->scan_toolbar_2}) {
         action->setVisible(scanner_type == batch_scanner);
-        action->setEnabled(!is_reading_);
+        action->setEnabled(!is_waiting_);
     }
     for (QAction* action : {ui_->scan_toolbar_3, ui_->scan_toolbar_4, ui_->scan_toolbar_5}) {
-        action->setEnabled(!is_reading_ && !rows_.is_empty());
+        action->setEnabled(!is_waiting_ && !rows_.is_empty());
     }
-    ui_->scan_toolbar_6->setEnabled(!is_reading_);
-    ui_->reading_label->setVisible(is_reading_);
-    ui_->stop_button->setVisible(is_reading_);
+    ui_->scan_toolbar_6->setEnabled(!is_waiting_);
+    ui_->work_label->setVisible(is_waiting_);
+    ui_->stop_button->setVisible(is_waiting_);
 }
 
 void CS1504GETUPC::refresh_item(std::string_view barcode, std::string_view name, i16 item) {
@@ -176,23 +176,32 @@ void CS1504GETUPC::take_code(const std::string& code) {
     say(row.is_known ? row.name + " is on the list." : "No item has the barcode \"" + code + "\".");
 }
 
-void CS1504GETUPC::read_scanner() {
+// Windows hear the user meanwhile. False when this screen has gone behind it.
+bool CS1504GETUPC::wait_for_scanner(const QString& told, const Work& work) {
     const QPointer<CS1504GETUPC> still(this);
     setWindowTitle(tr(usual_caption));
-    is_reading_ = true;
+    ui_->work_label->setText(told);
+    is_waiting_ = true;
     update_commands();
     ui_->stop_button->setFocus();
-    const int count = read_cs1504();
-    if (!still) return;
-    is_reading_ = false;
+    work();
+    if (!still) return false;
+    is_waiting_ = false;
     rows_.focus_list();
+    return true;
+}
+
+void CS1504GETUPC::read_scanner() {
+    int count = 0;
+    const auto read = [&count] { count = read_cs1504(); };
+    if (!wait_for_scanner(tr("The scanner is being read."), read)) return;
     say(count > 0 ? tr("%1 came from the scanner.").arg(codes_told(count)) : trouble_told());
 }
 
 void CS1504GETUPC::clear() {
-    setWindowTitle(tr(usual_caption));
-    clear_scanner();
-    rows_.focus_list();
+    clear_scan_list();
+    rows_.follow_changes();
+    if (!wait_for_scanner(tr("The scanner is being cleared."), clear_scanner)) return;
     const QString trouble = trouble_told();
     say(trouble.isEmpty() ? tr("The list is empty, and the scanner was told to clear its codes.")
                           : tr("The list is empty.  %1").arg(trouble));
@@ -212,7 +221,7 @@ void CS1504GETUPC::import_file() {
 // --- booking -------------------------------------------------------------------------------------
 
 void CS1504GETUPC::book_new() {
-    book(caption_of_new, Add_New, "added to the stock");
+    book(caption_of_new, Add_New, "booked as new stock");
 }
 
 void CS1504GETUPC::book(const char* caption, Bookings booking, const char* what_for) {
@@ -238,7 +247,7 @@ void CS1504GETUPC::open_current() {
 
 void CS1504GETUPC::remove_selected() {
     const std::vector<i32> marked = rows_.selected();
-    for (const i32 row : marked) delete_scan_row(row);
+    delete_scan_rows(marked);
     if (!marked.empty()) {
         say(tr("%1 taken off the list.").arg(codes_told(static_cast<int>(marked.size()))));
     }
@@ -260,12 +269,12 @@ void CS1504GETUPC::accept_or_close() {
 
 // What was begun last goes first, the screen after it.
 void CS1504GETUPC::escape() {
-    if (is_reading_) return end_work();
+    if (is_waiting_) return end_work();
     if (!rows_.discard_code()) close_screen(*this);
 }
 
 void CS1504GETUPC::end_work() {
-    if (is_reading_) scanner_device().cancel();
+    if (is_waiting_) scanner_device().cancel();
 }
 
 void CS1504GETUPC::closeEvent(QCloseEvent* event) {

@@ -5,8 +5,8 @@
 // Opened by the item inventory it picks one code: there is nothing to book then, and "Accept" in
 // the place of "Close" hands the current row's code over.
 //
-// Reading the batch scanner takes its time, and no other command begins meanwhile; Esc, "Stop" and
-// whatever closes the screen end it.
+// Reading and clearing the batch scanner take their time, and no other command begins meanwhile;
+// Esc, "Stop" and whatever closes the screen end it.
 #pragma once
 
 #include <functional>
@@ -51,6 +51,7 @@ class CS1504GETUPC : public Screen, public ports::CS1504GETUPC, public RunningWo
     void connect_commands();
     void style();
 
+    bool wait_for_scanner(const QString& told, const Work& work);
     void read_scanner();
     void clear();
     void import_file();
@@ -65,7 +66,7 @@ class CS1504GETUPC : public Screen, public ports::CS1504GETUPC, public RunningWo
     std::unique_ptr<Ui::CS1504GETUPC> ui_;
     ScanRowsPane& rows_;
     bool picks_one_ = false;
-    bool is_reading_ = false;
+    bool is_waiting_ = false;  // for the batch scanner
 };
 
 }  // namespace tavernook

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 #include "barcodes/scan_list.h"
 #include "barcodes/scanners.h"
@@ -115,16 +116,10 @@ void ScanRowsPane::follow_changes() {
 // The last one comes in sight and is the current one.
 void ScanRowsPane::mark_new_rows() {
     if (scan_rows.empty() || scan_rows.back().id <= newest_) return;
-    QItemSelection marked;
-    for (const ScanRow& row : scan_rows) {
-        if (row.id <= newest_) continue;
-        const QModelIndex index = rows_->index(rows_->place_of(row.id), 0);
-        marked.select(index, index);
-    }
-    newest_ = scan_rows.back().id;
+    const i32 newest_before = std::exchange(newest_, scan_rows.back().id);
     const QModelIndex last = rows_->index(rows_->place_of(newest_), 0);
     list_.selectionModel()->setCurrentIndex(last, QItemSelectionModel::NoUpdate);
-    list_.selectionModel()->select(marked, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    mark_rows(list_, *rows_, [newest_before](RowId row) { return row > newest_before; });
     list_.scrollTo(last);
 }
 
@@ -137,7 +132,6 @@ void ScanRowsPane::follow_selection() {
     for (QAction* action : {ui_->modify_quantity, ui_->change_lot}) {
         action->setEnabled(current() != 0);
     }
-    Q_EMIT selection_changed();
 }
 
 bool ScanRowsPane::is_empty() const {
@@ -189,10 +183,6 @@ void ScanRowsPane::focus_list() {
     list_.setFocus();
 }
 
-void ScanRowsPane::ask_for_code() {
-    ui_->Text1->ask();
-}
-
 bool ScanRowsPane::discard_code() {
     const bool begun = ui_->Text1->has_begun();
     if (begun) ui_->Text1->discard();
@@ -200,7 +190,7 @@ bool ScanRowsPane::discard_code() {
 }
 
 void ScanRowsPane::press_enter() {
-    if (scanner_type == no_scanner) return ask_for_code();
+    if (scanner_type == no_scanner) return ui_->Text1->ask();
     if (current() != 0) Q_EMIT open_wanted();
 }
 

@@ -39,7 +39,6 @@ class ScanRowsPane : public QWidget {
     void watch_for_codes(QWidget& screen);
     void wait_for_codes(Qt::FocusReason reason);  // the box takes the focus, or the list
     void focus_list();
-    void ask_for_code();  // where no scanner types
     bool discard_code();  // false when none has begun
 
   Q_SIGNALS:
@@ -48,7 +47,6 @@ class ScanRowsPane : public QWidget {
     void quantity_wanted();  // of the current row
     void lot_wanted();       // of the current row
     void remove_wanted();    // the marked rows
-    void selection_changed();
 
   private:
     void set_up_list();

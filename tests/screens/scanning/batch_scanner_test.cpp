@@ -1,4 +1,7 @@
 // The scanner that is read, and the scan list as the item inventory's picker.
+#include <QPointer>
+
+#include "inventory/items.h"
 #include "screens/scanning/scan_list_fixture.h"
 
 namespace tavernook {
@@ -129,6 +132,80 @@ TEST_F(BatchReading, ClosingTheProjectEndsItWithoutAWord) {
     EXPECT_FALSE(is_open("CS1504GETUPC"));
 }
 
+// --- clearing waits for the scanner, too ---------------------------------------------------------
+
+TEST_F(BatchReading, NothingElseBeginsWhileItIsCleared) {
+    fill_scanner();
+    open_list();
+    click_command(1);
+    std::string told;
+    platform.scanner.meanwhile = [&] {
+        for (const int button : {1, 2, 3, 4, 5, 6}) EXPECT_FALSE(command(button).isEnabled());
+        EXPECT_TRUE(part<QPushButton>("stop_button").isVisible());
+        EXPECT_EQ(codes(), Texts{});
+        told = part<QLabel>("work_label").text().toStdString();
+    };
+    click_command(2);
+    EXPECT_EQ(told, "The scanner is being cleared.");
+    EXPECT_FALSE(part<QPushButton>("stop_button").isVisible());
+    EXPECT_TRUE(command(1).isEnabled());
+    EXPECT_EQ(focused(), "scan_list");
+}
+
+TEST_F(BatchReading, EscEndsTheClearingAndKeepsTheScreen) {
+    fill_scanner();
+    open_list();
+    platform.scanner.meanwhile = [&] { press("Escape"); };
+    click_command(2);
+    settle();
+    EXPECT_TRUE(platform.scanner.cancelled);
+    EXPECT_TRUE(is_open("CS1504GETUPC"));
+    EXPECT_EQ(platform.scanner.packets.size(), 2u);
+}
+
+TEST_F(BatchReading, ClosingTheScreenEndsTheClearingWithoutHarm) {
+    fill_scanner();
+    open_list();
+    const QPointer<QWidget> list_screen(screen);
+    platform.scanner.meanwhile = [&] {
+        screen->parentWidget()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(list_screen.isNull());
+    };
+    click_command(2);
+    settle();
+    EXPECT_TRUE(platform.scanner.cancelled);
+    EXPECT_FALSE(is_open("CS1504GETUPC"));
+}
+
+TEST_F(BatchReading, ClosingTheProjectEndsTheClearingToo) {
+    fill_scanner();
+    open_list();
+    platform.scanner.meanwhile = [&] { action("mnuFile_Close").trigger(); };
+    click_command(2);
+    settle();
+    EXPECT_TRUE(platform.scanner.cancelled);
+    EXPECT_EQ(project_open, 0);
+    EXPECT_FALSE(is_open("CS1504GETUPC"));
+}
+
+TEST_F(BatchReading, AScannerThatIsPluggedInLaterIsReadAsIfItHadBeenThere) {
+    platform.scanner.port_result = 1;
+    platform.scanner.is_attached = false;
+    platform.scanner.why = "There is no Comm 3: this computer has no serial ports.";
+    open_list();
+    platform.boxes.expect_message(port_not_ready);
+    platform.boxes.expect_message(cannot_connect);
+    click_command(1);
+    platform.scanner.port_result = 0;
+    platform.scanner.is_attached = true;
+    platform.scanner.why.clear();
+    fill_scanner();
+    click_command(1);
+    EXPECT_EQ(codes(), (Texts{"1111", "777"}));
+    EXPECT_EQ(status(), "2 codes came from the scanner.");
+}
+
 // --- one code for the item inventory -------------------------------------------------------------
 
 class CodePicking : public BatchReading {
@@ -204,6 +281,52 @@ TEST_F(CodePicking, AnItemScreenThatWasClosedMeanwhileGetsNothing) {
     settle();
     ASSERT_NE(food_inventory(), nullptr);
     EXPECT_EQ(food_inventory()->getindex(), 0);
+    EXPECT_EQ(status(),
+              "The item that the barcode was for is not on show any more.  Nothing was changed.");
+}
+
+// The list is beside the item, which goes on being worked on.
+TEST_F(CodePicking, AnItemThatIsAcceptedMeanwhileGetsItsCodeAllTheSame) {
+    click_command(1);
+    QWidget& list_screen = *screen;
+    screen = window.registry().loaded(QStringLiteral("FoodInventory"));
+    part<QLineEdit>("item_name").setText(QStringLiteral("Oat milk"));
+    part<QAction>("item_toolbar_2_1").trigger();
+    screen = &list_screen;
+    click_row(list(), 1);
+    click("close_button");
+    settle();
+    EXPECT_EQ(code_of_item(), "777");
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(CodePicking, ANewItemThatIsAcceptedMeanwhileGetsItsCodeAllTheSame) {
+    QWidget& list_screen = *screen;
+    platform.boxes.expect_input("Please Enter New Item Name", "New Item", "", "Tea");
+    food_inventory()->new_item();
+    screen = window.registry().loaded(QStringLiteral("FoodInventory"));
+    click("scan");
+    part<QAction>("item_toolbar_2_1").trigger();
+    screen = &list_screen;
+    click_command(1);
+    click_row(list(), 1);
+    click("close_button");
+    settle();
+    EXPECT_EQ(code_of_item(), "777");
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(CodePicking, AnItemThatIsDeletedMeanwhileGetsNothing) {
+    click_command(1);
+    clear_item_record(milk);
+    items[milk].in_use = 0;
+    end_of_step();
+    put_food(milk, "Sugar", 1, "888");  // takes the slot
+    end_of_step();
+    food_inventory()->view_item(milk, -1);
+    click("close_button");
+    settle();
+    EXPECT_EQ(code_of_item(), "888");
     EXPECT_EQ(status(),
               "The item that the barcode was for is not on show any more.  Nothing was changed.");
 }

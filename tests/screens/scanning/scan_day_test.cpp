@@ -36,7 +36,7 @@ TEST_F(ScanDay, FiftyCodesAreBookedTenOfThemUnknown) {
     for (int n = 0; n < 10; ++n) expect_new_item(new_code(n), "New " + std::to_string(n));
     click_command(3);
     EXPECT_EQ(codes(), Texts{});
-    EXPECT_EQ(status(), "50 codes added to the stock.");
+    EXPECT_EQ(status(), "50 codes booked as new stock.");
     for (int n = 0; n < foods; ++n) {
         const auto item = static_cast<i16>(first_food + n);
         EXPECT_EQ(lots[item].lot_quantity[0], 2) << n;

@@ -236,7 +236,7 @@ TEST_F(ScanList, OnlyMarkedRowsAreBookedAndNoneIsSaidSo) {
     click_row(list(), 2, Qt::ControlModifier);
     click_command(3);
     EXPECT_EQ(caption(), "Update Complete");
-    EXPECT_EQ(status(), "2 codes added to the stock.");
+    EXPECT_EQ(status(), "2 codes booked as new stock.");
     EXPECT_EQ(codes(), Texts{"2222"});
     EXPECT_EQ(lot_total(apples), 1);
     EXPECT_EQ(lot_total(milk), 0);
@@ -287,6 +287,18 @@ TEST_F(ScanList, CodesGoOnTheGroceryList) {
     EXPECT_EQ(items[milk].on_shopping_list, -1);
     EXPECT_EQ(items[milk].shopping_quantity, 3);
     EXPECT_EQ(status(), "1 code put on the grocery list.");
+}
+
+// Thousands of rows are marked at once where they are one stretch, and one by one where not.
+TEST_F(ScanList, RowsThatComeTogetherAreMarkedInOneStretch) {
+    open_list();
+    scan("1111");
+    list().clearSelection();
+    for (const char* code : {"2222", "3333", "4444"}) populate_item(code, 0, "");
+    end_of_step();
+    EXPECT_EQ(marked(), (Texts{"2222", "3333", "4444"}));
+    EXPECT_EQ(list().selectionModel()->selection().size(), 1);
+    EXPECT_EQ(list().currentIndex().row(), 3);
 }
 
 TEST_F(ScanList, AnImportedFileTellsHowFarItCame) {
