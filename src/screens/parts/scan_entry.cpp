@@ -92,8 +92,13 @@ bool ScanEntry::is_typed_into() {
 
 void ScanEntry::follow_scanner_type() {
     setPlaceholderText(scanner_type == no_scanner      ? tr("Press Enter to type a code")
-                       : scanner_type == batch_scanner ? tr("This scanner is read on the scan list")
+                       : scanner_type == batch_scanner ? batch_hint_
                                                        : tr("Scan a barcode"));
+}
+
+void ScanEntry::set_batch_hint(const QString& hint) {
+    batch_hint_ = hint;
+    follow_scanner_type();
 }
 
 void ScanEntry::discard() {
@@ -274,7 +279,7 @@ void ScanEntry::take_line(const QString& line) {
         const std::string typed = typed_text(line);
         if (trim(typed).empty()) return;
         const std::string code = code_in_line(typed);
-        if (!code.empty()) return void(Q_EMIT scanned(code));
+        if (!code.empty() || hands_over_unread_) return void(Q_EMIT scanned(code));
         say(tr("No barcode could be read. Please scan again."));
     });
 }

@@ -18,12 +18,13 @@
 // was typed as the answer proposed; a scanner that is read on the scan list makes Enter do nothing.
 //
 // What can go wrong: a line that holds no code is told here, in the message panel, and nobody else
-// hears of it. What was begun and never ended must not spoil a later code. Letters of a list are
-// forgotten with the next key that writes nothing, and with the next change of the focus. What
-// stands in the box and in the hold box goes with Escape, when the focus goes to another part, when
-// the mouse presses one, and with `abandon`; but for the full stop it stays where no scanner types,
-// as a person typed it then. A full stop that came by mistake is left out where the code without
-// it names something. The screen may go while the question stands open; then nothing is told.
+// hears of it, unless its owner wants to. What was begun and never ended must not spoil a later
+// code. Letters of a list are forgotten with the next key that writes nothing, and with the next
+// change of the focus. What stands in the box and in the hold box goes with Escape, when the focus
+// goes to another part, when the mouse presses one, and with `abandon`; but for the full stop it
+// stays where no scanner types, as a person typed it then. A full stop that came by mistake is left
+// out where the code without it names something. The screen may go while the question stands open;
+// then nothing is told.
 #pragma once
 
 #include <QLineEdit>
@@ -69,6 +70,12 @@ class ScanEntry : public QLineEdit {
     // Whether codes are typed into the box, by the project's setting.
     static bool is_typed_into();
 
+    // A line that holds no code is handed over as an empty code, and not told here.
+    void hand_over_unread_lines() { hands_over_unread_ = true; }
+
+    // The hint where the project's scanner types nothing.
+    void set_batch_hint(const QString& hint);
+
     // The hint in the empty box follows the setting; it does so by itself whenever the box comes in
     // sight or gets the focus.
     void follow_scanner_type();
@@ -83,7 +90,7 @@ class ScanEntry : public QLineEdit {
     bool has_begun() const;
 
   Q_SIGNALS:
-    void scanned(const std::string& code);  // empty from `take_one` only
+    void scanned(const std::string& code);  // empty from `take_one` and where unread lines come too
     void ended();                           // of `take_one`: the box has gone, with or without code
 
   protected:
@@ -111,6 +118,8 @@ class ScanEntry : public QLineEdit {
     QString text_before_;  // of the part that keeps digits, before the first of them
     QPointer<QWidget> back_to_;
     bool taking_one_ = false;
+    bool hands_over_unread_ = false;
+    QString batch_hint_ = tr("This scanner is read on the scan list");
 };
 
 }  // namespace tavernook

@@ -91,12 +91,14 @@ void CS1504GETUPC::set_up_toolbar() {
     enlarge_command(bar, *ui_->scan_toolbar_3);
     on_command(ui_->scan_toolbar_1, [this] { read_scanner(); });
     on_command(ui_->scan_toolbar_2, [this] { clear(); });
-    on_command(ui_->scan_toolbar_3, [this] { book_new(); });
-    on_command(ui_->scan_toolbar_4,
-               [this] { book(caption_of_used, Used_Update, "taken out of the stock"); });
+    on_command(ui_->scan_toolbar_3, [this] { book_new(rows_.selected()); });
+    on_command(ui_->scan_toolbar_4, [this] {
+        book(rows_.selected(), caption_of_used, Used_Update, "taken out of the stock");
+    });
     // Kept: the caption is that of used stock.
-    on_command(ui_->scan_toolbar_5,
-               [this] { book(caption_of_used, Add_Shopping_List, "put on the grocery list"); });
+    on_command(ui_->scan_toolbar_5, [this] {
+        book(rows_.selected(), caption_of_used, Add_Shopping_List, "put on the grocery list");
+    });
     on_command(ui_->scan_toolbar_6, [this] { import_file(); });
 }
 
@@ -173,6 +175,7 @@ void CS1504GETUPC::take_code(const std::string& code) {
     setWindowTitle(tr(usual_caption));
     populate_item(code, 0, "");
     const ScanRow& row = scan_rows.back();
+    if (code.empty()) return say(tr("No barcode could be read. Please scan again."));
     say(row.is_known ? row.name + " is on the list." : "No item has the barcode \"" + code + "\".");
 }
 
@@ -220,27 +223,29 @@ void CS1504GETUPC::import_file() {
 
 // --- booking -------------------------------------------------------------------------------------
 
-void CS1504GETUPC::book_new() {
-    book(caption_of_new, Add_New, "booked as new stock");
+void CS1504GETUPC::book_new(const std::vector<i32>& rows) {
+    book(rows, caption_of_new, Add_New, "booked as new stock");
 }
 
-void CS1504GETUPC::book(const char* caption, Bookings booking, const char* what_for) {
+void CS1504GETUPC::book(const std::vector<i32>& rows, const char* caption, Bookings booking,
+                        const char* what_for) {
     if (rows_.is_empty()) return;
-    const std::vector<i32> marked = rows_.selected();
-    if (marked.empty()) return say(tr("Mark the codes first, all of them by Ctrl+A."));
+    if (rows.empty()) return say(tr("Mark the codes first, all of them by Ctrl+A."));
     const QPointer<CS1504GETUPC> still(this);
     setWindowTitle(tr(caption));
-    const ScanBooking done = booking(marked);
+    const ScanBooking done = booking(rows);
     if (!still) return;
     setWindowTitle(tr(booked_caption));
     say(words_for(done, what_for));
 }
 
+// Of an unknown code this row alone is booked, whatever else is marked.
 void CS1504GETUPC::open_current() {
     const ScanRow* row = scan_row(rows_.current());
     if (row == nullptr) return;
+    if (picks_one_) return accept_or_close();
     const i16 item = item_of_scan(row->barcode);
-    if (item == 0) return picks_one_ ? void() : book_new();
+    if (item == 0) return book_new({row->id});
     if (show_screen(QStringLiteral("FoodInventory")) == nullptr) return;
     if (ports::FoodInventory* screen = food_inventory()) screen->view_item(item, i16_true);
 }

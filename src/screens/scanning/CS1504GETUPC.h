@@ -55,8 +55,9 @@ class CS1504GETUPC : public Screen, public ports::CS1504GETUPC, public RunningWo
     void read_scanner();
     void clear();
     void import_file();
-    void book(const char* caption, Bookings booking, const char* what_for);
-    void book_new();
+    void book(const std::vector<i32>& rows, const char* caption, Bookings booking,
+              const char* what_for);
+    void book_new(const std::vector<i32>& rows);
     void take_code(const std::string& code);
     void open_current();
     void remove_selected();

@@ -79,6 +79,8 @@ void ScanRowsPane::set_up_list() {
 
 void ScanRowsPane::set_up_commands() {
     ui_->Text1->set_collector(*ui_->Text2);
+    ui_->Text1->set_batch_hint(tr("The codes come by \"Read Scanner\""));
+    ui_->Text1->hand_over_unread_lines();
     ui_->Text1->setMinimumWidth(letters_wide(*this, 16));
     connect(ui_->Text1, &ScanEntry::scanned, this, &ScanRowsPane::scanned);
     connect(ui_->modify_quantity, &QAction::triggered, this, &ScanRowsPane::quantity_wanted);
@@ -100,9 +102,6 @@ void ScanRowsPane::set_up_commands() {
 
 void ScanRowsPane::follow_changes() {
     ui_->Text1->follow_scanner_type();
-    if (scanner_type == batch_scanner) {
-        ui_->Text1->setPlaceholderText(tr("The codes come by \"Read Scanner\""));
-    }
     if (seen_.is_stale()) refresh_scan_rows();
     seen_.renew();
     std::vector<RowId> ids;

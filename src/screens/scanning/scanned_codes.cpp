@@ -19,8 +19,10 @@ bool may_lose_scanned_codes() {
                                  "want to go on?";
     const bool goes_on =
         boxes().message(question, Buttons::yes_no, "Scan List", DefaultButton::no) == Answer::yes;
-    if (!goes_on) show_screen(QStringLiteral("CS1504GETUPC"));
-    return goes_on;
+    if (goes_on) return true;
+    show_screen(QStringLiteral("CS1504GETUPC"));
+    if (ports::CS1504GETUPC* list = scan_list()) list->single_not_get();
+    return false;
 }
 
 }  // namespace tavernook

@@ -34,6 +34,12 @@ TEST_F(BatchReading, ItsCodesComeOnTheListAndStayInTheScanner) {
     EXPECT_EQ(codes(), (Texts{"1111", "777", "1111", "777"}));
 }
 
+TEST_F(BatchReading, TheBoxForCodesTellsWhereTheyComeFrom) {
+    open_list();
+    entry().setFocus();
+    EXPECT_EQ(entry().placeholderText(), "The codes come by \"Read Scanner\"");
+}
+
 TEST_F(BatchReading, APortThatIsNotReadyHasTwoBoxes) {
     platform.scanner.port_result = 1;
     platform.scanner.is_attached = false;
@@ -242,6 +248,24 @@ TEST_F(CodePicking, TheMarkedCodeGoesToTheItem) {
     EXPECT_FALSE(is_open("CS1504GETUPC"));
     EXPECT_EQ(focused().empty(), false);
     EXPECT_EQ(std::string(items[milk].barcode.trimmed()), "2222");  // until it is accepted
+}
+
+TEST_F(CodePicking, ADoubleClickAccepts) {
+    click_command(1);
+    double_click_row(list(), 1);
+    settle();
+    EXPECT_EQ(code_of_item(), "777");
+    EXPECT_FALSE(is_open("CS1504GETUPC"));
+}
+
+TEST_F(CodePicking, TheListBooksAgainWhenItsCodesHoldTheProject) {
+    click_command(1);
+    platform.boxes.expect_message(
+        "The scan list still holds 2 codes that are not booked, and closing the project empties "
+        "the list.  Do you want to go on?",
+        Answer::no);
+    action("mnuFile_Close").trigger();
+    EXPECT_EQ(plain(part<QPushButton>("close_button").text()), "Close");
 }
 
 TEST_F(CodePicking, WithoutRowsAcceptJustCloses) {

@@ -69,6 +69,16 @@ TEST_F(ScanList, ACueCatLineTypedInTheListIsDecoded) {
     EXPECT_EQ(row(0), (Texts{"444", "Salt", "1", "each", "Auto"}));
 }
 
+TEST_F(ScanList, ACueCatLineWithoutACodeIsARowThatNobodyKnows) {
+    scanner_type = 2;
+    open_list();
+    scan(".C3nX.");
+    EXPECT_EQ(row(0), (Texts{"", "unknown item", "1", "", "Auto"}));
+    EXPECT_EQ(status(), "No barcode could be read. Please scan again.");
+    press("Return");
+    EXPECT_EQ(codes().size(), 1u);
+}
+
 TEST_F(ScanList, TheProgramsOwnLabelMeansTheItemOfItsNumber) {
     items[bread].barcode = "empty";
     open_list();
@@ -192,6 +202,17 @@ TEST_F(ScanList, ADoubleClickOnAnUnknownCodeAddsIt) {
     ASSERT_NE(tea, 0);
     EXPECT_EQ(lot_total(tea), 1);
     EXPECT_EQ(codes(), Texts{});
+}
+
+TEST_F(ScanList, EnterOnAnUnknownCodeAddsItAlone) {
+    open_list();
+    scan("1111");
+    scan("999");
+    list().setFocus();
+    expect_new_item("999", "Tea");
+    press("Return");
+    EXPECT_EQ(codes(), Texts{"1111"});
+    EXPECT_EQ(lot_total(apples), 0);
 }
 
 TEST_F(ScanList, AnAcceptedItemGivesItsRowsItsName) {
