@@ -145,6 +145,13 @@ void delete_scan_rows(std::vector<i32> ids) noexcept {
     });
 }
 
+void mark_scan_rows(std::vector<i32> ids) noexcept {
+    std::sort(ids.begin(), ids.end());
+    for (ScanRow& row : scan_rows) {
+        row.is_marked = std::binary_search(ids.begin(), ids.end(), row.id);
+    }
+}
+
 void clear_scan_list() noexcept {
     scan_rows.clear();
 }

@@ -22,6 +22,7 @@ struct ScanRow {
     std::string units;     // empty for an unknown item
     std::string lot;       // "Auto": the ring of the lots decides
     bool is_known = false;
+    bool is_marked = true;  // to be booked with the next command
 };
 
 // In the order in which the codes came, and so of their ids.
@@ -65,6 +66,9 @@ i16 GetQTY(std::string_view barcode) noexcept;
 void delete_barcode(std::string_view barcode) noexcept;
 void delete_scan_rows(std::vector<i32> ids) noexcept;
 void clear_scan_list() noexcept;
+
+// Those rows are marked, and no others.
+void mark_scan_rows(std::vector<i32> ids) noexcept;
 
 // Ask for the row's quantity or lot. Nothing changes by a cancelled box, a row that goes meanwhile,
 // a text that is no number (which is told), and an empty lot.

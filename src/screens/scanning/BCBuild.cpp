@@ -24,9 +24,6 @@ QString counted_labels(int count) {
 
 // "84 labels: 72 items and 12 recipes."
 QString told(const SheetContents& contents, const SheetLabels& labels) {
-    if (!contents.items && !contents.recipes) {
-        return tr("The list is empty.  Tick what to show first.");
-    }
     QStringList kinds;
     if (contents.items) kinds << counted(labels.items, tr("item"), tr("items"));
     if (contents.recipes) kinds << counted(labels.recipes, tr("recipe"), tr("recipes"));
@@ -107,6 +104,7 @@ void BCBuild::show_last_sheet() {
 void BCBuild::build() {
     const SheetContents contents{.items = ui_->Check1->isChecked(),
                                  .recipes = ui_->Check2->isChecked()};
+    if (!contents.items && !contents.recipes) return say(tr("Tick what to show first."));
     const BuiltSheet built = Build_Doc(contents);
     if (!built.is_written) return say(tr("The list could not be made."));  // this may have gone
     show_sheet(built.labels);

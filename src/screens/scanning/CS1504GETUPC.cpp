@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <QToolBar>
+#include <algorithm>
 
 #include "barcodes/scan_list.h"
 #include "barcodes/scan_sources.h"
@@ -31,6 +32,13 @@ constexpr const char* caption_of_used = "Updating barcodes to Item Inventory as 
 
 QString codes_told(int count) {
     return count == 1 ? QObject::tr("1 code") : QObject::tr("%1 codes").arg(count);
+}
+
+bool agrees_to_remove(const QString& codes) {
+    const std::string question = typed_text(
+        QObject::tr("Do you want to take all %1 that are marked off the list?").arg(codes));
+    return boxes().message(question, Buttons::yes_no, "Scan List", DefaultButton::no) ==
+           Answer::yes;
 }
 
 QString trouble_told() {
@@ -165,8 +173,11 @@ void CS1504GETUPC::style() {
         picks_one_ ? tr("Hand the marked code over to the item inventory.") : QString());
 }
 
+// The batch scanner is read by its button; all others type.
 void CS1504GETUPC::focusInEvent(QFocusEvent* event) {
-    rows_.wait_for_codes(event->reason());
+    const bool waits_for_button = scanner_type == batch_scanner && rows_.is_empty();
+    if (!waits_for_button) return rows_.wait_for_codes(event->reason());
+    ui_->scan_toolbar->widgetForAction(ui_->scan_toolbar_1)->setFocus(event->reason());
 }
 
 // --- where codes come from -----------------------------------------------------------------------
@@ -219,6 +230,7 @@ void CS1504GETUPC::import_file() {
                             ? QString()
                             : tr(", stopped at line %1").arg(import.stopped_at_line);
     setWindowTitle(tr("%1 - %2%3").arg(tr(usual_caption), came, end));
+    say(came + end + QLatin1Char('.'));
 }
 
 // --- booking -------------------------------------------------------------------------------------
@@ -250,18 +262,23 @@ void CS1504GETUPC::open_current() {
     if (ports::FoodInventory* screen = food_inventory()) screen->view_item(item, i16_true);
 }
 
+// Rows are marked as they come, so several of them may be marked by nobody's wish.
 void CS1504GETUPC::remove_selected() {
-    const std::vector<i32> marked = rows_.selected();
-    delete_scan_rows(marked);
-    if (!marked.empty()) {
-        say(tr("%1 taken off the list.").arg(codes_told(static_cast<int>(marked.size()))));
-    }
+    std::vector<i32> rows = rows_.selected();
+    const i32 current = rows_.current();
+    if (std::find(rows.begin(), rows.end(), current) == rows.end()) rows = {current};
+    if (scan_row(current) == nullptr) return;
+    const QPointer<CS1504GETUPC> still(this);
+    const QString codes = codes_told(static_cast<int>(rows.size()));
+    if (rows.size() > 1 && (!agrees_to_remove(codes) || !still)) return;
+    delete_scan_rows(rows);
+    say(tr("%1 taken off the list.").arg(codes));
 }
 
 // --- the end -------------------------------------------------------------------------------------
 
 void CS1504GETUPC::accept_or_close() {
-    const ScanRow* row = scan_row(rows_.current());
+    const ScanRow* row = scan_row(rows_.marked_one());
     if (picks_one_ && row != nullptr) {
         const std::string code = row->barcode;
         show_screen(QStringLiteral("FoodInventory"));

@@ -69,7 +69,7 @@ void ScanRowsPane::set_up_list() {
     follow_font_size(list_);
     const int letters[] = {34, 40, 18, 18, 18};
     for (int column = 0; column < rows_->columnCount(); ++column) {
-        list_.header()->resizeSection(column, letters_wide(*this, letters[column]));
+        list_.header()->resizeSection(column, letters_wide(list_, letters[column]));
     }
     list_.header()->setStretchLastSection(false);
     list_.header()->setSectionResizeMode(1, QHeaderView::Stretch);
@@ -89,6 +89,8 @@ void ScanRowsPane::set_up_commands() {
     connect(&list_, &QTreeView::customContextMenuRequested, this, &ScanRowsPane::show_popup_at);
     connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ScanRowsPane::follow_selection);
+    connect(list_.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ScanRowsPane::follow_current);
     for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
         on_keys(list_, enter, [this] { press_enter(); });
         on_keys(list_, QKeySequence(Qt::ALT | enter), [this] { Q_EMIT open_wanted(); });
@@ -107,8 +109,10 @@ void ScanRowsPane::follow_changes() {
     std::vector<RowId> ids;
     ids.reserve(scan_rows.size());
     for (const ScanRow& row : scan_rows) ids.push_back(row.id);
+    is_filling_ = true;
     refill_in_place(list_, *rows_, std::move(ids));
     mark_new_rows();
+    is_filling_ = false;
     follow_selection();
 }
 
@@ -118,16 +122,24 @@ void ScanRowsPane::mark_new_rows() {
     const i32 newest_before = std::exchange(newest_, scan_rows.back().id);
     const QModelIndex last = rows_->index(rows_->place_of(newest_), 0);
     list_.selectionModel()->setCurrentIndex(last, QItemSelectionModel::NoUpdate);
-    mark_rows(list_, *rows_, [newest_before](RowId row) { return row > newest_before; });
+    mark_rows(list_, *rows_,
+              [newest_before](RowId row) { return row > newest_before && row_of(row).is_marked; });
     list_.scrollTo(last);
 }
 
 void ScanRowsPane::follow_selection() {
-    const std::size_t marked = selected().size();
+    if (is_filling_) return;
+    const std::vector<i32> rows = selected();
+    const std::size_t marked = rows.size();
+    mark_scan_rows(rows);
     const QString count =
         scan_rows.size() == 1 ? tr("1 code") : tr("%1 codes").arg(scan_rows.size());
     ui_->count_label->setText(scan_rows.empty() ? QString()
                                                 : tr("%1, %2 marked").arg(count).arg(marked));
+    follow_current();
+}
+
+void ScanRowsPane::follow_current() {
     for (QAction* action : {ui_->modify_quantity, ui_->change_lot}) {
         action->setEnabled(current() != 0);
     }
@@ -143,8 +155,12 @@ std::vector<i32> ScanRowsPane::selected() const {
     return ids;
 }
 
-// The current one among those marked, or the first of them.
 i32 ScanRowsPane::current() const {
+    const auto row = static_cast<i32>(current_row(list_, *rows_));
+    return row != 0 ? row : marked_one();
+}
+
+i32 ScanRowsPane::marked_one() const {
     const std::vector<i32> marked = selected();
     const auto row = static_cast<i32>(current_row(list_, *rows_));
     const bool among = std::find(marked.begin(), marked.end(), row) != marked.end();

@@ -1,7 +1,7 @@
 // The rows of the scan list, the box for scanned codes above them, and how many there are.
 //
 // A code that comes in is marked beside those that are marked already, so that everything scanned
-// in a row is booked together.
+// in a row is booked together. The marks are the rows' own and outlive this pane.
 #pragma once
 
 #include <QWidget>
@@ -30,8 +30,10 @@ class ScanRowsPane : public QWidget {
     // At the end of a step: the rows as they are now, with what their items are called now.
     void follow_changes();
 
-    // The row that a command about one is for, 0 without one; all marked ones.
+    // The row that a command about one is for, marked or not; the one to be handed over, which is
+    // that row where it is marked and else the first marked one; all marked ones. 0 without one.
     i32 current() const;
+    i32 marked_one() const;
     std::vector<i32> selected() const;
     bool is_empty() const;
 
@@ -53,6 +55,7 @@ class ScanRowsPane : public QWidget {
     void set_up_commands();
     void mark_new_rows();
     void follow_selection();
+    void follow_current();
     void press_enter();
     void show_popup();
     void show_popup_at(const QPoint& place);
@@ -61,7 +64,8 @@ class ScanRowsPane : public QWidget {
     RowsModel* rows_;
     QTreeView& list_;
     Seen seen_;
-    i32 newest_ = 0;  // the last row that was marked as it came
+    i32 newest_ = 0;  // the last row whose mark is shown
+    bool is_filling_ = false;
 };
 
 }  // namespace tavernook

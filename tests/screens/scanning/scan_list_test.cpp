@@ -107,7 +107,7 @@ TEST_F(ScanList, WithoutAScannerEnterAsksInTheBoxAndInTheList) {
 TEST_F(ScanList, WithTheBatchScannerEnterInTheBoxDoesNothing) {
     scanner_type = 1;
     open_list();
-    EXPECT_EQ(focused(), "scan_list");
+    EXPECT_EQ(focused(), "scan_toolbar_1_button");
     entry().setFocus();
     scan("1111");
     EXPECT_EQ(codes(), Texts{});
@@ -159,6 +159,30 @@ TEST_F(ScanList, F2AndThePopupChangeQuantityAndLotOfTheCurrentRow) {
     press("Escape");
 }
 
+// The one with the frame, whichever are marked.
+TEST_F(ScanList, KeysAreForTheCurrentRowMarkedOrNot) {
+    open_list();
+    for (const char* code : {"1111", "2222", "3333"}) scan(code);
+    click_row(list(), 1, Qt::ControlModifier);
+    EXPECT_EQ(marked(), (Texts{"1111", "3333"}));
+    platform.boxes.expect_input("Type new Quantity", "Modify Quantity", "1", "7");
+    press("F2");
+    EXPECT_EQ(row(1)[2], "7");
+    press("Delete");
+    EXPECT_EQ(codes(), (Texts{"1111", "3333"}));
+}
+
+TEST_F(ScanList, MarksOutliveTheScreen) {
+    open_list();
+    for (const char* code : {"1111", "2222", "3333"}) scan(code);
+    click_row(list(), 1, Qt::ControlModifier);
+    press_letter("Alt+C");
+    open_list();
+    EXPECT_EQ(marked(), (Texts{"1111", "3333"}));
+    scan("4444");
+    EXPECT_EQ(marked(), (Texts{"1111", "3333", "4444"}));
+}
+
 // The question is about the row that was there, not about the one that now has its place.
 TEST_F(ScanList, ARowThatGoesWhileItsBoxStandsOpenIsNotChanged) {
     open_list();
@@ -180,6 +204,13 @@ TEST_F(ScanList, DeleteTakesTheMarkedRowsOff) {
     EXPECT_EQ(codes(), (Texts{"1111", "3333"}));
     EXPECT_EQ(status(), "1 code taken off the list.");
     press("Ctrl+A");
+    const char* question = "Do you want to take all 2 codes that are marked off the list?";
+    platform.boxes.expect_message(question, Answer::no)
+        .buttons(Buttons::yes_no)
+        .default_button(DefaultButton::no);
+    press("Delete");
+    EXPECT_EQ(codes().size(), 2u);
+    platform.boxes.expect_message(question, Answer::yes);
     press("Delete");
     EXPECT_EQ(codes(), Texts{});
     press("Delete");
@@ -332,6 +363,7 @@ TEST_F(ScanList, AnImportedFileTellsHowFarItCame) {
     EXPECT_EQ(row(1), (Texts{"2222", "Milk", "1.5", "each", "Lot B"}));
     EXPECT_EQ(codes().size(), 2u);
     EXPECT_EQ(caption(), "Scan List - 2 codes imported, stopped at line 3");
+    EXPECT_EQ(status(), "2 codes imported, stopped at line 3.");
     platform.dialogs.expect_open("Import Barcode List", "");
     click_command(6);
     EXPECT_EQ(caption(), "Scan List - 2 codes imported, stopped at line 3");
