@@ -55,6 +55,8 @@ void MainStatusBar::set_text(int panel, std::string_view text) {
     const std::size_t place = static_cast<std::size_t>(panel) - 1;
     QLabel& label = *panels_[place];
     const QString shown = shown_text(text);
+    // The tip of a button that the mouse rests on would hide the answer.
+    if (panel == message_panel && !shown.isEmpty()) bar_.clearMessage();
     if (label.text() == shown) return;
     label.setText(shown);
     tell(label, QAccessible::NameChanged);

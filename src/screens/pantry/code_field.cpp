@@ -1,10 +1,13 @@
 #include "screens/pantry/code_field.h"
 
+#include "barcodes/scanned_code.h"
 #include "barcodes/scanners.h"
 #include "basics/text.h"
 #include "core/project_data.h"
 #include "platform/platform.h"
+#include "screens/parts/plan_names.h"
 #include "screens/parts/scan_entry.h"
+#include "screens/parts/screen.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/shown_text.h"
 #include "ui_code_field.h"
@@ -38,8 +41,12 @@ void CodeField::show_code(const std::string& code) {
 }
 
 bool CodeField::take(const std::string& code) {
-    if (is_scanning_) show_code(code);
-    return is_scanning_;
+    if (!is_scanning_) return false;
+    const bool is_other = code != code_;
+    show_code(code);
+    const i16 bearer = find_scanned_item(code);
+    if (is_other && bearer != 0) say(tr("%1 has this barcode already.").arg(item_name(bearer)));
+    return true;
 }
 
 // The old code is out of sight for as long as the box for another one is open.

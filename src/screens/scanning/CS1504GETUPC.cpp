@@ -52,7 +52,7 @@ QString words_for(const ScanBooking& booking, const char* what_for) {
     if (kept > 0) {
         const QString first = shown_text(booking.kept.front());
         words << QObject::tr("Still on the list: %1").arg(first) +
-                     (kept == 1 ? QString() : QObject::tr(" and %1 more").arg(kept - 1)) +
+                     (kept == 1 ? QString() : QObject::tr("; and %1 more").arg(kept - 1)) +
                      QLatin1Char('.');
     }
     if (booking.booked > 0) {
@@ -126,6 +126,10 @@ void CS1504GETUPC::connect_commands() {
     connect(&rows_, &ScanRowsPane::quantity_wanted, this, ask(ModQuantity));
     connect(&rows_, &ScanRowsPane::lot_wanted, this, ask(ModLot));
     on_command(ui_->close_button, [this] { accept_or_close(); });
+    // No command begins while the scanner is waited for, but leaving ends the wait.
+    connect(ui_->close_button, &QPushButton::clicked, this, [this] {
+        if (is_waiting_) close_screen(*this);
+    });
     connect(ui_->stop_button, &QPushButton::clicked, this, [this] { end_work(); });
     on_keys(*this, Qt::Key_Escape, [this] { escape(); });
     on_keys(*this, QKeySequence::Refresh, [this] { run(refresh_scan_rows); });

@@ -1,6 +1,7 @@
 // What the main window looks like and answers, idle and with a project.
 #include <QMdiArea>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <set>
@@ -289,6 +290,14 @@ TEST_F(MainWindow, TheStatusBarHasThreePanels) {
     window.set_status(0, "nowhere");
     window.set_status(4, "nowhere");
     EXPECT_EQ(panel(1), "Café opened");
+}
+
+TEST_F(MainWindow, AMessageIsSeenThoughTheMouseRestsOnAButton) {
+    QStatusTipEvent tip(QStringLiteral("See the scanned codes and book them."));
+    QCoreApplication::sendEvent(&window, &tip);
+    EXPECT_FALSE(window.statusBar()->currentMessage().isEmpty());
+    window.set_status(message_panel, "Milk is on the list.");
+    EXPECT_TRUE(window.statusBar()->currentMessage().isEmpty());
 }
 
 // Counts the paintings of a widget.

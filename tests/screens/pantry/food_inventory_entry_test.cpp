@@ -107,6 +107,18 @@ TEST_F(ItemEntry, WithoutAScannerTheBarcodeIsAskedFor) {
     EXPECT_EQ(text("barcode"), "333");
 }
 
+TEST_F(ItemEntry, ACodeThatAnotherItemBearsIsTold) {
+    show_rice();
+    items[2].in_use = 1;
+    items[2].name = "Salt";
+    items[2].barcode = "333";
+    scanner_type = 3;
+    platform.boxes.expect_input("Enter Barcode", "Barcode Entry", "", "333");
+    click("scan");
+    EXPECT_EQ(text("barcode"), "333");
+    EXPECT_EQ(panel(message_panel), "Salt has this barcode already.");
+}
+
 TEST_F(ItemEntry, ACodeThatNobodyWaitsForChangesNothing) {
     scanner_type = 1;
     show_rice();

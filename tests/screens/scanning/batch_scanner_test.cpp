@@ -114,16 +114,17 @@ TEST_F(BatchReading, StopAndEscEndIt) {
 
 TEST_F(BatchReading, ClosingTheScreenEndsItWithoutHarm) {
     fill_scanner();
-    open_list();
-    platform.scanner.meanwhile = [&] {
-        click("close_button");  // no command while it is read
-        EXPECT_FALSE(platform.scanner.cancelled);
-        screen->parentWidget()->close();
-    };
-    click_command(1);
-    settle();
-    EXPECT_TRUE(platform.scanner.cancelled);
-    EXPECT_FALSE(is_open("CS1504GETUPC"));
+    for (const bool by_button : {false, true}) {
+        open_list();
+        platform.scanner.meanwhile = [&] {
+            if (by_button) return click("close_button");
+            screen->parentWidget()->close();
+        };
+        click_command(1);
+        settle();
+        EXPECT_TRUE(platform.scanner.cancelled);
+        EXPECT_FALSE(is_open("CS1504GETUPC"));
+    }
 }
 
 TEST_F(BatchReading, ClosingTheProjectEndsItWithoutAWord) {
