@@ -184,7 +184,7 @@ void Main::closeEvent(QCloseEvent* event) {
 }
 
 bool Main::may_leave_project() {
-    return registry_->settle_edits() && may_lose_scanned_codes();
+    return registry_->settle_edits() && may_lose_scanned_codes() && registry_->may_end_work();
 }
 
 bool Main::may_close() {

@@ -38,8 +38,8 @@ class Main : public QMainWindow, public ports::Main {
 
     ScreenRegistry& registry() { return *registry_; }
 
-    // Asks about everything that would go with the project, edits and scanned codes; false as soon
-    // as the user wants to stay.
+    // Asks about everything that would go with the project, edits, scanned codes and what is being
+    // printed; false as soon as the user wants to stay.
     [[nodiscard]] bool may_leave_project();
     SaveProgress& progress() { return *progress_; }
 

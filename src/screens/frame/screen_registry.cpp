@@ -12,6 +12,7 @@
 #include "screens/frame/screen_over_dialog.h"
 #include "screens/parts/running_work.h"
 #include "screens/parts/screen_memory.h"
+#include "screens/parts/shown_text.h"
 #include "screens/parts/unsaved_edits.h"
 
 namespace tavernook {
@@ -157,6 +158,22 @@ bool ScreenRegistry::settle_edits() {
     for (const auto& [name, screen] : loaded_now) {
         auto* edits = dynamic_cast<UnsavedEdits*>(screen.data());
         if (edits != nullptr && !edits->settle_edits()) return false;
+    }
+    return true;
+}
+
+bool ScreenRegistry::may_end_work() {
+    const auto loaded_now = loaded_;  // the box lets screens come and go
+    for (const auto& [name, screen] : loaded_now) {
+        const auto* work = dynamic_cast<RunningWork*>(screen.data());
+        if (work == nullptr || !work->would_be_lost()) continue;
+        const std::string question =
+            "A page is still being printed or saved, and leaving now stops that.  Do you want to "
+            "leave all the same?";
+        if (boxes().message(question, Buttons::yes_no, typed_text(screen->windowTitle()),
+                            DefaultButton::no) != Answer::yes) {
+            return false;
+        }
     }
     return true;
 }

@@ -44,6 +44,9 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     // user wants to stay with some.
     [[nodiscard]] bool settle_edits();
 
+    // Asks where a print or a save would be lost; false as soon as the user wants to wait for one.
+    [[nodiscard]] bool may_end_work();
+
     void unload_all() override;
     void hide_all() override;
     void show_meal_plan() override { show(QStringLiteral("MealPlan")); }

@@ -234,6 +234,10 @@ void PP::end(const QString& words) {
     if (hasFocus()) focus_main_command();
 }
 
+bool PP::would_be_lost() const {
+    return printing_.is_running() || is_saving_;
+}
+
 void PP::end_work() {
     quietly([this] { end_jobs(); });
 }

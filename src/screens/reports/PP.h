@@ -34,6 +34,7 @@ class PP : public Screen, public ports::PP, public RunningWork {
     ~PP() override;
 
     void show_page() override;
+    bool would_be_lost() const override;
     void end_work() override;
 
   protected:

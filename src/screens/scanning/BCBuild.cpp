@@ -142,6 +142,10 @@ void BCBuild::end(const QString& words) {
     if (hasFocus() && ui_->print_button->isEnabled()) ui_->print_button->setFocus();
 }
 
+bool BCBuild::would_be_lost() const {
+    return printing_.is_running();
+}
+
 void BCBuild::end_work() {
     quietly([this] {
         printing_.end_with_screen(tr("Printing was stopped, as the labels were closed."));

@@ -32,6 +32,7 @@ class BCBuild : public Screen, public RunningWork {
     explicit BCBuild(QWidget* parent = nullptr);
     ~BCBuild() override;
 
+    bool would_be_lost() const override;
     void end_work() override;
 
   protected:

@@ -36,6 +36,7 @@ class CS1504GETUPC : public Screen, public ports::CS1504GETUPC, public RunningWo
     void refresh_item(std::string_view barcode, std::string_view name, i16 item) override;
     void single_get() override;
     void single_not_get() override;
+    bool would_be_lost() const override { return false; }  // the codes stay in the scanner
     void end_work() override;
 
   protected:

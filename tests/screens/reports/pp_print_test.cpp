@@ -171,6 +171,17 @@ TEST_F(PreviewPrint, ClosingTheProjectEndsItAndSaysSo) {
     bring_project();
     begin_print();
     const auto late = html_views.answers.printed;
+    platform.boxes.expect_message(
+        "A page is still being printed or saved, and leaving now stops that.  Do you want to leave "
+        "all the same?",
+        Answer::no);
+    action("mnuFile_Close").trigger();
+    EXPECT_NE(project_open, 0);
+    EXPECT_EQ(calls("cancel printing"), 0);
+    platform.boxes.expect_message(
+        "A page is still being printed or saved, and leaving now stops that.  Do you want to leave "
+        "all the same?",
+        Answer::yes);
     action("mnuFile_Close").trigger();
     EXPECT_EQ(project_open, 0);
     EXPECT_EQ(calls("cancel printing"), 1);
@@ -181,6 +192,16 @@ TEST_F(PreviewPrint, ClosingTheProjectEndsItAndSaysSo) {
 
 TEST_F(PreviewPrint, ClosingTheProgramEndsIt) {
     begin_print();
+    platform.boxes.expect_message(
+        "A page is still being printed or saved, and leaving now stops that.  Do you want to leave "
+        "all the same?",
+        Answer::no);
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(calls("cancel printing"), 0);
+    platform.boxes.expect_message(
+        "A page is still being printed or saved, and leaving now stops that.  Do you want to leave "
+        "all the same?",
+        Answer::yes);
     EXPECT_TRUE(window.close());
     EXPECT_EQ(calls("cancel printing"), 1);
     EXPECT_EQ(ends, 1);

@@ -327,6 +327,10 @@ TEST_F(BarcodeBuilder, ClosingEndsAPrintAndSaysSo) {
 TEST_F(BarcodeBuilder, ClosingTheProjectEndsAPrintAndSaysSo) {
     bring_project();
     begin_print();
+    platform.boxes.expect_message(
+        "A page is still being printed or saved, and leaving now stops that.  Do you want to leave "
+        "all the same?",
+        Answer::yes);
     action("mnuFile_Close").trigger();
     EXPECT_EQ(project_open, 0);
     EXPECT_EQ(calls("cancel printing"), 1);
