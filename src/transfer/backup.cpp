@@ -218,7 +218,7 @@ void Unpacked::unpack(const std::string& source) const {
 // A numbered name that is free, for a project and for what an interrupted save may leave of it.
 std::string free_numbered(const std::string& project) {
     for (int number = 2;; ++number) {
-        std::string free = path_beside(project, " " + std::to_string(number));
+        std::string free = path_beside(project, std::string(" ").append(std::to_string(number)));
         if (!files().is_taken(free) && !previous_version_exists(free)) return free;
     }
 }
