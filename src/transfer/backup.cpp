@@ -182,7 +182,9 @@ void back_up() {
 // The restored project under a name of its own, until it is put in its place.
 class Unpacked {
   public:
-    explicit Unpacked(const std::string& target) : path_(path_with_ending(target, ".new")) {}
+    explicit Unpacked(const std::string& target) : path_(path_with_ending(target, ".new")) {
+        remove_if_there(path_);  // of a program that was killed
+    }
     ~Unpacked() {
         tried([&] { remove_if_there(path_); });
     }

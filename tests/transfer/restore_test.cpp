@@ -210,6 +210,20 @@ TEST_F(RestoreProject, ADamagedBackupChangesNothing) {
     }
 }
 
+TEST_F(RestoreProject, IsNoMoreOpenToOthersThanTheBackupAndCanBeSaved) {
+    using std::filesystem::perms;
+    write_whole_file(in_program("restored.tvk.new"), "left by a program that was killed");
+    std::filesystem::permissions(backup, perms::owner_read);
+    user_restores(backup);
+    expect_restored();
+    EXPECT_EQ(std::filesystem::status(restored).permissions(),
+              perms::owner_read | perms::owner_write);
+    EXPECT_EQ(files_in_program(), (Steps{"restored.tvk"}));
+    user_renames_store("Corner shop");
+    mnuFile_Save();
+    EXPECT_EQ(store_on_disk(restored), "Corner shop");
+}
+
 TEST_F(RestoreProject, ABackupThatHasGoneIsTold) {
     platform.boxes.expect_message(restore_error(53, "File not found"));
     user_restores(platform.path("gone.vzk"));
