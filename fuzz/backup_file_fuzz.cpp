@@ -20,7 +20,8 @@ void require(bool holds) {
     if (!holds) std::abort();
 }
 
-void decode(const std::string& backup) {
+// False when it is refused.
+bool decode(const std::string& backup) {
     MemoryFile file(backup);
     std::string restored;
     const auto take = [&](std::string_view bytes) { restored += bytes; };
@@ -29,9 +30,10 @@ void decode(const std::string& backup) {
     } catch (const Fault& fault) {
         require(fault.number == fault_number::bad_record_number);
         require(restored.size() <= most_restored);
-        return;
+        return false;
     }
     require(restored.size() <= most_restored && restored == plainly_decoded(backup));
+    return true;
 }
 
 void encode(const std::string& project) {
@@ -40,7 +42,7 @@ void encode(const std::string& project) {
     encode_runs(
         file, [&](std::string_view bytes) { backup += bytes; }, [](int) {});
     require(backup == plainly_encoded(project));
-    decode(backup);
+    require(decode(backup));
 }
 
 void run(std::string_view input) {
@@ -48,7 +50,8 @@ void run(std::string_view input) {
     const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(input[place]); };
     const std::string in_front(byte(2) + byte(3) * std::size_t{256}, 'Q');
     const std::string bytes = in_front + std::string(input.substr(4));
-    byte(0) % 2 == 0 ? decode(bytes) : encode(bytes);
+    if (byte(0) % 2 != 0) return encode(bytes);
+    decode(bytes);
 }
 
 }  // namespace
