@@ -145,6 +145,17 @@ void write_scan_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "long", "1,1,A\n2,1," + std::string(1200, 'B'));
 }
 
+// The first byte tells what is done with the rest (backup_file_fuzz.cpp).
+void write_backup_seeds(const std::filesystem::path& folder) {
+    const std::string zero(1, '\0');
+    const std::string runs = "x\1" + zero + "\2" + zero + "\7A\2" + zero + "\1" + zero + "\x09 ";
+    write_seed(folder / "decode", zero + std::string(3, '\0') + runs + zero + "\2");
+    write_seed(folder / "encode",
+               "\1" + std::string(3, '\0') + "abb" + std::string(9, 'A') + "tail");
+    // 31,990 bytes in front, so that the end of a block comes soon.
+    write_seed(folder / "border", "\1" + zero + "\xF6\x7C" + std::string(12, ' ') + "xx       y");
+}
+
 void write_cue_cat_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "grocery", ".C3nZC3nZC3nZD3b6ChbZDxv7.fHmc.C3D1Dxr2C3nZE3n7.");
     write_seed(folder / "book", ".C3nZC3nZC3n2C3j1DNnWENn2.cGf2.ENr7C3v7D3T3ENj3C3zYDNnZ.");
@@ -220,6 +231,7 @@ int main(int argc, char** argv) {
     tavernook::write_list_seeds(folder / "list_file");
     tavernook::write_scan_seeds(folder / "scan_file");
     tavernook::write_cue_cat_seeds(folder / "cue_cat");
+    tavernook::write_backup_seeds(folder / "backup_file");
     tavernook::write_template_seeds(folder / "page_template");
     tavernook::write_pattern_seeds(folder / "report_pattern");
     tavernook::write_scanner_seeds(folder / "scanner_reply");

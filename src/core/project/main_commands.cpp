@@ -52,9 +52,11 @@ void set_program_defaults() {
     sales_tax = 0;
 }
 
-// The path is claimed already, and the project that was open before has been saved or let go.
-void open_project_at(const std::string& path) {
+// The path is claimed already, and the project that was open before has been saved or let go. The
+// title shows the name, or else the file's.
+void open_project_at(const std::string& path, const std::string& name = {}) {
     set_project_path(path);
+    if (!name.empty()) project_name = name;
     Project_Open();
     if (project_load_failed != 0) return give_up_project();
     load_recent_menu();
@@ -228,6 +230,17 @@ void main_open() noexcept {
 void open_recent_project(const std::string& path) noexcept {
     replacing_project("mnuRecentFile_Click",
                       [&] { return let_go_of_open_project() && replace_open_project(path); });
+}
+
+bool open_brought_project(std::string_view procedure, const std::string& path,
+                          const std::string& name, const std::function<void()>& bring) noexcept {
+    return replacing_project(procedure, [&] {
+        if (!let_go_of_open_project()) return false;
+        bring();
+        reset_project_tables();
+        open_project_at(path, name);
+        return true;
+    });
 }
 
 void mnuFile_Save() noexcept {

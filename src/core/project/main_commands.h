@@ -3,7 +3,9 @@
 // here and shows what comes back through its port.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "basics/values.h"
 
@@ -24,6 +26,13 @@ void mnuFile_Open() noexcept;
 void main_open() noexcept;
 
 void open_recent_project(const std::string& path) noexcept;
+
+// For a room that brings a project along: asks to save what is open, lets `bring` put the file at
+// `path`, which the caller has claimed, and opens it with `name` in the title. Throws nothing:
+// what `bring` throws ends in the box of `procedure`, and what is open stays. True when it has
+// given way, whether or not the new one could be opened.
+bool open_brought_project(std::string_view procedure, const std::string& path,
+                          const std::string& name, const std::function<void()>& bring) noexcept;
 
 // Save and Save As do nothing without a project.
 void mnuFile_Save() noexcept;

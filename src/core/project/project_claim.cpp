@@ -3,6 +3,7 @@
 #include <set>
 
 #include "core/project/names_beside.h"
+#include "core/trap.h"
 #include "platform/platform.h"
 
 namespace tavernook {
@@ -42,22 +43,25 @@ bool take(const std::string& path) {
 
 }  // namespace
 
-bool claim_project(const std::string& path) {
-    if (!take(path)) return false;
-    claimed.insert(path);
-    return true;
+bool claim_project(const std::string& path) noexcept {
+    bool taken = false;
+    trap_in_module([&] {
+        taken = take(path);
+        if (taken) claimed.insert(path);
+    });
+    return taken;
 }
 
-void keep_only_claim(const std::string& path) {
-    for (const std::string& other : claimed) {
-        if (other != path) project_lock().release(other);
-    }
-    const bool held = claimed.contains(path);
-    claimed.clear();
-    if (held) claimed.insert(path);
+void keep_only_claim(const std::string& path) noexcept {
+    trap_in_module([&] {
+        for (const std::string& other : claimed) {
+            if (other != path) project_lock().release(other);
+        }
+        std::erase_if(claimed, [&](const std::string& other) { return other != path; });
+    });
 }
 
-void release_claims() {
+void release_claims() noexcept {
     keep_only_claim({});
 }
 

@@ -10,10 +10,10 @@ namespace tavernook {
 // left by another machine is for the user to judge: one question, and true when he takes the
 // project over. The claim that this program held before stays until `keep_only_claim` or
 // `release_claims`.
-[[nodiscard]] bool claim_project(const std::string& path);
+[[nodiscard]] bool claim_project(const std::string& path) noexcept;
 
 // Gives back every claim but this one.
-void keep_only_claim(const std::string& path);
-void release_claims();
+void keep_only_claim(const std::string& path) noexcept;
+void release_claims() noexcept;
 
 }  // namespace tavernook

@@ -6,6 +6,7 @@
 #include "reports/publishing.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/ProjectSetup.h"
+#include "transfer/backup.h"
 
 namespace tavernook {
 
@@ -25,6 +26,12 @@ void save_as(Main& window) {
 }
 void close_project(Main& window) {
     if (window.may_leave_project()) mnuFile_Close();
+}
+void backup(Main&) {
+    mnuFile_Backup();
+}
+void restore(Main& window) {
+    if (window.may_leave_project()) mnuFile_Restore();
 }
 // Opened from here it books codes, however it was opened before.
 void scan_list_to_book(Main& window) {
@@ -68,8 +75,8 @@ constexpr MainCommand commands[] = {
     {"mnuFile_Save", save, none, Needs::project, none, "Save the open project."},
     {"mnuFile_SaveAs", save_as, none, Needs::project, none, "Save the open project under another name and go on with that."},
     {"mnuFile_Close", close_project, none, Needs::project, none, "Close the open project."},
-    {"mnuFile_Backup", nullptr, none, Needs::project, none, "Copy the project with all its files into one back-up file."},
-    {"mnuFile_Restore", nullptr, none, Needs::nothing, none, "Bring a project back from a back-up file."},
+    {"mnuFile_Backup", backup, none, Needs::project, none, "Copy the saved project into a smaller back-up file, without the recipes' texts."},
+    {"mnuFile_Restore", restore, none, Needs::nothing, none, "Bring a project back from a back-up file."},
     {"mnuFile_Package", nullptr, none, Needs::project, none, "Pack the project to pass it on."},
     {"mnuFile_Unpack", nullptr, none, Needs::nothing, none, "Unpack a project that was passed on."},
     {"mnuFile_CSVExport", nullptr, none, Needs::project, none, "Write the project's lists for use in a spreadsheet."},

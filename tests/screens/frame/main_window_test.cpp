@@ -135,9 +135,10 @@ TEST_F(MainWindow, IdleOnlyWhatNeedsNoProjectIsEnabled) {
     for (const QAction* one : all_commands()) {
         if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
     }
-    EXPECT_EQ(enabled, (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Exit",
-                                              "mnu_tvkhelp", "mnuhelp_search", "mnu_about",
-                                              "toolbar_1_1", "toolbar_1_2", "toolbar_1_11"}));
+    EXPECT_EQ(enabled,
+              (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Restore",
+                                     "mnuFile_Exit", "mnu_tvkhelp", "mnuhelp_search", "mnu_about",
+                                     "toolbar_1_1", "toolbar_1_2", "toolbar_1_11"}));
 }
 
 TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
@@ -151,6 +152,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnuFile_Save",
                                               "mnuFile_SaveAs",
                                               "mnuFile_Close",
+                                              "mnuFile_Backup",
+                                              "mnuFile_Restore",
                                               "mnuFile_Exit",
                                               "mnuProject_FoodInventory",
                                               "mnuProject_MealBuilder",
