@@ -1,8 +1,7 @@
 // Scanning on a full project: a code is looked up among 10,000 items, beside one pass over the
 // bytes that must be looked at and beside SQLite, in memory and without an index, which looks for
-// the same text ("sqlite_ratio" is its time in look-ups); a thousand rows are told anew; a thousand
-// rows are booked as new stock, beside a program that writes the same histories; and the sheet of
-// all 10,000 labels is made, beside a program that writes the same bytes.
+// the same text ("sqlite_ratio" is its time in look-ups); a thousand rows are told anew; and a
+// thousand rows are booked as new stock, beside a program that writes the same histories.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -10,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "barcodes/barcode_sheet.h"
 #include "barcodes/scan_booking.h"
 #include "barcodes/scan_list.h"
 #include "core/program_folders.h"
@@ -195,33 +193,11 @@ void book_thousand_rows(benchmark::State& state) {
         });
 }
 
-// --- labels ------------------------------------------------------------------------------------
-
-std::string whole_file(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void make_sheet_of_all_items(benchmark::State& state) {
-    Household household;
-    household.platform.system.program = household.platform.path("program");
-    household.platform.disk.make_folder(household.platform.system.program + "/barcode");
-    const auto make = [] {
-        if (Build_Doc({.items = true}).labels.items != item_capacity) std::abort();
-    };
-    make();
-    const std::string page = whole_file(sheet_path());
-    const std::string copy = household.platform.path("copy.htm");
-    measure_pairs(
-        state, [] {}, make, [&] { std::ofstream(copy, std::ios::binary) << page; });
-}
-
 #define SCANNING_BENCHMARK(name) BENCHMARK(name)->UseManualTime()->Unit(benchmark::kMicrosecond)
 SCANNING_BENCHMARK(find_code_of_the_last_item);
 SCANNING_BENCHMARK(find_code_of_no_item);
 SCANNING_BENCHMARK(tell_thousand_rows);
 SCANNING_BENCHMARK(book_thousand_rows)->Iterations(10);
-SCANNING_BENCHMARK(make_sheet_of_all_items);
 
 }  // namespace
 }  // namespace tavernook
