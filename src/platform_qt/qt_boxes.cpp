@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "platform_qt/dialog_parent.h"
 #include "platform_qt/long_text.h"
@@ -120,6 +122,36 @@ void let_text_scroll(QMessageBox& box) {
     box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
 }
 
+// A scanner that is a keyboard types on while a box stands open. With the first digit a code has
+// begun; its end and its letters answer nothing.
+class CodeFilter : public QObject {
+  public:
+    explicit CodeFilter(QMessageBox& box) : QObject(&box) {
+        box.installEventFilter(this);
+        for (auto* part : box.findChildren<QWidget*>()) part->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::KeyPress && swallows(static_cast<QKeyEvent&>(*event));
+    }
+
+  private:
+    bool swallows(const QKeyEvent& key) {
+        constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+        if ((key.modifiers() & commands) != Qt::NoModifier) return false;
+        const bool is_end =
+            key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.key() == Qt::Key_Tab;
+        if (is_end) return std::exchange(has_begun_, false);
+        const QString text = key.text();
+        if (text.size() != 1) return false;
+        if (text[0].isDigit()) has_begun_ = true;
+        return has_begun_ && text[0].isLetterOrNumber();
+    }
+
+    bool has_begun_ = false;
+};
+
 // Both boxes live on the heap: the window under them may go, and take them along, while they ask.
 Answer ask(QMessageBox::Icon icon, std::string_view text, Buttons buttons, std::string_view title,
            DefaultButton default_button) {
@@ -135,6 +167,7 @@ Answer ask(QMessageBox::Icon icon, std::string_view text, Buttons buttons, std::
     if (default_button == DefaultButton::no) box->setDefaultButton(QMessageBox::No);
     name_buttons(*box);
     if (LongText::is_needed(box->text(), *box)) let_text_scroll(*box);
+    new CodeFilter(*box);
     const int pressed = box->exec();
     if (box.isNull()) return answer_of(button_of_escape(buttons));
     delete box;

@@ -281,6 +281,84 @@ TEST(LongTextInABox, AShortTextStandsInALabelAndCanBeSelected) {
     QtBoxes().input(names(3), "Stores", "");
 }
 
+// As a scanner that is a keyboard types it; the end of the code is not among it.
+void type_code(QWidget& receiver, const QString& code) {
+    for (const QChar letter : code) press_key(receiver, letter.toUpper().unicode(), letter);
+}
+
+// Into the box itself, and into the button that has the focus.
+template <typename Check>
+void in_a_question(Answer expected, Check check) {
+    for (const bool to_button : {false, true}) {
+        when_modal<QMessageBox>([=](QMessageBox& box) {
+            QWidget& button = child<QWidget>(box, "button_yes");
+            check(box, to_button ? button : static_cast<QWidget&>(box));
+        });
+        EXPECT_EQ(QtBoxes().message("Save?", Buttons::yes_no_cancel, "Tavernook"), expected);
+    }
+}
+
+TEST(CodeInAMessageBox, DoesNotAnswerIt) {
+    in_a_question(Answer::yes, [](QMessageBox& box, QWidget& receiver) {
+        for (const char* code : {"5012", "tvk5n0y1c2", "7N"}) {
+            for (const int end : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab}) {
+                QWidget* focused = box.focusWidget();
+                type_code(receiver, code);
+                press_key(receiver, end);
+                EXPECT_TRUE(box.isVisible()) << code;
+                EXPECT_EQ(box.focusWidget(), focused) << code;
+            }
+        }
+        press_key(receiver, Qt::Key_Return);
+        EXPECT_FALSE(box.isVisible());
+    });
+}
+
+TEST(CodeInAMessageBox, BehindItLettersAnswerAsBefore) {
+    in_a_question(Answer::no, [](QMessageBox& box, QWidget& receiver) {
+        type_code(receiver, "5012");
+        press_key(receiver, Qt::Key_Return);
+        EXPECT_TRUE(box.isVisible());
+        press_key(receiver, Qt::Key_N, "n");
+    });
+}
+
+TEST(CodeInAMessageBox, EscapeAnswersInTheMiddleOfIt) {
+    in_a_question(Answer::cancel, [](QMessageBox&, QWidget& receiver) {
+        type_code(receiver, "50");
+        press_key(receiver, Qt::Key_Escape);
+    });
+}
+
+TEST(CodeInAMessageBox, ADigitWithCtrlBeginsNone) {
+    in_a_question(Answer::yes, [](QMessageBox& box, QWidget& receiver) {
+        QKeyEvent command(QEvent::KeyPress, Qt::Key_1, Qt::ControlModifier, "1");
+        QApplication::sendEvent(&receiver, &command);
+        press_key(receiver, Qt::Key_Return);
+        EXPECT_FALSE(box.isVisible());
+    });
+}
+
+TEST(CodeInAMessageBox, NeitherDoesItInsideALongText) {
+    when_modal<QMessageBox>([](QMessageBox& box) {
+        auto& text = child<QPlainTextEdit>(box, "long_text");
+        type_code(text, "50n");
+        press_key(text, Qt::Key_Return);
+        EXPECT_TRUE(box.isVisible());
+        press_key(text, Qt::Key_N, "n");
+    });
+    EXPECT_EQ(QtBoxes().message(all_names, Buttons::yes_no, "Tavernook"), Answer::no);
+}
+
+TEST(CodeInAMessageBox, AnInputBoxTakesIt) {
+    when_modal<QDialog>([](QDialog& box) {
+        auto& field = child<QLineEdit>(box, "input_field");
+        type_code(field, "50n");
+        press_key(field, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtBoxes().input("Code:", "Tavernook", "old"), Optional("50n"));
+}
+
 TEST(MessageBox, ACriticalQuestionBearsItsIcon) {
     when_modal<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.icon(), QMessageBox::Critical);

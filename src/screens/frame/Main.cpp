@@ -21,6 +21,7 @@
 #include "screens/frame/child_area.h"
 #include "screens/frame/main_actions.h"
 #include "screens/frame/main_commands_table.h"
+#include "screens/frame/toolbar_keys.h"
 #include "screens/frame/window_memory.h"
 #include "screens/parts/shown_text.h"
 #include "screens/scanning/scanned_codes.h"
@@ -62,6 +63,7 @@ Main::Main()
     progress_ = new SaveProgress(this);
     actions_ = new MainActions(*this, *registry_);
     children_ = new ChildArea(*ui_->mdi_area, *registry_, this);
+    new ToolbarKeys({ui_->toolbar_1, ui_->toolbar_2}, *children_, this);
     connect_parts();
     set_toolbar_captions(true);
     set_geometry(WindowGeometry{});

@@ -1,6 +1,7 @@
 #include "screens/frame/child_area.h"
 
-#include <QEvent>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMetaObject>
@@ -82,9 +83,38 @@ void ChildArea::cover_area() {
         QRect(viewport.mapTo(start_page_->parentWidget(), QPoint()), viewport.size()));
 }
 
+QMdiSubWindow* ChildArea::front() const {
+    QMdiSubWindow* child = area_.activeSubWindow();
+    return child == nullptr || child->isHidden() ? nullptr : child;
+}
+
+// The focus comes back, it does not enter: what stands in a box is not selected by it.
 void ChildArea::focus_child() {
-    if (QMdiSubWindow* child = area_.activeSubWindow()) return child->setFocus();
-    focus_start_page();
+    QMdiSubWindow* child = front();
+    if (child == nullptr) return focus_start_page();
+    QWidget* part = child->focusWidget();
+    const bool can_take_it = part != nullptr && part->isVisible() && part->isEnabled();
+    (can_take_it ? part : child->widget())->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+bool ChildArea::type_into_screen(QKeyEvent& key) {
+    const QMdiSubWindow* child = front();
+    if (child == nullptr) return false;
+    focus_child();
+    QWidget* part = QApplication::focusWidget();
+    if (part == nullptr || !child->isAncestorOf(part)) return false;
+    QCoreApplication::sendEvent(part, &key);
+    return true;
+}
+
+bool ChildArea::changes_screen(QKeyEvent& key) {
+    const bool is_tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    const bool changes = is_tab && (key.modifiers() & Qt::ControlModifier) != Qt::NoModifier;
+    QMdiSubWindow* child = front();
+    if (child != nullptr && (changes || key.key() == Qt::Key_Control)) {
+        QCoreApplication::sendEvent(child, &key);
+    }
+    return changes;
 }
 
 void ChildArea::focus_start_page() {

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
+class QKeyEvent;
 class QMdiArea;
+class QMdiSubWindow;
 
 namespace tavernook {
 
@@ -31,9 +33,17 @@ class ChildArea : public QObject {
     void set_recent_files(const std::vector<std::string>& paths);
     void refresh(bool project_is_open);
 
-    // Into the child window in front, or else into the start page.
+    // Into the child window in front, where it was last there, or else into the start page.
     void focus_child();
     void focus_start_page();
+
+    // Keys that come while the focus is outside the child windows.
+    // This one goes on to the part of the child window in front that had the focus last, and the
+    // focus with it; false when there is none.
+    bool type_into_screen(QKeyEvent& key);
+    // True for Ctrl+Tab and Ctrl+Shift+Tab, which bring another child window in front as they do
+    // inside one. Tell the press and release of Ctrl, too: with its release the change comes.
+    bool changes_screen(QKeyEvent& key);
 
     void tile();
     void cascade();
@@ -45,6 +55,7 @@ class ChildArea : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    QMdiSubWindow* front() const;  // in sight, or none
     void tell_later();
     void cover_area();
 

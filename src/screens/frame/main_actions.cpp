@@ -9,6 +9,7 @@
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/recent_names.h"
 #include "screens/frame/screen_registry.h"
+#include "screens/frame/toolbar_keys.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/shown_text.h"
 
@@ -36,12 +37,9 @@ void set_tips(QAction& action, const QString& tip) {
     action.setToolTip(on_toolbar ? action.text() + QLatin1Char('\n') + tip : tip);
 }
 
-QToolButton* first_enabled_button(const QToolBar* bar) {
-    for (QAction* action : bar->actions()) {
-        auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(action));
-        if (button != nullptr && button->isEnabled() && button->isVisible()) return button;
-    }
-    return nullptr;
+QToolButton* first_button(const QToolBar& bar) {
+    const std::vector<QToolButton*> buttons = buttons_in_reach(bar);
+    return buttons.empty() ? nullptr : buttons.front();
 }
 
 }  // namespace
@@ -149,8 +147,8 @@ bool MainActions::focus_next_toolbar() {
     const bool in_first = focused != nullptr && first_->isAncestorOf(focused);
     const bool in_second = focused != nullptr && second_->isAncestorOf(focused);
     QToolButton* next = nullptr;
-    if (!in_first && !in_second) next = first_enabled_button(first_);
-    if (next == nullptr && !in_second) next = first_enabled_button(second_);
+    if (!in_first && !in_second) next = first_button(*first_);
+    if (next == nullptr && !in_second) next = first_button(*second_);
     if (next != nullptr) next->setFocus(Qt::TabFocusReason);
     return next != nullptr;
 }
