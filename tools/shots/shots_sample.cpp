@@ -12,7 +12,7 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
 #include "screens/parts/screen_switch.h"
-#include "shots/shots_labels.h"
+#include "shots/shots_scanning.h"
 #include "shots/shots_preview.h"
 #include "shots/shots_reports.h"
 
@@ -56,7 +56,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     show_screen(QStringLiteral("MealPlan"));
     take(QStringLiteral("sample_after_audit"), window);
     take_preview_screens(window, take);
-    take_label_screens(window, take);
+    take_scanning_screens(window, take);
     project_modified = i16_false;
     project_close();
     window.resize(size);

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "barcodes/scanners.h"
+#include "core/project_data.h"
 #include "screens/parts/guard.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
@@ -26,6 +28,13 @@ constexpr int letters_of_a_name = 20;
 
 bool is_plain(const QKeyEvent& key) {
     return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+// A scanner that types may begin a code with it, which the find box looks for.
+bool begins_code(const QKeyEvent& key) {
+    const QString typed = key.text();
+    return scanner_type == keyboard_wedge && is_plain(key) && typed.size() == 1 &&
+           typed.front().isDigit();
 }
 
 // On some keyboards it takes Shift.
@@ -266,6 +275,9 @@ bool CatagoryTreePane::tree_key(const QKeyEvent& key) {
     if (is_naming()) return false;
     if (is_slash(key)) {
         find();
+    } else if (begins_code(key)) {
+        find();
+        filter_->insert(key.text());
     } else if (key.matches(QKeySequence::Delete)) {
         Q_EMIT delete_wanted();
     } else if (is_plain(key) && key.key() == Qt::Key_Insert) {

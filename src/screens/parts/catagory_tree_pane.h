@@ -14,8 +14,9 @@
 //
 // Keys in the tree: Enter goes to the form or text of a leaf (`leaf_entered`) and opens or closes a
 // category, F2 names what can be named in place (`rename_elsewhere` for what can't), Del, Ins and
-// Shift+F10 (`menu_wanted`) tell, "/" leads to the find box. In the find box Enter shows the first leaf found, Down goes on
-// in the tree, Esc shows all again.
+// Shift+F10 (`menu_wanted`) tell, "/" leads to the find box, and so does a digit where the scanner
+// is a keyboard: it may begin a code. In the find box Enter shows the first leaf found, Down goes
+// on in the tree, Esc shows all again.
 //
 // What is renamed or dropped in the tree itself is a step: it ends when the view is done with its
 // editor or with the drop, and the screens follow. What can go wrong: while a name is being typed

@@ -102,6 +102,24 @@ TEST_F(ItemTree, CategoriesOpenAndCloseAndStaySoAfterAnAccept) {
     EXPECT_TRUE(is_open("r1"));
 }
 
+// A scanner that types does so wherever the focus is; what it typed once stood in the name box.
+TEST_F(ItemTree, ACodeThatIsScannedInTheTreeIsLookedFor) {
+    put_household();
+    items[2].barcode = "4006381333931";
+    items[3].barcode = "5000112637922";
+    open();
+    choose_row("c1");
+    tree().setFocus();
+    for (const i16 item : {2, 3}) {
+        for (const char key : std::string(items[item].barcode.trimmed())) {
+            QTest::keyClick(QApplication::focusWidget(), key);
+        }
+        press("Return");
+        EXPECT_EQ(screen().getindex(), item);
+        EXPECT_EQ(focused(), "item_tree");
+    }
+}
+
 TEST_F(ItemTree, SlashAndCtrlFLeadToTheFilterAndEscShowsAllAgain) {
     put_household();
     items[3].barcode = "4006381333931";

@@ -1,4 +1,4 @@
-// Pictures of the label sheet and of one barcode.
+// Pictures of the scan list, the label sheet and one barcode.
 #pragma once
 
 #include "shots/shots_lookups.h"
@@ -6,6 +6,6 @@
 namespace tavernook {
 
 // Of the project that is open.
-void take_label_screens(Main& window, const TakePicture& take);
+void take_scanning_screens(Main& window, const TakePicture& take);
 
 }  // namespace tavernook

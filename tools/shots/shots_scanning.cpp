@@ -1,10 +1,12 @@
-#include "shots/shots_labels.h"
+#include "shots/shots_scanning.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QPushButton>
 
 #include "barcodes/barcode_on_show.h"
+#include "barcodes/scan_list.h"
+#include "barcodes/scanners.h"
 #include "core/project_data.h"
 #include "inventory/items.h"
 #include "platform/platform.h"
@@ -23,6 +25,24 @@ Widget& part(const char* name) {
 
 void settle() {
     for (int round = 0; round < 10; ++round) QCoreApplication::processEvents();
+}
+
+// Two known codes, one with a lot of its own, and two that nobody bears.
+void take_scan_list(Main& window, const TakePicture& take) {
+    const i16 scanner_before = scanner_type;
+    show_screen(QStringLiteral("CS1504GETUPC"));
+    take(QStringLiteral("scan_list_empty"), window);
+    populate_item(items[5].barcode.trimmed(), 2, "");
+    populate_item(items[6].barcode.trimmed(), 0.5, "Lot B");
+    populate_item("4006381333931", 1, "");
+    populate_item("TVK7", 1, "");
+    scanner_type = batch_scanner;
+    end_of_step();
+    settle();
+    take(QStringLiteral("scan_list"), window);
+    scanner_type = scanner_before;
+    clear_scan_list();
+    load_screen(QStringLiteral("CS1504GETUPC"))->parentWidget()->close();
 }
 
 void take_sheet(Main& window, const TakePicture& take) {
@@ -55,7 +75,8 @@ void take_barcode(Main& window, const TakePicture& take, const char* name, const
 
 }  // namespace
 
-void take_label_screens(Main& window, const TakePicture& take) {
+void take_scanning_screens(Main& window, const TakePicture& take) {
+    take_scan_list(window, take);
     take_sheet(window, take);
     take_barcode(window, take, "barcode", "4006381333931");
     take_barcode(window, take, "barcode_long", "flour-ABCDEFGHIJKLMNOPQRSTUVWXYZ");
