@@ -19,10 +19,6 @@ bool row_holds(i16 row, std::string_view trimmed_text) {
     return trim(pooled_text(row)) == trimmed_text;
 }
 
-std::string_view storable(std::string_view text) {
-    return trim_right(trim(text).substr(0, longest_text));
-}
-
 int references(i64 item, std::string_view trimmed_text) {
     const ItemDetailRecord& detail = item_details[item];
     int count = 0;
@@ -38,6 +34,10 @@ int references(i64 item, std::string_view trimmed_text) {
 std::string_view pooled_text(i16 row) noexcept {
     if (row < 0 || row > pooled_string_capacity) return {};
     return pooled_strings[row];
+}
+
+std::string_view storable_text(std::string_view text) noexcept {
+    return trim_right(trim(text).substr(0, longest_text));
 }
 
 i16 find_free_string() noexcept {
@@ -61,7 +61,7 @@ i16 find_string(std::string_view text) noexcept {
 }
 
 i16 add_string(std::string_view text) noexcept {
-    const std::string_view wanted = storable(text);
+    const std::string_view wanted = storable_text(text);
     if (wanted.empty()) return 0;
     const i16 present = find_string(wanted);
     if (present != 0) return present;
@@ -85,7 +85,7 @@ bool release_string(std::string_view text) noexcept {
 
 i16 change_string(std::string_view old_text, std::string_view new_text) noexcept {
     const std::string_view from = trim(old_text);
-    const std::string to(storable(new_text));
+    const std::string to(storable_text(new_text));
     if (from == to) return find_string(from);
     if (from.empty()) return add_string(to);
     if (to.empty()) {

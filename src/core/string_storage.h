@@ -13,6 +13,9 @@ namespace tavernook {
 // The text of a row. A reference that is no row at all, as a damaged file can hold, is no text.
 std::string_view pooled_text(i16 row) noexcept;
 
+// The text as a row would hold it: without the blanks around it, and cut at 65,535 characters.
+std::string_view storable_text(std::string_view text) noexcept;
+
 // The first free row. When the search reaches the last row a box says so, and the last row is
 // the result whether it is free or not.
 i16 find_free_string() noexcept;

@@ -75,6 +75,13 @@ ports::ReplaceItem& replace_item_screen() {
     return required(handed_over.replace_item, "replacement screen");
 }
 
+ports::ImportForm& import_form() {
+    return required(handed_over.import_form, "status window");
+}
+
+Cabinets& cabinets() {
+    return required(handed_over.cabinets, "cabinets");
+}
 BatchScanner& scanner_device() {
     return required(handed_over.batch_scanner, "batch scanner");
 }

@@ -18,6 +18,7 @@
 namespace tavernook {
 
 class BatchScanner;  // platform/batch_scanner.h
+class Cabinets;      // platform/cabinets.h
 class FtpSession;    // platform/ftp_session.h
 class HtmlViews;     // platform/html_view.h
 class PrintPrompt;   // platform/html_view.h
@@ -39,7 +40,9 @@ struct Platform {
     ports::Main* main = nullptr;
     ports::Screens* screens = nullptr;
     ports::ReplaceItem* replace_item = nullptr;
+    ports::ImportForm* import_form = nullptr;
     BatchScanner* batch_scanner = nullptr;
+    Cabinets* cabinets = nullptr;
     FtpSession* ftp_session = nullptr;
     ports::FtpExport* ftp_export = nullptr;
     HtmlViews* html_views = nullptr;
@@ -82,7 +85,9 @@ void set_scan_list(ports::CS1504GETUPC* screen);
 void set_preview(ports::PP* screen);
 
 ports::ReplaceItem& replace_item_screen();
+ports::ImportForm& import_form();
 
+Cabinets& cabinets();
 BatchScanner& scanner_device();
 FtpSession& ftp_session();
 ports::FtpExport* ftp_export();  // null in a program without that window

@@ -13,6 +13,12 @@ class SaveProgress {
     virtual void show() = 0;
     virtual void set_label(std::string_view label) = 0;
     virtual void workbar(int percent) = 0;
+
+    // From now to `unload` the window has a button "Cancel".
+    virtual void offer_cancel() {}
+
+    // The user has pressed it. Lets the window hear the user, and nothing else of the program.
+    virtual bool is_cancelled() { return false; }
     virtual void hide() = 0;
     virtual void unload() = 0;
 };

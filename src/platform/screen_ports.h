@@ -139,6 +139,25 @@ class CS1504GETUPC {
     virtual void single_not_get() = 0;
 };
 
+// The status window of an exchange: line by line what is done. It stays in sight behind the work,
+// until the user closes it.
+class ImportForm {
+  public:
+    virtual ~ImportForm() = default;
+
+    // Comes up, empty and in front, with a button "Cancel". The rest of the program hears no user
+    // meanwhile.
+    virtual void begin(std::string_view caption) = 0;
+    virtual void add_line(std::string_view text) = 0;  // and selects it
+    virtual void workbar(int percent) = 0;
+
+    // The user has pressed "Cancel". Lets the window hear the user.
+    virtual bool is_cancelled() = 0;
+
+    // The work is over, well or not: "Close" takes the place of "Cancel".
+    virtual void end() = 0;
+};
+
 // Modal, over the screen in front.
 class ReplaceItem {
   public:

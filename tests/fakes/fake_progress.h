@@ -1,5 +1,5 @@
-// Records what the progress window was told: "load CAPTION|LABEL", "show", "label TEXT", "bar 25",
-// "hide", "unload".
+// Records what the progress window was told: "load CAPTION|LABEL", "offer cancel", "show",
+// "label TEXT", "bar 25", "hide", "unload".
 #pragma once
 
 #include <string>
@@ -21,10 +21,13 @@ class FakeSaveProgress : public ports::SaveProgress {
     void show() override { log.add("show"); }
     void set_label(std::string_view label) override { log.add("label " + std::string(label)); }
     void workbar(int percent) override { log.add("bar " + std::to_string(percent)); }
+    void offer_cancel() override { log.add("offer cancel"); }
+    bool is_cancelled() override { return cancelled; }
     void hide() override { log.add("hide"); }
     void unload() override { log.add("unload"); }
 
     CallLog log;
+    bool cancelled = false;
 };
 
 }  // namespace tavernook

@@ -20,6 +20,8 @@ TestPlatform::TestPlatform() {
     files.calls.pass_on_to(transcript, "file ");
     scanner.log.pass_on_to(transcript, "scanner ");
     ftp.log.pass_on_to(transcript, "ftp ");
+    cabinets.log.pass_on_to(transcript, "cabinets ");
+    import_form.log.pass_on_to(transcript, "form ");
 
     reset_program_state();
     set_platform({.clock = &clock,
@@ -35,7 +37,9 @@ TestPlatform::TestPlatform() {
                   .main = &main,
                   .screens = &screens,
                   .replace_item = &replace_item,
+                  .import_form = &import_form,
                   .batch_scanner = &scanner,
+                  .cabinets = &cabinets,
                   .ftp_session = &ftp,
                   .ftp_export = &ftp_export});
 }

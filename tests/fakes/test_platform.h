@@ -15,6 +15,7 @@
 #include "fakes/call_log.h"
 #include "fakes/fake_batch_scanner.h"
 #include "fakes/fake_boxes.h"
+#include "fakes/fake_cabinets.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_file_associations.h"
 #include "fakes/fake_file_dialogs.h"
@@ -68,6 +69,8 @@ struct TestPlatform {
     FakeHelpViewer help;
     FakeBatchScanner scanner;
     FakeFtpSession ftp;
+    FakeCabinets cabinets;
+    FakeImportForm import_form;
 };
 
 }  // namespace tavernook

@@ -70,6 +70,8 @@ bool is_shopping_quantity(f64 quantity) {
     return quantity >= 0.001 && quantity <= 10000;
 }
 
+}  // namespace
+
 void put_item_right(ItemRecord& item) {
     if (item.store_order > 20 || item.store_order < 1) item.store_order = 0;
     if (!is_shopping_quantity(item.shopping_quantity)) {
@@ -77,8 +79,6 @@ void put_item_right(ItemRecord& item) {
         item.on_shopping_list = 0;
     }
 }
-
-}  // namespace
 
 void read_front(File& file) {
     const std::string front = read_exactly(file, header_position, items_position - 1);

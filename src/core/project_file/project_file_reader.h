@@ -16,6 +16,11 @@ void read_front(File& file);
 
 void read_item_section(File& file);
 void read_catagory_section(File& file);
+
+// What every item that comes from a file goes through: a store order outside 0..20 and a shopping
+// quantity that is none count as none.
+void put_item_right(ItemRecord& item);
+
 void read_meal_section(File& file);
 void read_unit_section(File& file);  // the units of a new project go first
 void read_store_section(File& file);
