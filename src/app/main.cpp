@@ -4,6 +4,7 @@
 #include "app/program_start.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
+#include "screens/exchange/ImportForm.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/Splash.h"
 #include "screens/frame/register_screens.h"
@@ -19,10 +20,12 @@ int main(int argc, char** argv) {
     QtPlatform outside;
     Main main_window;
     ReplacementScreen replacement;
+    ImportForm import_form(&main_window);
     PublishingWindow publishing(main_window);
     Platform parts =
         outside.platform(&main_window.progress(), &main_window, &main_window.registry());
     parts.replace_item = &replacement;
+    parts.import_form = &import_form;
     parts.ftp_export = &publishing;
     set_platform(parts);
     register_screens(main_window);

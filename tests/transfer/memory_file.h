@@ -11,20 +11,21 @@ namespace tavernook {
 
 class MemoryFile : public File {
   public:
-    explicit MemoryFile(std::string given) : bytes_(std::move(given)) {}
+    explicit MemoryFile(std::string given = {}) : bytes(std::move(given)) {}
 
     std::size_t read(i64 offset, char* buffer, std::size_t count) override {
         const auto from = static_cast<std::size_t>(offset);
-        return from >= bytes_.size() ? 0 : bytes_.copy(buffer, count, from);
+        return from >= bytes.size() ? 0 : bytes.copy(buffer, count, from);
     }
-    void write(i64 offset, std::string_view bytes) override {
-        bytes_.replace(static_cast<std::size_t>(offset), bytes.size(), bytes);
+    void write(i64 offset, std::string_view written) override {
+        const auto from = static_cast<std::size_t>(offset);
+        if (from > bytes.size()) bytes.resize(from, '\0');
+        bytes.replace(from, written.size(), written);
     }
-    i64 length() override { return static_cast<i64>(bytes_.size()); }
+    i64 length() override { return static_cast<i64>(bytes.size()); }
     void flush() override {}
 
-  private:
-    std::string bytes_;
+    std::string bytes;
 };
 
 // What became of coding: the bytes that came out, the Fault that ended it (0 for none), the bar.

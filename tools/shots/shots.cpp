@@ -21,6 +21,7 @@
 #include "core/project_data.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
+#include "screens/exchange/ImportForm.h"
 #include "screens/frame/About.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/ProjectSetup.h"
@@ -216,8 +217,10 @@ int take_pictures(int argc, char** argv) {
     QtPlatform outside;
     Main window;
     ReplacementScreen replacement;
+    ImportForm import_form(&window);
     Platform parts = outside.platform(&window.progress(), &window, &window.registry());
     parts.replace_item = &replacement;
+    parts.import_form = &import_form;
     PlainViews views;
     PlainPrintPrompt prompt;
     parts.html_views = &views;

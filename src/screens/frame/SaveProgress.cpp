@@ -17,6 +17,7 @@ namespace {
 
 constexpr double patience = 0.5 / 86400.0;  // half a second in days
 constexpr int comfortable_letters = 48;
+constexpr qint64 hearing_ms = 50;
 
 }  // namespace
 
@@ -25,12 +26,17 @@ SaveProgress::SaveProgress(QWidget* parent)
       ui_(std::make_unique<Ui::SaveProgress>()) {
     ui_->setupUi(this);
     ui_->label->setMinimumWidth(fontMetrics().averageCharWidth() * comfortable_letters);
+    ui_->Cancel->hide();
+    connect(ui_->Cancel, &QPushButton::clicked, this, &SaveProgress::reject);
 }
 
 SaveProgress::~SaveProgress() = default;
 
 void SaveProgress::load(std::string_view caption, std::string_view label) {
     running_ = true;
+    can_cancel_ = false;
+    cancelled_ = false;
+    ui_->Cancel->hide();
     setWindowTitle(shown_text(caption));
     ui_->bar->setValue(0);
     set_label(label);
@@ -51,6 +57,26 @@ void SaveProgress::workbar(int percent) {
     ui_->bar->setValue(std::clamp(percent, 0, 100));
     come_up_when_due();
     paint_now();
+}
+
+void SaveProgress::offer_cancel() {
+    can_cancel_ = true;
+    ui_->Cancel->setEnabled(true);
+    ui_->Cancel->show();
+}
+
+bool SaveProgress::is_cancelled() {
+    if (isVisible() && (!since_hearing_.isValid() || since_hearing_.hasExpired(hearing_ms))) {
+        QCoreApplication::processEvents();
+        since_hearing_.start();
+    }
+    return cancelled_;
+}
+
+void SaveProgress::reject() {
+    if (!can_cancel_) return;
+    cancelled_ = true;
+    ui_->Cancel->setEnabled(false);
 }
 
 void SaveProgress::hide() {

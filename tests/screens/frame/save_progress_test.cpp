@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -14,6 +15,7 @@ class ProgressWindow : public testing::Test {
   protected:
     void pass(double seconds) { platform.clock.time += seconds / 86400.0; }
     int bar() { return window.findChild<QProgressBar*>("bar")->value(); }
+    QPushButton& cancel() { return *window.findChild<QPushButton*>("Cancel"); }
     std::string label() { return window.findChild<QLabel*>("label")->text().toStdString(); }
 
     TestPlatform platform;
@@ -79,6 +81,56 @@ TEST_F(ProgressWindow, EscapeAndClosingDoNotTakeItAway) {
     EXPECT_TRUE(window.isVisible());
     window.close();
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ProgressWindow, HasNoCancelUnlessTheWorkOffersOne) {
+    window.load("c", "l");
+    window.show();
+    pass(1);
+    window.workbar(10);
+    EXPECT_FALSE(cancel().isVisible());
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.is_cancelled());
+}
+
+TEST_F(ProgressWindow, CancelIsHeardAndTheWindowStays) {
+    window.load("c", "l");
+    window.offer_cancel();
+    window.show();
+    pass(1);
+    window.workbar(10);
+    ASSERT_TRUE(cancel().isVisible());
+    EXPECT_FALSE(window.is_cancelled());
+    QTest::mouseClick(&cancel(), Qt::LeftButton);
+    EXPECT_TRUE(window.is_cancelled());
+    EXPECT_FALSE(cancel().isEnabled());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ProgressWindow, EscapeCancelsWhatCanBeCancelled) {
+    window.load("c", "l");
+    window.offer_cancel();
+    window.show();
+    pass(1);
+    window.workbar(10);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(window.is_cancelled());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ProgressWindow, TheNextWorkIsNotCancelled) {
+    window.load("c", "l");
+    window.offer_cancel();
+    window.reject();
+    window.unload();
+    window.load("c", "l");
+    EXPECT_FALSE(window.is_cancelled());
+    window.show();
+    pass(1);
+    window.workbar(10);
+    EXPECT_FALSE(cancel().isVisible());
+    window.offer_cancel();
+    EXPECT_TRUE(cancel().isEnabled());
 }
 
 TEST_F(ProgressWindow, EachStepIsPaintedAtOnce) {

@@ -1,0 +1,90 @@
+#include "screens/exchange/ImportForm.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+#include "screens/parts/shown_text.h"
+#include "ui_ImportForm.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr qint64 breath_ms = 50;
+constexpr qint64 lines_ms = 250;  // measuring a full list takes half of it
+
+}  // namespace
+
+ImportForm::ImportForm(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::ImportForm>()) {
+    ui_->setupUi(this);
+    const int letter = fontMetrics().averageCharWidth();
+    resize(letter * 70, fontMetrics().lineSpacing() * 20);
+    connect(ui_->button, &QPushButton::clicked, this, &ImportForm::reject);
+}
+
+ImportForm::~ImportForm() = default;
+
+void ImportForm::begin(std::string_view caption) {
+    setWindowTitle(shown_text(caption));
+    waiting_.clear();
+    ui_->List1->clear();
+    ui_->bar->setValue(0);
+    works_ = true;
+    cancelled_ = false;
+    show_state();
+    show();
+    raise();
+    activateWindow();
+    ui_->button->setFocus();
+    breathe();
+}
+
+void ImportForm::add_line(std::string_view text) {
+    waiting_.append(shown_text(text));
+    if (!works_ || since_lines_.hasExpired(lines_ms)) show_lines();
+}
+
+void ImportForm::workbar(int percent) {
+    ui_->bar->setValue(std::clamp(percent, 0, 100));
+}
+
+bool ImportForm::is_cancelled() {
+    if (since_breath_.hasExpired(breath_ms)) breathe();
+    return cancelled_;
+}
+
+void ImportForm::end() {
+    works_ = false;
+    show_lines();
+    show_state();
+    ui_->button->setFocus();
+}
+
+void ImportForm::reject() {
+    if (!works_) return hide();
+    cancelled_ = true;
+    show_state();
+}
+
+void ImportForm::show_lines() {
+    since_lines_.start();
+    if (waiting_.isEmpty()) return;
+    ui_->List1->addItems(waiting_);
+    waiting_.clear();
+    ui_->List1->setCurrentRow(ui_->List1->count() - 1);
+}
+
+// Only this window hears the user: as a modal one it holds the others up.
+void ImportForm::breathe() {
+    QCoreApplication::processEvents();
+    since_breath_.start();
+}
+
+void ImportForm::show_state() {
+    ui_->button->setText(works_ ? tr("&Cancel") : tr("C&lose"));
+    ui_->button->setToolTip(works_ ? tr("Stop, and leave everything as it was.") : QString());
+    ui_->button->setEnabled(!works_ || !cancelled_);
+    ui_->button->setAutoDefault(!works_);  // an Enter that comes too late cancels nothing
+}
+
+}  // namespace tavernook
