@@ -84,7 +84,7 @@ void ImportForm::show_state() {
     ui_->button->setText(works_ ? tr("&Cancel") : tr("C&lose"));
     ui_->button->setToolTip(works_ ? tr("Stop, and leave everything as it was.") : QString());
     ui_->button->setEnabled(!works_ || !cancelled_);
-    ui_->button->setAutoDefault(!works_);  // an Enter that comes too late cancels nothing
+    ui_->button->setDefault(!works_);  // an Enter that comes too late cancels nothing
 }
 
 }  // namespace tavernook
