@@ -126,6 +126,24 @@ void take_publishing(Photographer& photographer, Main& window) {
     photographer.take(QStringLiteral("ftpexport"), publishing);
 }
 
+void take_exchange(Photographer& photographer, Main& window) {
+    ImportForm form(&window);
+    form.begin("Import Status");
+    for (const char* line :
+         {"Starting Import of file: /home/anna/pantry.csv", "Importing 3 items.",
+          "Imported item: Rye flour", "Imported item: Oats, rolled", "Imported item: Honey"}) {
+        form.add_line(line);
+    }
+    form.workbar(60);
+    form.is_cancelled();
+    photographer.take(QStringLiteral("exchange_at_work"), form);
+    form.add_line("Import Completed Successfully on 11/22/2026 9:41:05 PM");
+    form.workbar(100);
+    form.end();
+    photographer.take(QStringLiteral("exchange_done"), form);
+    form.close();
+}
+
 void take_small_windows(Photographer& photographer, Main& window) {
     Splash splash;
     splash.come_up();
@@ -142,9 +160,12 @@ void take_small_windows(Photographer& photographer, Main& window) {
     progress.set_label("Saving Meals to file.");
     progress.workbar(60);
     photographer.take(QStringLiteral("progress"), progress);
+    progress.offer_cancel();
+    photographer.take(QStringLiteral("progress_cancel"), progress);
     progress.unload();
     take_message_box(photographer);
     take_publishing(photographer, window);
+    take_exchange(photographer, window);
 }
 
 void make_projects(const QString& folder) {
