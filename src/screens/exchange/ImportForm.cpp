@@ -10,8 +10,8 @@ namespace tavernook {
 
 namespace {
 
-constexpr qint64 breath_ms = 50;
-constexpr qint64 lines_ms = 250;  // measuring a full list takes half of it
+constexpr int breath_ms = 50;
+constexpr int lines_ms = 250;  // measuring a full list takes half of it
 
 }  // namespace
 
@@ -20,6 +20,9 @@ ImportForm::ImportForm(QWidget* parent) : QDialog(parent), ui_(std::make_unique<
     const int letter = fontMetrics().averageCharWidth();
     resize(letter * 70, fontMetrics().lineSpacing() * 20);
     connect(ui_->button, &QPushButton::clicked, this, &ImportForm::reject);
+    show_later_.setSingleShot(true);
+    show_later_.setInterval(breath_ms);
+    connect(&show_later_, &QTimer::timeout, this, &ImportForm::show_lines);
 }
 
 ImportForm::~ImportForm() = default;
@@ -41,7 +44,8 @@ void ImportForm::begin(std::string_view caption) {
 
 void ImportForm::add_line(std::string_view text) {
     waiting_.append(shown_text(text));
-    if (!works_ || since_lines_.hasExpired(lines_ms)) show_lines();
+    if (!works_ || since_lines_.hasExpired(lines_ms)) return show_lines();
+    show_later_.start();  // when a question stops the work, whose lines have come so far
 }
 
 void ImportForm::workbar(int percent) {

@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QStringList>
+#include <QTimer>
 #include <memory>
 #include <string_view>
 
@@ -42,6 +43,7 @@ class ImportForm : public QDialog, public ports::ImportForm {
 
     std::unique_ptr<Ui::ImportForm> ui_;
     QStringList waiting_;
+    QTimer show_later_;
     QElapsedTimer since_lines_;
     QElapsedTimer since_breath_;
     bool works_ = false;
