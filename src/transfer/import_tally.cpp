@@ -70,7 +70,7 @@ void LeftOut::add(std::string_view row, std::string_view why) {
 std::string LeftOut::words() const {
     if (count_ == 0) return {};
     const bool is_one = count_ == 1;
-    return ";  " + counted(count_, "row was", "rows were") + " left out, " +
+    return "; " + counted(count_, "row was", "rows were") + " left out, " +
            (is_one ? "" : "the first is ") + first_;
 }
 

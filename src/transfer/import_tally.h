@@ -49,7 +49,7 @@ class LeftOut {
 
     int count() const { return count_; }
 
-    // Empty when there are none; else ";  3 rows were left out, the first is line 12: WHY".
+    // Empty when there are none; else "; 3 rows were left out, the first is line 12: WHY".
     std::string words() const;
 
   private:

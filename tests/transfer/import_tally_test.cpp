@@ -63,11 +63,11 @@ TEST(RowsLeftOut, TheFirstStandsForAll) {
     LeftOut left_out;
     EXPECT_EQ(left_out.words(), "");
     left_out.add("line 12", "the storage time is too large");
-    EXPECT_EQ(left_out.words(), ";  1 row was left out, line 12: the storage time is too large");
+    EXPECT_EQ(left_out.words(), "; 1 row was left out, line 12: the storage time is too large");
     left_out.add("line 14", "no room");
     EXPECT_EQ(left_out.count(), 2);
     EXPECT_EQ(left_out.words(),
-              ";  2 rows were left out, the first is line 12: the storage time is too large");
+              "; 2 rows were left out, the first is line 12: the storage time is too large");
 }
 
 }  // namespace

@@ -1,0 +1,167 @@
+#include "transfer/csv_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "basics/code_page.h"
+#include "basics/number_text.h"
+#include "basics/text.h"
+
+namespace tavernook {
+
+namespace {
+
+constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
+constexpr std::string_view cr_lf = "\r\n";
+
+// What a text of an item can hold.
+constexpr std::size_t longest_over_lines = 65535;
+
+bool begins_quoted(std::string_view text, std::size_t at) {
+    return at < text.size() && text[at] == '"';
+}
+
+int count_of(std::string_view field) {
+    const f64 number = std::nearbyint(leading_number(field));
+    constexpr f64 most = std::numeric_limits<int>::max();
+    return number > 0 ? static_cast<int>(std::min(number, most)) : 0;
+}
+
+// The quote that ends the field, npos where none does. `ends_at` tells whether a field ends there.
+template <typename EndsAt>
+std::size_t closing_quote(std::string_view text, std::size_t from, bool doubled_stays,
+                          EndsAt ends_at) {
+    for (std::size_t quote = text.find('"', from); quote != std::string_view::npos;
+         quote = text.find('"', quote + 1)) {
+        if (doubled_stays && begins_quoted(text, quote + 1)) {
+            ++quote;
+        } else if (ends_at(quote + 1)) {
+            return quote;
+        }
+    }
+    return std::string_view::npos;
+}
+
+}  // namespace
+
+bool CsvRow::is_blank() const {
+    return std::all_of(fields.begin(), fields.end(),
+                       [](std::string_view field) { return trim(field).empty(); });
+}
+
+std::string csv_text(std::string bytes) {
+    if (bytes.starts_with(utf8_mark)) {
+        return text_from_utf8(std::string_view(bytes).substr(utf8_mark.size()));
+    }
+    return reads_as_utf8(bytes) ? text_from_utf8(bytes) : std::move(bytes);
+}
+
+CsvLines::CsvLines(std::string_view text) : text_(text) {
+    const std::size_t feed = text.find('\n');
+    if (feed == none) {
+        line_end_ = cr_lf.substr(0, 1);
+    } else {
+        line_end_ = feed > 0 && text[feed - 1] == '\r' ? cr_lf : cr_lf.substr(1);
+    }
+    if (const auto first = next()) count_ = count_of(first->fields[0]);
+    (void)next();
+}
+
+std::optional<CsvRow> CsvLines::next() {
+    const LineEnd end = line_end_from(at_);
+    if (end.at == none) return {};
+    const CsvRow row = present_row(end.at);
+    pass(row);
+    return row;
+}
+
+int CsvLines::unended_line() const {
+    const bool is_nothing = trim(text_.substr(at_)).empty();
+    return is_nothing || line_end_from(at_).at != none ? 0 : line_;
+}
+
+// In files whose lines end with LF some may end with CR LF all the same.
+CsvLines::LineEnd CsvLines::line_end_from(std::size_t from) const {
+    const std::size_t at = text_.find(line_end_, from);
+    if (at == none) return {none, none};
+    const bool has_return = line_end_ == "\n" && at > from && text_[at - 1] == '\r';
+    return {has_return ? at - 1 : at, at + line_end_.size()};
+}
+
+CsvRow CsvLines::read(std::size_t begin, std::size_t end, Doubled doubled) const {
+    CsvRow row;
+    row.line = line_;
+    row.text = text_.substr(begin, end - begin);
+    const std::string_view text = row.text;
+    const auto ends_at = [text](std::size_t at) { return at == text.size() || text[at] == ','; };
+    for (std::size_t at = 0;; ++row.count) {
+        const bool is_last = row.count + 1 == csv_fields;
+        const bool is_quoted = begins_quoted(text, at);
+        const std::size_t quote =
+            is_quoted ? closing_quote(text, at + 1, doubled == Doubled::stays, ends_at) : none;
+        const std::size_t from = is_quoted ? at + 1 : at;
+        const std::size_t behind = is_quoted && quote == none ? none
+                                   : is_quoted                ? quote + 1
+                                                              : text.find(',', at);
+        const std::size_t stop = is_quoted ? quote : (is_last ? none : behind);
+        if (row.count < csv_fields) row.fields[row.count] = text.substr(from, stop - from);
+        if (behind == none || behind == text.size()) break;
+        at = behind + 1;
+    }
+    ++row.count;
+    return row;
+}
+
+// Where the row ends whose quoted fields hold line ends; npos when that is not before the limit.
+std::size_t CsvLines::end_over_lines(std::size_t limit, Doubled doubled) const {
+    const std::string_view text = text_.substr(0, limit);
+    LineEnd end = line_end_from(at_);
+    const auto ends_at = [&](std::size_t at) {
+        if (at >= text.size()) return false;
+        const bool is_return = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
+        return text[at] == ',' || text[at] == '\n' || is_return;
+    };
+    for (std::size_t at = at_;;) {
+        if (begins_quoted(text, at)) {
+            at = closing_quote(text, at + 1, doubled == Doubled::stays, ends_at);
+            if (at++ == none) return none;
+        }
+        if (end.at < at) end = line_end_from(at);
+        at = std::min(text.find(',', at), end.at);
+        if (at >= text.size()) return none;
+        if (at++ == end.at) return end.at;
+    }
+}
+
+std::optional<CsvRow> CsvLines::read_over_lines(Doubled doubled) const {
+    const std::size_t end = end_over_lines(std::min(text_.size(), at_ + longest_over_lines), doubled);
+    if (end == none) return {};
+    CsvRow row = read(at_, end, doubled);
+    return row.count == csv_fields ? std::optional(row) : std::nullopt;
+}
+
+CsvRow CsvLines::present_row(std::size_t line_end) const {
+    const CsvRow by_the_rule = read(at_, line_end, Doubled::may_end_a_field);
+    const bool is_ambiguous = by_the_rule.text.find('"') != none;
+    if (!is_ambiguous) return by_the_rule;
+    for (const Doubled doubled : {Doubled::may_end_a_field, Doubled::stays}) {
+        const CsvRow row = read(at_, line_end, doubled);
+        if (row.count == csv_fields) return row;
+    }
+    for (const Doubled doubled : {Doubled::may_end_a_field, Doubled::stays}) {
+        if (const auto row = read_over_lines(doubled)) return *row;
+    }
+    return by_the_rule;
+}
+
+// The line end of a row that goes over lines counts once for each.
+void CsvLines::pass(const CsvRow& row) {
+    const std::size_t end = at_ + row.text.size();
+    while (at_ <= end) {
+        at_ = line_end_from(at_).behind;
+        ++line_;
+    }
+}
+
+}  // namespace tavernook
