@@ -72,7 +72,8 @@ std::optional<CsvRow> CsvLines::next() {
     const LineEnd end = line_end_from(at_);
     if (end.at == none) return {};
     const CsvRow row = present_row(end.at);
-    pass(row);
+    at_ = line_end_from(at_ + row.text.size()).behind;
+    ++line_;
     return row;
 }
 
@@ -89,27 +90,33 @@ CsvLines::LineEnd CsvLines::line_end_from(std::size_t from) const {
     return {has_return ? at - 1 : at, at + line_end_.size()};
 }
 
+bool CsvLines::is_line_end(std::size_t at) const {
+    const std::string_view here = text_.substr(at);
+    return here.starts_with(line_end_) || (line_end_ == "\n" && here.starts_with(cr_lf));
+}
+
 CsvRow CsvLines::read(std::size_t begin, std::size_t end, Doubled doubled) const {
     CsvRow row;
     row.line = line_;
     row.text = text_.substr(begin, end - begin);
     const std::string_view text = row.text;
     const auto ends_at = [text](std::size_t at) { return at == text.size() || text[at] == ','; };
-    for (std::size_t at = 0;; ++row.count) {
-        const bool is_last = row.count + 1 == csv_fields;
+    std::size_t at = 0;
+    for (bool goes_on = true; goes_on; ++row.count) {
         const bool is_quoted = begins_quoted(text, at);
-        const std::size_t quote =
-            is_quoted ? closing_quote(text, at + 1, doubled == Doubled::stays, ends_at) : none;
+        const bool keeps_doubled = doubled == Doubled::stays;
         const std::size_t from = is_quoted ? at + 1 : at;
-        const std::size_t behind = is_quoted && quote == none ? none
-                                   : is_quoted                ? quote + 1
-                                                              : text.find(',', at);
-        const std::size_t stop = is_quoted ? quote : (is_last ? none : behind);
-        if (row.count < csv_fields) row.fields[row.count] = text.substr(from, stop - from);
-        if (behind == none || behind == text.size()) break;
-        at = behind + 1;
+        const std::size_t stop =
+            is_quoted ? closing_quote(text, from, keeps_doubled, ends_at) : text.find(',', at);
+        row.is_open = is_quoted && stop == none;
+        const bool takes_the_rest = !is_quoted && row.count + 1 == csv_fields;
+        if (row.count < csv_fields) {
+            row.fields[row.count] = text.substr(from, takes_the_rest ? none : stop - from);
+        }
+        at = is_quoted && stop != none ? stop + 1 : stop;
+        goes_on = at < text.size();
+        ++at;
     }
-    ++row.count;
     return row;
 }
 
@@ -118,9 +125,7 @@ std::size_t CsvLines::end_over_lines(std::size_t limit, Doubled doubled) const {
     const std::string_view text = text_.substr(0, limit);
     LineEnd end = line_end_from(at_);
     const auto ends_at = [&](std::size_t at) {
-        if (at >= text.size()) return false;
-        const bool is_return = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
-        return text[at] == ',' || text[at] == '\n' || is_return;
+        return at < text.size() && (text[at] == ',' || is_line_end(at));
     };
     for (std::size_t at = at_;;) {
         if (begins_quoted(text, at)) {
@@ -135,33 +140,24 @@ std::size_t CsvLines::end_over_lines(std::size_t limit, Doubled doubled) const {
 }
 
 std::optional<CsvRow> CsvLines::read_over_lines(Doubled doubled) const {
-    const std::size_t end = end_over_lines(std::min(text_.size(), at_ + longest_over_lines), doubled);
+    const std::size_t end =
+        end_over_lines(std::min(text_.size(), at_ + longest_over_lines), doubled);
     if (end == none) return {};
     CsvRow row = read(at_, end, doubled);
-    return row.count == csv_fields ? std::optional(row) : std::nullopt;
+    return row.has_all_fields() ? std::optional(row) : std::nullopt;
 }
 
 CsvRow CsvLines::present_row(std::size_t line_end) const {
     const CsvRow by_the_rule = read(at_, line_end, Doubled::may_end_a_field);
     const bool is_ambiguous = by_the_rule.text.find('"') != none;
     if (!is_ambiguous) return by_the_rule;
-    for (const Doubled doubled : {Doubled::may_end_a_field, Doubled::stays}) {
-        const CsvRow row = read(at_, line_end, doubled);
-        if (row.count == csv_fields) return row;
-    }
+    if (by_the_rule.has_all_fields()) return by_the_rule;
+    const CsvRow with_doubled = read(at_, line_end, Doubled::stays);
+    if (with_doubled.has_all_fields()) return with_doubled;
     for (const Doubled doubled : {Doubled::may_end_a_field, Doubled::stays}) {
         if (const auto row = read_over_lines(doubled)) return *row;
     }
     return by_the_rule;
-}
-
-// The line end of a row that goes over lines counts once for each.
-void CsvLines::pass(const CsvRow& row) {
-    const std::size_t end = at_ + row.text.size();
-    while (at_ <= end) {
-        at_ = line_end_from(at_).behind;
-        ++line_;
-    }
 }
 
 }  // namespace tavernook

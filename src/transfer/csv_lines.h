@@ -28,14 +28,17 @@ inline constexpr std::size_t csv_fields = 38;
 
 // Views into the text.
 struct CsvRow {
-    int line = 0;           // where it begins, from 1
+    int line = 0;           // from 1; a row is one line however many line ends are in its fields
     std::string_view text;  // all of it, without its line end
 
     std::array<std::string_view, csv_fields> fields;  // those that are missing are empty
     std::size_t count = 0;                            // that are there, beyond 38 too
+    bool is_open = false;                             // no quote ends the last one
 
     // Nothing is in any field.
     bool is_blank() const;
+
+    bool has_all_fields() const { return count == csv_fields && !is_open; }
 };
 
 // A file's bytes as text: UTF-8 is turned into the code page when the file begins with its mark, or
@@ -66,11 +69,11 @@ class CsvLines {
     static constexpr std::size_t none = std::string_view::npos;
 
     LineEnd line_end_from(std::size_t from) const;
+    bool is_line_end(std::size_t at) const;
     CsvRow read(std::size_t begin, std::size_t end, Doubled doubled) const;
     std::optional<CsvRow> read_over_lines(Doubled doubled) const;
     std::size_t end_over_lines(std::size_t limit, Doubled doubled) const;
     CsvRow present_row(std::size_t line_end) const;
-    void pass(const CsvRow& row);
 
     std::string_view text_;
     std::string_view line_end_;
