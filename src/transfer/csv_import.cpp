@@ -26,6 +26,7 @@ namespace tavernook {
 namespace {
 
 constexpr i64 longest_file = 64 * 1024 * 1024;  // bytes, of which memory holds two copies at most
+constexpr int most_rows = 32767;                // that are looked at
 constexpr std::string_view no_unit = "na";
 constexpr i16 of_items = -1;
 
@@ -150,6 +151,7 @@ std::string_view wrong_columns(const CsvRow& row) {
         return std::count(row.text.begin(), row.text.end(), mark) + 1 >= std::ssize(row.fields);
     };
     if (row.count >= csv_fields) return {};
+    if (row.is_open) return "a quote begins a column and none ends it";
     if (has_many(';')) return "its columns are separated by semicolons; they must be by commas";
     if (has_many('\t')) return "its columns are separated by tabs; they must be by commas";
     return row.count == 1 ? "it has one column of the 38" : "";
@@ -224,12 +226,13 @@ class CsvImport {
 };
 
 void CsvImport::run(ExchangeStatus& status) {
-    for (int taken = 0; taken < lines_.count();) {
+    const int all = std::min(lines_.count(), most_rows);
+    for (int taken = 0; taken < all;) {
         const std::optional<CsvRow> row = lines_.next();
         if (!row) break;
         if (row->is_blank()) continue;
         take(*row);
-        status.step(++taken, lines_.count());
+        status.step(++taken, all);
     }
     const int unended = lines_.unended_line();
     if (unended != 0) leave_out(unended, "no line end is behind it");
@@ -334,8 +337,10 @@ std::string CsvImport::outcome(const std::string& name) const {
     }
     const int more = rows_not_read(lines_);
     if (more > 0) {
-        told += "; " + counted(more, "more row was", "more rows were") +
-                " not read, as the first line says " + std::to_string(lines_.count());
+        told += "; " + counted(more, "more row was", "more rows were") + " not read";
+        if (lines_.count() <= most_rows) {
+            told += ", as the first line says " + std::to_string(lines_.count());
+        }
     }
     return told + ".";
 }

@@ -139,25 +139,30 @@ std::size_t CsvLines::end_over_lines(std::size_t limit, Doubled doubled) const {
     }
 }
 
-std::optional<CsvRow> CsvLines::read_over_lines(Doubled doubled) const {
-    const std::size_t end =
-        end_over_lines(std::min(text_.size(), at_ + longest_over_lines), doubled);
-    if (end == none) return {};
-    CsvRow row = read(at_, end, doubled);
-    return row.has_all_fields() ? std::optional(row) : std::nullopt;
+// A row whose columns are all on its first line, but for the end of the last one, has its quote by
+// mistake, and must not take the next row with it.
+std::optional<CsvRow> CsvLines::read_over_lines(const CsvRow& first_line) {
+    const auto commas = std::count(first_line.text.begin(), first_line.text.end(), ',');
+    const bool breaks_the_last = first_line.count == csv_fields;
+    const bool is_whole = commas + 1 >= std::ssize(first_line.fields) && !breaks_the_last;
+    if (!first_line.is_open || is_whole || tries_over_lines_ == 0) return {};
+    const std::size_t limit = std::min(text_.size(), at_ + longest_over_lines);
+    for (const Doubled doubled : {Doubled::may_end_a_field, Doubled::stays}) {
+        const std::size_t end = end_over_lines(limit, doubled);
+        if (end == none) continue;
+        const CsvRow row = read(at_, end, doubled);
+        if (row.has_all_fields()) return row;
+    }
+    --tries_over_lines_;
+    return {};
 }
 
-CsvRow CsvLines::present_row(std::size_t line_end) const {
+CsvRow CsvLines::present_row(std::size_t line_end) {
     const CsvRow by_the_rule = read(at_, line_end, Doubled::may_end_a_field);
-    const bool is_ambiguous = by_the_rule.text.find('"') != none;
-    if (!is_ambiguous) return by_the_rule;
-    if (by_the_rule.has_all_fields()) return by_the_rule;
+    if (by_the_rule.has_all_fields() || by_the_rule.text.find('"') == none) return by_the_rule;
     const CsvRow with_doubled = read(at_, line_end, Doubled::stays);
     if (with_doubled.has_all_fields()) return with_doubled;
-    for (const Doubled doubled : {Doubled::may_end_a_field, Doubled::stays}) {
-        if (const auto row = read_over_lines(doubled)) return *row;
-    }
-    return by_the_rule;
+    return read_over_lines(by_the_rule).value_or(by_the_rule);
 }
 
 }  // namespace tavernook

@@ -12,7 +12,7 @@
 //
 //   "12"", frozen",        a doubled quote in front of a comma is no end
 //   "12 inches<line end>   a line end is part of a quoted field, if the row is no longer than
-//   frozen",               65,535 bytes
+//   frozen",               65,535 bytes and its first line does not have all the columns
 #pragma once
 
 #include <array>
@@ -71,15 +71,16 @@ class CsvLines {
     LineEnd line_end_from(std::size_t from) const;
     bool is_line_end(std::size_t at) const;
     CsvRow read(std::size_t begin, std::size_t end, Doubled doubled) const;
-    std::optional<CsvRow> read_over_lines(Doubled doubled) const;
+    std::optional<CsvRow> read_over_lines(const CsvRow& first_line);
     std::size_t end_over_lines(std::size_t limit, Doubled doubled) const;
-    CsvRow present_row(std::size_t line_end) const;
+    CsvRow present_row(std::size_t line_end);
 
     std::string_view text_;
     std::string_view line_end_;
     std::size_t at_ = 0;
     int line_ = 1;
     int count_ = 0;
+    int tries_over_lines_ = 1000;  // that may fail, so that a hostile file does not take long
 };
 
 }  // namespace tavernook
