@@ -84,8 +84,9 @@ void export_recipe(i16 slot) {
         show_fault("Export_RPF" + std::to_string(fault.number));
     };
     if (trap([&] { export_to(target, slot); }, on_fault)) return;
-    say("The recipe was not exported; a file " + shown_file_name(target) +
-        " is only there if it was there before.");
+    const std::string name = shown_file_name(target);
+    say("The recipe was not exported; " +
+        (files().exists(target) ? name + " is as it was." : "there is no " + name + "."));
 }
 
 }  // namespace
