@@ -98,6 +98,15 @@ std::string utf8_from_text(std::string_view text) {
     return utf8;
 }
 
+bool reads_as_utf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = first_character(text).length;
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
 std::string text_from_utf8(std::string_view utf8) {
     std::string text;
     text.reserve(utf8.size());

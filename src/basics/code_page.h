@@ -14,6 +14,9 @@ bool byte_from_unicode(char32_t character, char& byte);
 
 std::string utf8_from_text(std::string_view text);
 
+// All of it is well-formed; so is plain ASCII.
+bool reads_as_utf8(std::string_view text);
+
 // Malformed UTF-8 gives one "?" for each byte that cannot be read.
 std::string text_from_utf8(std::string_view utf8);
 

@@ -1,6 +1,8 @@
 #include "core/string_storage.h"
 
+#include <optional>
 #include <string>
+#include <unordered_map>
 
 #include "basics/text.h"
 #include "core/project_data.h"
@@ -29,6 +31,29 @@ int references(i64 item, std::string_view trimmed_text) {
     return count;
 }
 
+i16 first_free_from(i16 row) {
+    while (row < pooled_string_capacity && !pooled_strings[row].empty()) ++row;
+    return row;
+}
+
+// Where the texts stand, each in its lowest row, and from which row on one may be free. The keys
+// lie in the pool.
+struct Index {
+    std::unordered_map<std::string_view, i16> rows;
+    i16 free_from = 1;
+};
+std::optional<Index> index;
+
+// `row` is free, or the last one, whose text goes.
+void put_string(i16 row, std::string_view text) {
+    if (index) {
+        const auto former = index->rows.find(trim(pooled_strings[row]));
+        if (former != index->rows.end() && former->second == row) index->rows.erase(former);
+    }
+    pooled_strings[row] = text;
+    if (index) index->rows.emplace(pooled_strings[row], row);
+}
+
 }  // namespace
 
 std::string_view pooled_text(i16 row) noexcept {
@@ -41,8 +66,8 @@ std::string_view storable_text(std::string_view text) noexcept {
 }
 
 i16 find_free_string() noexcept {
-    i16 row = 1;
-    while (row < pooled_string_capacity && !pooled_strings[row].empty()) ++row;
+    const i16 row = first_free_from(index ? index->free_from : i16{1});
+    if (index) index->free_from = row;
     if (row == pooled_string_capacity) {
         boxes().message(
             std::string("String Over Storage Error.  Please Contact Brenwyk Support at ") +
@@ -54,6 +79,10 @@ i16 find_free_string() noexcept {
 i16 find_string(std::string_view text) noexcept {
     const std::string_view wanted = trim(text);
     if (wanted.empty()) return 0;
+    if (index) {
+        const auto known = index->rows.find(wanted);
+        return known != index->rows.end() ? known->second : i16{0};
+    }
     for (i16 row = 1; row <= pooled_string_capacity; ++row) {
         if (row_holds(row, wanted)) return row;
     }
@@ -66,8 +95,27 @@ i16 add_string(std::string_view text) noexcept {
     const i16 present = find_string(wanted);
     if (present != 0) return present;
     const i16 row = find_free_string();
-    pooled_strings[row] = wanted;
+    put_string(row, wanted);
     return row;
+}
+
+bool has_room_for_string(std::string_view text) noexcept {
+    const std::string_view wanted = storable_text(text);
+    if (wanted.empty() || find_string(wanted) != 0) return true;
+    return first_free_from(index ? index->free_from : i16{1}) < pooled_string_capacity;
+}
+
+IndexedStrings::IndexedStrings() {
+    index.emplace();
+    index->rows.reserve(static_cast<std::size_t>(pooled_string_capacity));
+    for (i16 row = 1; row <= pooled_string_capacity; ++row) {
+        const std::string_view text = trim(pooled_strings[row]);
+        if (!text.empty()) index->rows.emplace(text, row);
+    }
+}
+
+IndexedStrings::~IndexedStrings() {
+    index.reset();
 }
 
 bool is_string_shared(std::string_view text) noexcept {

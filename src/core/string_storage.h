@@ -37,6 +37,20 @@ bool release_string(std::string_view text) noexcept;
 // overwritten in place, also when the new text stands in another row already.
 i16 change_string(std::string_view old_text, std::string_view new_text) noexcept;
 
+// Whether the text stands in the pool or finds a free row in front of the last one.
+bool has_room_for_string(std::string_view text) noexcept;
+
+// While one lives, find_free_string, find_string and add_string know where every text stands and do
+// not search: for imports, which add tens of thousands. The answers are the same. Nothing but
+// add_string may write the pool meanwhile. They do not nest.
+class IndexedStrings {
+  public:
+    IndexedStrings();
+    ~IndexedStrings();
+    IndexedStrings(const IndexedStrings&) = delete;
+    IndexedStrings& operator=(const IndexedStrings&) = delete;
+};
+
 // For the support desk: a box with the number of texts in the pool.
 void show_string_count() noexcept;
 

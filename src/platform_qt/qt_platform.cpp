@@ -30,6 +30,7 @@ Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* m
             .main = main,
             .screens = screens,
             .batch_scanner = &batch_scanner,
+            .cabinets = &cabinets,
             .ftp_session = &ftp_session,
             .html_views = &web_library,
             .print_prompt = &web_library};

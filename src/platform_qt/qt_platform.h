@@ -13,6 +13,7 @@
 #include "platform_qt/qt_settings_store.h"
 #include "platform_qt/qt_system_info.h"
 #include "platform_qt/web_library.h"
+#include "platform_services/cabinet_files.h"
 #include "platform_services/cs1504_scanner.h"
 #include "platform_services/curl_ftp_session.h"
 
@@ -35,6 +36,7 @@ struct QtPlatform {
     QtHelpViewer help_viewer;
     QtSerialLine serial_line;
     Cs1504Scanner batch_scanner;
+    CabinetFiles cabinets;
     CurlFtpSession ftp_session;
     WebLibrary web_library;
 

@@ -68,9 +68,7 @@ void write_names(ByteWriter& bytes, const ItemBlock& block, BlockKind kind) {
 // --- reading -----------------------------------------------------------------------------------
 
 std::string read_text(ByteReader& bytes, std::size_t width) {
-    std::string_view text = bytes.take(width);
-    const std::size_t last = text.find_last_not_of(std::string_view(" \0", 2));
-    return std::string(trim(text.substr(0, last == std::string_view::npos ? 0 : last + 1)));
+    return without_padding(bytes.take(width));
 }
 
 std::string read_unit(ByteReader& bytes) {
@@ -109,6 +107,11 @@ void read_names(ByteReader& bytes, ItemBlock& block, BlockKind kind) {
 }
 
 }  // namespace
+
+std::string without_padding(std::string_view text) noexcept {
+    const std::size_t last = text.find_last_not_of(std::string_view(" \0", 2));
+    return std::string(trim(text.substr(0, last == std::string_view::npos ? 0 : last + 1)));
+}
 
 ItemBlock block_of_item(i16 item) {
     ItemBlock block;

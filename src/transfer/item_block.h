@@ -20,6 +20,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "core/records.h"
 #include "inventory/items.h"
@@ -38,6 +39,9 @@ struct ItemBlock {
     std::array<std::string, nutrient_count> nutrient_units;
     std::string category;
 };
+
+// A text of fixed width as it was meant: without the blanks around it and the NULs behind it.
+std::string without_padding(std::string_view text) noexcept;
 
 // A blank one for a number that is no item's.
 ItemBlock block_of_item(i16 item);

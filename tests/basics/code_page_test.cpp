@@ -217,5 +217,15 @@ TEST(CodePage, EveryPairOfBytesIsJudgedAsTheSystemJudgesIt) {
     }
 }
 
+TEST(CodePage, WellFormedUtf8IsToldFromTheCodePage) {
+    EXPECT_TRUE(reads_as_utf8(""));
+    EXPECT_TRUE(reads_as_utf8("plain"));
+    EXPECT_TRUE(reads_as_utf8("K\xC3\xA4se \xE2\x82\xAC \xF0\x9F\x8D\x9E"));
+    EXPECT_FALSE(reads_as_utf8("K\xE4se"));
+    EXPECT_FALSE(reads_as_utf8("K\xC3\xA4se, Cr\xE8me"));
+    EXPECT_FALSE(reads_as_utf8("cut \xC3"));
+    EXPECT_FALSE(reads_as_utf8("\xC0\xAF"));
+}
+
 }  // namespace
 }  // namespace tavernook

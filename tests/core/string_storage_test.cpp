@@ -1,17 +1,44 @@
 #include "core/string_storage.h"
 
 #include <gtest/gtest.h>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "core/project_data.h"
 #include "fakes/test_platform.h"
+#include "platform/platform.h"
 
 namespace tavernook {
 namespace {
 
 const std::string over_storage =
     "String Over Storage Error.  Please Contact Brenwyk Support at support@tavernook.example";
+
+// In place of the script while it lives.
+class CountingBoxes : public Boxes {
+  public:
+    explicit CountingBoxes(TestPlatform& platform) : platform_(platform) {
+        set_platform({.boxes = this});
+    }
+    ~CountingBoxes() override { set_platform({.boxes = &platform_.boxes}); }
+    CountingBoxes(const CountingBoxes&) = delete;
+    CountingBoxes& operator=(const CountingBoxes&) = delete;
+
+    Answer message(std::string_view, Buttons, std::string_view, DefaultButton) override {
+        ++shown;
+        return Answer::ok;
+    }
+    std::optional<std::string> input(std::string_view, std::string_view,
+                                     std::string_view) override {
+        return {};
+    }
+
+    int shown = 0;
+
+  private:
+    TestPlatform& platform_;
+};
 
 class StringStorageTest : public testing::Test {
   protected:
@@ -285,6 +312,71 @@ TEST_F(StringStorageTest, TheCountLeavesEmptyRowsOut) {
     pooled_strings[30000] = "last";
     platform.boxes.expect_message("There are currently 4 Strings names").buttons(Buttons::ok);
     show_string_count();
+}
+
+// --- with an index
+// ---------------------------------------------------------------------------------
+
+TEST_F(StringStorageTest, ThereIsRoomInFrontOfTheLastRowAndForWhatIsThere) {
+    fill_rows(29998);
+    EXPECT_TRUE(has_room_for_string("one more"));
+    pooled_strings[29999] = "one more";
+    EXPECT_FALSE(has_room_for_string("the last"));
+    EXPECT_TRUE(has_room_for_string(" text 17 "));
+    EXPECT_TRUE(has_room_for_string("  "));
+    const IndexedStrings indexed;
+    EXPECT_FALSE(has_room_for_string("the last"));
+    EXPECT_TRUE(has_room_for_string(" text 17 "));
+}
+
+// Few different texts, some with blanks around them, long ones and blank ones.
+std::string random_text(std::mt19937& random) {
+    const unsigned number = random() % 400;
+    std::string text = std::to_string(number);
+    if (number % 7 == 0) text = " " + text;
+    if (number % 11 == 0) text += "  ";
+    if (number % 13 == 0) text.insert(0, 20 + number % 100, 'x');
+    if (number % 17 == 0) text = std::string(number % 3, ' ');
+    if (number % 19 == 0) text.append(65530, 'y');
+    return text;
+}
+
+TEST_F(StringStorageTest, AnIndexGivesTheAnswersOfASearch) {
+    std::mt19937 random(20261122);
+    for (const i16 gaps : {0, 3, 300}) {
+        reset_project_tables();
+        fill_rows(pooled_string_capacity);
+        pooled_strings[40] = "text 30";  // a second time
+        pooled_strings[41] = " ";        // neither free nor a text
+        for (i16 gap = 0; gap < gaps; ++gap) {
+            pooled_strings[1 + static_cast<i16>(random() % 29999)].clear();
+        }
+        if (gaps == 3) pooled_strings[pooled_string_capacity].clear();
+        std::vector<std::string> texts = {"text 30", "text 30000"};
+        for (int turn = 0; turn < 400; ++turn) texts.push_back(random_text(random));
+        texts.insert(texts.end(), {"text 30000", "text 40"});
+        const std::vector<std::string> before(pooled_strings.begin(), pooled_strings.end());
+        const auto add_all = [&] {
+            std::vector<i16> rows;
+            CountingBoxes boxes(platform);
+            for (const std::string& text : texts) {
+                rows.push_back(find_string(text));
+                rows.push_back(add_string(text));
+                rows.push_back(truth(has_room_for_string(text)));
+            }
+            rows.push_back(find_free_string());
+            rows.push_back(to_i16(boxes.shown));
+            return rows;
+        };
+        const std::vector<i16> searched = add_all();
+        const std::vector<std::string> after(pooled_strings.begin(), pooled_strings.end());
+        std::copy(before.begin(), before.end(), pooled_strings.begin());
+        {
+            const IndexedStrings indexed;
+            EXPECT_EQ(add_all(), searched) << gaps;
+        }
+        EXPECT_TRUE(std::equal(after.begin(), after.end(), pooled_strings.begin())) << gaps;
+    }
 }
 
 }  // namespace
