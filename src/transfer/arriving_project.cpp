@@ -44,7 +44,6 @@ void ArrivingFile::write(const std::function<void(File&)>& write, const std::str
 void ArrivingFile::put_in_place() const {
     if (files().exists(target_)) files().copy_attributes(target_, path_);
     files().rename(path_, target_);
-    files().flush_folder(folder_of(target_));
 }
 
 ClaimWhileArriving::ClaimWhileArriving(const std::string& path) noexcept

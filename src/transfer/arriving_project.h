@@ -32,7 +32,8 @@ class ArrivingFile {
     // What `write` puts into it, flushed. It is open to those only to whom `bound` is.
     void write(const std::function<void(File&)>& write, const std::string& bound) const;
 
-    // In one step. A file that is there goes, and what comes has its rights.
+    // In one step, on the disk when the folder is flushed. A file that is there goes, and what comes
+    // has its rights.
     void put_in_place() const;
 
   private:

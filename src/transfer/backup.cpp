@@ -158,6 +158,7 @@ void decompress(const std::string& source, const std::string& target) {
     const bool is_open = open_brought_project(restore_procedure, target, name_of_restored, [&] {
         aside = set_project_aside(target);
         restored.put_in_place();
+        files().flush_folder(folder_of(target));
         screens().hide_all();
     });
     const std::string outcome = is_open && project_open != 0

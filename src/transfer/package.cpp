@@ -206,9 +206,11 @@ void Unpacking::put_in_place() {
         document_was_replaced(text->target());
         ++placed_;
     }
+    if (placed_ > 0) files().flush_folder(folder_of(texts_.front()->target()));
     aside_ = set_project_aside(project_.target());
     project_.put_in_place();
     is_placed_ = true;
+    files().flush_folder(folder_of(project_.target()));
 }
 
 std::string Unpacking::words() const {
