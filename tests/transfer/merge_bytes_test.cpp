@@ -119,7 +119,7 @@ TEST_F(MergeBytes, MeasuresComeFromTheOlderPlaceWhateverTheVersion) {
     for (const int version : {0, 1}) {
         const std::string own = "C" + std::to_string(version) + " = D";
         user_merges_bytes(
-            PlainProject(version).measures(16'000, {"A = B  ", own, "A = b"}).bytes());
+            PlainProject(version).measures(17'000, {"A = B  ", own, "A = b"}).bytes());
     }
     EXPECT_EQ(wams[1].text, "A = B");
     EXPECT_EQ(wams[2].text, "C0 = D");
@@ -134,15 +134,15 @@ TEST_F(MergeBytes, WhatCanBeNoMeasuresIsPassedOver) {
     const Steps lines = {"A = B"};
     for (const long long position : {-1LL, 0LL, 99LL, 19'999LL, 20'001LL, 2147483647LL}) {
         PlainProject project = older_project();
-        user_merges_bytes(project.measures(16'000, lines).number(52, 4, position).bytes());
+        user_merges_bytes(project.measures(17'000, lines).number(52, 4, position).bytes());
         EXPECT_EQ(live(wams), 0) << position;
     }
     PlainProject odd_mark = older_project();
-    user_merges_bytes(odd_mark.measures(16'000, lines).number(16'004, 2, 7).bytes());
+    user_merges_bytes(odd_mark.measures(17'000, lines).number(17'004, 2, 7).bytes());
     PlainProject odd_text = older_project();
-    user_merges_bytes(odd_text.measures(16'000, {"A\1= B"}).bytes());
+    user_merges_bytes(odd_text.measures(17'000, {"A\1= B"}).bytes());
     PlainProject no_end = older_project();
-    user_merges_bytes(no_end.measures(16'000, lines).number(16'006, 2, 65'000).bytes());
+    user_merges_bytes(no_end.measures(17'000, lines).number(17'006, 2, 65'000).bytes());
     EXPECT_EQ(live(wams), 0);
     EXPECT_EQ(live(items), 2 * 9);
     EXPECT_EQ(message().find("measures"), std::string::npos);
@@ -157,7 +157,7 @@ TEST_F(MergeBytes, AFullListTakesNoFurtherMeasures) {
         "Tavernook.  It is recommended that you delete some to allow for some more room.";
     platform.boxes.expect_message(limit);
     platform.boxes.expect_message(limit);
-    user_merges_bytes(PlainProject(0).measures(16'000, {"A", "B", "C"}).bytes());
+    user_merges_bytes(PlainProject(0).measures(17'000, {"A", "B", "C"}).bytes());
     EXPECT_EQ(wams[200].text, "A");
     EXPECT_EQ(message(),
               "Merged from cabin.tvk: 1 line of weights and measures;  2 rows were left out, the "
@@ -212,9 +212,9 @@ TEST_F(MergeBytes, TruncatedAnywhereItIsRefused) {
 
 // Nothing but a box or a merge, whatever byte is another one.
 TEST_F(MergeBytes, ADamagedFileDoesNoHarm) {
-    const std::string whole = older_project().measures(16'000, {"A = B"}).bytes();
+    const std::string whole = older_project().measures(17'000, {"A = B"}).bytes();
     RecordingBoxes boxes(platform);
-    for (std::size_t place = 0; place < whole.size(); place += place < 400 ? 1 : 41) {
+    for (std::size_t place = 0; place < whole.size(); place += place < 300 ? 1 : 97) {
         std::string damaged = whole;
         damaged[place] = static_cast<char>(~damaged[place]);
         user_merges_bytes(damaged);
