@@ -156,6 +156,28 @@ void write_backup_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "border", "\1" + zero + "\xF6\x7C" + std::string(12, ' ') + "xx       y");
 }
 
+// The first byte answers the questions (package_file_fuzz.cpp). Two texts, the first of which may
+// be there already, behind a project of 120 bytes.
+void write_package_seeds(const std::filesystem::path& folder) {
+    const std::string zeros(160, '\0');
+    const auto number = [](int value) { return std::string(1, static_cast<char>(value)); };
+    const auto text = [&](const std::string& name, const std::string& bytes) {
+        const std::string length = number(static_cast<int>(name.size())) + zeros.substr(0, 1);
+        return number(static_cast<int>(bytes.size())) + zeros.substr(0, 9) + length +
+               zeros.substr(0, 8) + number(8) + zeros.substr(0, 1) + length + name +
+               zeros.substr(0, 6) + bytes;
+    };
+    const auto front = [&](int texts) {
+        return number(120) + zeros.substr(0, 8) + number(texts) + zeros.substr(0, 1) +
+               zeros.substr(0, 88) + std::string(21, 'p');
+    };
+    const std::string two = front(2) + text("soup.rtf", std::string(60, 'S')) + zeros.substr(0, 1) +
+                            text("b.rtf", "Bake.") + zeros.substr(0, 40);
+    write_seed(folder / "no_text", "1" + front(0) + std::string(99, 'q'));
+    write_seed(folder / "overwrite", "1" + two);
+    write_seed(folder / "keep", "0" + two);
+}
+
 void write_cue_cat_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "grocery", ".C3nZC3nZC3nZD3b6ChbZDxv7.fHmc.C3D1Dxr2C3nZE3n7.");
     write_seed(folder / "book", ".C3nZC3nZC3n2C3j1DNnWENn2.cGf2.ENr7C3v7D3T3ENj3C3zYDNnZ.");
@@ -232,6 +254,7 @@ int main(int argc, char** argv) {
     tavernook::write_scan_seeds(folder / "scan_file");
     tavernook::write_cue_cat_seeds(folder / "cue_cat");
     tavernook::write_backup_seeds(folder / "backup_file");
+    tavernook::write_package_seeds(folder / "package_file");
     tavernook::write_template_seeds(folder / "page_template");
     tavernook::write_pattern_seeds(folder / "report_pattern");
     tavernook::write_scanner_seeds(folder / "scanner_reply");

@@ -236,6 +236,34 @@ std::string document_backup_path(i16 slot) noexcept {
     return path_of(name_for(slot, ".bak"));
 }
 
+std::string portable_document_name(i16 slot) noexcept {
+    if (!is_slot(slot) || !meal_documents[slot].starts_with(marker)) return {};
+    const std::string name = name_in_entry(meal_documents[slot]).value_or("");
+    return names_a_file(name) ? name : std::string();
+}
+
+void make_document_portable(i16 slot) noexcept {
+    if (!is_slot(slot)) return;
+    std::string& entry = meal_documents[slot];
+    const auto name = name_in_entry(entry);
+    if (name && entry.find_first_of("\\/") != std::string::npos) {
+        entry = std::string(marker).append(*name);
+    }
+}
+
+std::string path_of_document(std::string_view name) noexcept {
+    return path_of(name);
+}
+
+void document_was_replaced(const std::string& path) noexcept {
+    const auto found = change_of(path);
+    if (found == changed_documents.end()) return;
+    const std::string before = found->before;
+    changed_documents.erase(found);
+    show_in_state();
+    if (!before.empty()) tried([&] { remove_if_there(before); });
+}
+
 StoredDocument stored_document(i16 slot) {
     const std::string& entry = entry_at(slot);
     if (is_blank(entry)) return {};

@@ -43,6 +43,22 @@ std::string document_path(i16 slot) noexcept;
 std::string new_document_path(i16 slot) noexcept;
 std::string document_backup_path(i16 slot) noexcept;
 
+// Text: the file name of an entry that bears the mark of those without a folder, "*vk14"; empty
+// for every other entry, for one that can be no file's name, and for a slot outside 1..1000.
+std::string portable_document_name(i16 slot) noexcept;
+
+// An entry that is a path becomes portable: what is in front of the file's name goes, and the mark
+// takes its place. "\" and "/" separate. All other entries stay, and nothing on the disk changes.
+void make_document_portable(i16 slot) noexcept;
+
+// The path of a file of that name, text, among the documents; the folder may be missing.
+std::string path_of_document(std::string_view name) noexcept;
+
+// Somebody has replaced the file by another content that is to stay, whatever becomes of the
+// project: the content before does not come back. Nothing happens to a file that was not changed
+// since the save.
+void document_was_replaced(const std::string& path) noexcept;
+
 // Only the file name of an entry counts, and the file is looked for in the recipes folder, which
 // is made when it is missing. Fault 53 when there is no such file, 63 when it is longer than
 // longest_document, 9 for a slot outside 1..1000, and those of the file layer. The entry stays in

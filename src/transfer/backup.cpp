@@ -1,7 +1,6 @@
 #include "transfer/backup.h"
 
 #include <optional>
-#include <utility>
 
 #include "basics/fault.h"
 #include "basics/file_names.h"
@@ -10,13 +9,13 @@
 #include "core/program_state.h"
 #include "core/project/main_commands.h"
 #include "core/project/names_beside.h"
-#include "core/project/previous_version.h"
-#include "core/project/project_claim.h"
 #include "core/project_data.h"
 #include "core/replace_file.h"
 #include "core/trap.h"
 #include "platform/platform.h"
+#include "transfer/arriving_project.h"
 #include "transfer/run_length.h"
+#include "transfer/work_progress.h"
 
 namespace tavernook {
 
@@ -25,33 +24,9 @@ namespace {
 constexpr const char* backup_procedure = "mnufile_backup_click";
 constexpr const char* restore_procedure = "mnuFile_Restore_Click";
 constexpr std::string_view backup_extension = ".vzk";
-constexpr std::string_view lock_extension = ".lock";
 
 // The title bears it until the user saves the project under a name.
 constexpr const char* name_of_restored = "Restored.gif";
-
-class ProgressWindow {
-  public:
-    ProgressWindow(std::string_view caption, std::string_view label) {
-        save_progress().load(caption, label);
-        save_progress().show();
-        save_progress().workbar(0);
-        platform_clock().wait_seconds(1);
-    }
-    ~ProgressWindow() {
-        save_progress().hide();
-        save_progress().unload();
-    }
-    ProgressWindow(const ProgressWindow&) = delete;
-    ProgressWindow& operator=(const ProgressWindow&) = delete;
-
-    // Moves the bar, and only when it has to.
-    static Progress bar() {
-        return [shown = 0](int percent) mutable {
-            if (percent != std::exchange(shown, percent)) save_progress().workbar(percent);
-        };
-    }
-};
 
 void say(const std::string& sentence) {
     main_window().set_status(message_panel, sentence);
@@ -83,11 +58,11 @@ bool restores(File& backup, File& source) {
 }
 
 Backup compress(const std::string& source, const std::string& target) {
-    const ProgressWindow progress("Project Back-up", "Compressing Project....Please Wait");
+    WorkProgress progress("Project Back-up", "Compressing Project....Please Wait");
     const auto project = files().open(source, OpenMode::read);
     bool is_complete = false;
     const auto write = [&](File& backup) {
-        encode_runs(*project, into(backup), ProgressWindow::bar());
+        encode_runs(*project, into(backup), progress.steps());
         is_complete = restores(backup, *project);
         if (!is_complete) files().copy(source, exact_copy_of(target));
     };
@@ -136,136 +111,54 @@ void tell_of(Backup backup, const std::string& target) {
     say(sentence + ".");
 }
 
-bool is_same_file(const std::string& a, const std::string& b) {
-    const FileStamp stamp = files().stamp(a);
-    return a == b || (stamp.node != 0 && stamp == files().stamp(b));
-}
-
-// A back-up there would cost the open project's file, another project or what belongs to one.
-bool belongs_to_a_project(const std::string& path) {
-    return has_ending(path, project_extension) || has_ending(path, lock_extension) ||
-           is_same_file(path, project_path) || is_same_file(exact_copy_of(path), project_path);
-}
-
-// The dialog gives a name that has a full stop no ending.
-std::string with_backup_extension(const std::string& path) {
-    return has_ending(path, backup_extension) ? path : path_with_ending(path, backup_extension);
-}
-
-// Why the project is not backed up there; empty when it can be. `chosen` is what the user agreed to
-// replace.
+// Its copy would take the project's place.
 std::string objection(const std::string& chosen, const std::string& target) {
-    const std::string name = shown_file_name(target);
-    if (belongs_to_a_project(chosen) || belongs_to_a_project(target)) {
+    if (is_same_file(exact_copy_of(target), project_path)) {
         return shown_file_name(chosen) +
                " is a project's own file; nothing was backed up.  Choose another name.";
     }
-    if (target != chosen && files().is_taken(target)) {
-        return name + " is there already; nothing was backed up.  Choose another name.";
-    }
-    if (files().is_write_protected(target)) {
-        return name + " is write-protected; nothing was backed up.";
-    }
-    return {};
+    return objection_to_target(chosen, target, "nothing was backed up");
 }
 
 void back_up() {
     if (project_open == 0) return;
     const std::string chosen = files().behind_link(file_dialogs().save_file(
         {"Back-up Project", "Tavernook Backup (*.vzk)|*.vzk", in_program_folder("*.vzk")}));
-    const std::string target = with_backup_extension(chosen);
+    const std::string target = with_extension(chosen, backup_extension);
     const std::string refusal = objection(chosen, target);
     if (!refusal.empty()) return say(refusal);
     tell_of(compress_file(project_path, target), target);
 }
 
-// The restored project under a name of its own, until it is put in its place.
-class Unpacked {
-  public:
-    explicit Unpacked(const std::string& target) : path_(path_with_ending(target, ".new")) {
-        remove_if_there(path_);  // of a program that was killed
-    }
-    ~Unpacked() {
-        tried([&] { remove_if_there(path_); });
-    }
-    Unpacked(const Unpacked&) = delete;
-    Unpacked& operator=(const Unpacked&) = delete;
-
-    void unpack(const std::string& source) const;
-    void move_to(const std::string& target) const {
-        files().rename(path_, target);
-        files().flush_folder(folder_of(target));
-    }
-
-  private:
-    std::string path_;
-};
-
 // An empty file is no project; nothing but bytes that no run follows make one.
-void decode_to(const std::string& path, const std::string& source) {
+void decode_to(const ArrivingFile& restored, const std::string& source, const Progress& progress) {
     const auto backup = files().open(source, OpenMode::read);
     const auto write = [&](File& project) {
-        decode_runs(*backup, into(project), ProgressWindow::bar());
+        decode_runs(*backup, into(project), progress);
         if (project.length() == 0) throw Fault(fault_number::bad_record_number);
     };
-    replace_file(path, write, source);
+    restored.write(write, source);
 }
 
-void Unpacked::unpack(const std::string& source) const {
-    const ProgressWindow progress("Project Restore", "Decompressing Project....Please Wait");
-    if (has_ending(source, project_extension)) return files().copy(source, path_);
-    decode_to(path_, source);
-}
-
-// A numbered name that is free, for a project and for what an interrupted save may leave of it.
-std::string free_numbered(const std::string& project) {
-    for (int number = 2;; ++number) {
-        std::string free = path_beside(project, std::string(" ").append(std::to_string(number)));
-        if (!files().is_taken(free) && !previous_version_exists(free)) return free;
+void unpack(const ArrivingFile& restored, const std::string& source) {
+    WorkProgress progress("Project Restore", "Decompressing Project....Please Wait");
+    if (has_ending(source, project_extension)) {
+        files().copy(source, restored.path());
+        return progress.step(99);
     }
-}
-
-// The name under which a project that lies there stays, empty when none does.
-std::string set_aside(const std::string& project) {
-    const bool has_previous = previous_version_exists(project);
-    const bool is_there = files().is_taken(project);
-    if (!is_there && !has_previous) return {};
-    const std::string free = free_numbered(project);
-    if (is_there) files().rename(project, free);
-    const std::string previous = previous_version_path(free);
-    if (has_previous) files().rename(previous_version_path(project), previous);
-    return is_there ? free : previous;
-}
-
-// Gives a claim back unless the project has been opened.
-class ClaimWhileRestoring {
-  public:
-    explicit ClaimWhileRestoring(const std::string& path) : is_granted_(claim_project(path)) {}
-    ~ClaimWhileRestoring() { keep_only_claim(project_open != 0 ? project_path : ""); }
-    ClaimWhileRestoring(const ClaimWhileRestoring&) = delete;
-    ClaimWhileRestoring& operator=(const ClaimWhileRestoring&) = delete;
-
-    bool is_granted() const { return is_granted_; }
-
-  private:
-    bool is_granted_;
-};
-
-std::string words_of_aside(const std::string& target, const std::string& aside) {
-    if (aside.empty()) return {};
-    return "  The " + shown_file_name(target) + " that was there before is now " +
-           shown_file_name(aside) + ".";
+    decode_to(restored, source, progress.steps());
 }
 
 void decompress(const std::string& source, const std::string& target) {
-    const ClaimWhileRestoring claim(target);
+    const ClaimWhileArriving claim(target);
     if (!claim.is_granted()) return;
-    const Unpacked unpacked(target);
-    unpacked.unpack(source);
+    const ArrivingFile restored(target);
+    unpack(restored, source);
     std::string aside;
     const bool is_open = open_brought_project(restore_procedure, target, name_of_restored, [&] {
-        aside = set_aside(target);
-        unpacked.move_to(target);
+        aside = set_project_aside(target);
+        restored.put_in_place();
+        files().flush_folder(folder_of(target));
         screens().hide_all();
     });
     const std::string outcome = is_open && project_open != 0
@@ -311,20 +204,22 @@ void restore() {
 
 Backup compress_file(const std::string& source, const std::string& target) noexcept {
     Backup made = Backup::failed;
-    trap([&] { made = compress(source, target); },
-         [&](const Fault& fault) {
-             made = after_fault(fault, source, target);
-             show_fault("Error in compression routine.");
-         });
+    trap_work([&] { made = compress(source, target); },
+              [&](const Fault& fault) {
+                  made = after_fault(fault, source, target);
+                  show_fault("Error in compression routine.");
+              },
+              [&] { say("The back-up as " + shown_file_name(target) + " was cancelled."); });
     return made;
 }
 
 void decompress_file(const std::string& source, const std::string& target) noexcept {
-    trap([&] { decompress(source, target); },
-         [&](const Fault& fault) {
-             say(shown_file_name(source) + " could not be restored; nothing has changed.");
-             show_fault(main_window_message(restore_procedure, fault));
-         });
+    trap_work([&] { decompress(source, target); },
+              [&](const Fault& fault) {
+                  say(shown_file_name(source) + " could not be restored; nothing has changed.");
+                  show_fault(main_window_message(restore_procedure, fault));
+              },
+              [&] { say("Cancelled; nothing has changed."); });
 }
 
 void mnuFile_Backup() noexcept {

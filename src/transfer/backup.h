@@ -16,17 +16,18 @@
 namespace tavernook {
 
 enum class Backup {
-    failed,    // the box has been shown
+    failed,    // told in the message panel, and by a box unless the user cancelled
     complete,  // the back-up is the project
     copied     // an exact copy is; where the back-up could not be made at all, behind a box
 };
 
-// Codes the file at `source` into `target` and tells in the message panel why, if that failed.
+// Codes the file at `source` into `target` and tells in the message panel why, if that failed. An
+// older back-up is as it was then.
 Backup compress_file(const std::string& source, const std::string& target) noexcept;
 
 // Decodes the back-up at `source` (of a project file: copies it) to `target`, asks to save the open
 // project and opens what was restored in its place. On failure the box has been shown; a back-up
-// that is damaged leaves everything as it was.
+// that is damaged leaves everything as it was, and so does "Cancel".
 void decompress_file(const std::string& source, const std::string& target) noexcept;
 
 // Asks for the target and backs up the project file as it lies on the disk. Does nothing without a

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 
+#include "core/trap.h"
 #include "transfer/run_length.h"
 
 namespace tavernook {
@@ -27,5 +29,17 @@ class WorkProgress {
   private:
     int shown_ = 0;
 };
+
+// `trap`, and "Cancel" is told, too: all that ends the work early is.
+template <typename Work, typename OnFault, typename OnCancel>
+bool trap_work(Work&& work, OnFault&& on_fault, OnCancel&& on_cancel) {
+    bool failed = false;
+    const bool done = trap(std::forward<Work>(work), [&](const Fault& fault) {
+        failed = true;
+        on_fault(fault);
+    });
+    if (!done && !failed) on_cancel();
+    return done;
+}
 
 }  // namespace tavernook

@@ -49,11 +49,12 @@ TEST_F(BackUp, AsksForTheFileAndTellsBothSizes) {
 TEST_F(BackUp, ShowsHowFarItIs) {
     project_file_holds(of(32000, 'A') + of(9, 'B'));
     user_backs_up(backup);
-    EXPECT_EQ(steps(), (Steps{"dialog Back-up Project",
-                              "progress load Project Back-up|Compressing Project....Please Wait",
-                              "progress show", "progress bar 0", "progress bar 49",
-                              "progress bar 99", "progress hide", "progress unload",
-                              "window status 1 Backed up as home.vzk, 1 KB of 33 KB."}));
+    EXPECT_EQ(steps(),
+              (Steps{"dialog Back-up Project",
+                     "progress load Project Back-up|Compressing Project....Please Wait",
+                     "progress offer cancel", "progress show", "progress bar 0", "progress bar 49",
+                     "progress bar 99", "progress hide", "progress unload",
+                     "window status 1 Backed up as home.vzk, 1 KB of 33 KB."}));
     EXPECT_EQ(platform.clock.waited, 1);
 }
 
@@ -62,6 +63,16 @@ TEST_F(BackUp, CancelEndsItWithoutAWord) {
     mnuFile_Backup();
     EXPECT_EQ(steps(), (Steps{"dialog Back-up Project"}));
     expect_nothing_backed_up();
+}
+
+TEST_F(BackUp, CancelledInTheMiddleItLeavesTheOlderOne) {
+    write_whole_file(backup, "an older one");
+    platform.progress.cancelled = true;
+    user_backs_up(backup);
+    EXPECT_EQ(bytes_of(backup), "an older one");
+    EXPECT_EQ(files_there(), (Steps{"home.tvk", "home.vzk"}));
+    EXPECT_EQ(message(), "The back-up as home.vzk was cancelled.");
+    EXPECT_EQ(platform.progress.events().back(), "unload");
 }
 
 TEST_F(BackUp, WithoutAProjectNothingIsAsked) {

@@ -68,7 +68,7 @@ TEST_F(RestoreProject, GoesInThisOrder) {
     user_restores(backup);
     Steps expected = {"dialog Restore Project",
                       "progress load Project Restore|Decompressing Project....Please Wait",
-                      "progress show", "progress bar 0"};
+                      "progress offer cancel", "progress show", "progress bar 0"};
     Steps begun = steps();
     begun.resize(expected.size());
     EXPECT_EQ(begun, expected);
@@ -87,6 +87,24 @@ TEST_F(RestoreProject, CancelEndsItWithoutAWord) {
     mnuFile_Restore();
     EXPECT_EQ(steps(), (Steps{"dialog Restore Project"}));
     expect_home_open();
+}
+
+TEST_F(RestoreProject, CancelledInTheMiddleItChangesNothing) {
+    std::filesystem::copy_file(home, copy);
+    write_whole_file(restored, "an earlier one");
+    user_renames_store("Kiosk");
+    platform.progress.cancelled = true;
+    for (const Answer answer : {Answer::yes, Answer::no}) {
+        user_is_asked_which(answer);
+        user_restores(backup);
+        expect_open(home, "home.tvk");
+        EXPECT_EQ(store(), "Kiosk");
+        EXPECT_EQ(project_modified, i16_true);
+        EXPECT_EQ(bytes_of(restored), "an earlier one");
+        EXPECT_EQ(files_in_program(), (Steps{"restored.tvk"}));
+        EXPECT_EQ(message(), "Cancelled; nothing has changed.");
+        EXPECT_EQ(platform.progress.events().back(), "unload");
+    }
 }
 
 TEST_F(RestoreProject, NeedsNoOpenProject) {

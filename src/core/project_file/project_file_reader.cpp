@@ -1,6 +1,7 @@
 #include "core/project_file/project_file_reader.h"
 
 #include "core/project_file/project_file_format.h"
+#include "core/project_file/project_file_sections.h"
 #include "core/project_file/sequential_file.h"
 
 namespace tavernook::project_file {
@@ -30,25 +31,11 @@ void check_header(i64 length) {
     }
 }
 
-template <typename Record>
-void read_record(std::string_view bytes, Record& record) {
-    ByteReader reader(bytes);
-    FieldReader code(reader);
-    fields(code, record);
-}
-
-// The last record's slack may lie beyond the end of the file: only what is read must be there.
 template <typename Record, int Capacity>
 void read_section(File& file, Table<Record, Capacity>& table, int record_size, int stride,
                   const ProjectHeader::Section& section) {
-    if (section.count == 0) return;
-    SequentialReader reader(file, section.position);
-    const auto slack = static_cast<std::size_t>(stride - slot_size - record_size);
-    for (int record = 0; record < section.count; ++record) {
-        if (record > 0) reader.skip(slack);
-        const i16 slot = reader.take_i16();
-        read_record(reader.take(static_cast<std::size_t>(record_size)), table[slot]);
-    }
+    for_each_record(file, section, record_size, stride,
+                    [&](i16 slot, std::string_view bytes) { read_record(bytes, table[slot]); });
 }
 
 template <typename Records>
@@ -56,13 +43,6 @@ void read_records(File& file, i32 position, std::size_t record_size, Records& re
     if (position <= 0) return;
     SequentialReader reader(file, position);
     for (auto& record : records) read_record(reader.take(record_size), record);
-}
-
-template <typename Texts>
-void read_texts(File& file, i32 position, Texts& texts) {
-    if (position <= 0) return;
-    SequentialReader reader(file, position);
-    for (std::string& text : texts) reader.take_variable(text);
 }
 
 // Written so that NaN counts as out of range.

@@ -7,6 +7,9 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/ProjectSetup.h"
 #include "transfer/backup.h"
+#include "transfer/csv_export.h"
+#include "transfer/merge.h"
+#include "transfer/package.h"
 
 namespace tavernook {
 
@@ -32,6 +35,18 @@ void backup(Main&) {
 }
 void restore(Main& window) {
     if (window.may_leave_project()) mnuFile_Restore();
+}
+void pack(Main& window) {
+    if (window.registry().settle_edits()) projpack_pack();
+}
+void unpack(Main& window) {
+    if (window.may_leave_project()) projpack_unpack();
+}
+void export_csv(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_CSVExport();
+}
+void merge(Main& window) {
+    if (window.registry().settle_edits()) mnuFile_ProjectMerge();
 }
 // Opened from here it books codes, however it was opened before.
 void scan_list_to_book(Main& window) {
@@ -77,10 +92,10 @@ constexpr MainCommand commands[] = {
     {"mnuFile_Close", close_project, none, Needs::project, none, "Close the open project."},
     {"mnuFile_Backup", backup, none, Needs::project, none, "Copy the saved project into a smaller back-up file, without the recipes' texts."},
     {"mnuFile_Restore", restore, none, Needs::nothing, none, "Bring a project back from a back-up file."},
-    {"mnuFile_Package", nullptr, none, Needs::project, none, "Pack the project to pass it on."},
-    {"mnuFile_Unpack", nullptr, none, Needs::nothing, none, "Unpack a project that was passed on."},
-    {"mnuFile_CSVExport", nullptr, none, Needs::project, none, "Write the project's lists for use in a spreadsheet."},
-    {"mnuFile_Merge", nullptr, none, Needs::project, none, "Take in the items and recipes of another project."},
+    {"mnuFile_Package", pack, none, Needs::project, none, "Pack the project to pass it on."},
+    {"mnuFile_Unpack", unpack, none, Needs::nothing, none, "Unpack a project that was passed on."},
+    {"mnuFile_CSVExport", export_csv, none, Needs::project, none, "Write the project's lists for use in a spreadsheet."},
+    {"mnuFile_Merge", merge, none, Needs::project, none, "Take in the items and recipes of another project."},
     {"mnuFile_Exit", leave, none, Needs::nothing, none, "Leave Tavernook."},
     {"mnuProject_MealPlanning", nullptr, "MealPlan", Needs::project, none, "Plan meals on the calendar."},
     {"mnuProject_FoodInventory", nullptr, "FoodInventory", Needs::project, none, "See and change what is in stock."},

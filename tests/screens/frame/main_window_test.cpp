@@ -135,10 +135,10 @@ TEST_F(MainWindow, IdleOnlyWhatNeedsNoProjectIsEnabled) {
     for (const QAction* one : all_commands()) {
         if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
     }
-    EXPECT_EQ(enabled,
-              (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Restore",
-                                     "mnuFile_Exit", "mnu_tvkhelp", "mnuhelp_search", "mnu_about",
-                                     "toolbar_1_1", "toolbar_1_2", "toolbar_1_11"}));
+    EXPECT_EQ(enabled, (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open",
+                                              "mnuFile_Restore", "mnuFile_Unpack", "mnuFile_Exit",
+                                              "mnu_tvkhelp", "mnuhelp_search", "mnu_about",
+                                              "toolbar_1_1", "toolbar_1_2", "toolbar_1_11"}));
 }
 
 TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
@@ -154,6 +154,10 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnuFile_Close",
                                               "mnuFile_Backup",
                                               "mnuFile_Restore",
+                                              "mnuFile_Package",
+                                              "mnuFile_Unpack",
+                                              "mnuFile_CSVExport",
+                                              "mnuFile_Merge",
                                               "mnuFile_Exit",
                                               "mnuProject_FoodInventory",
                                               "mnuProject_MealBuilder",
