@@ -25,6 +25,7 @@
 #include "screens/parts/plan_names.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/tab_order.h"
+#include "transfer/inventory_exchange.h"
 #include "ui_FoodInventory.h"
 
 namespace tavernook {
@@ -86,8 +87,12 @@ void FoodInventory::connect_commands() {
     on_command(ui_->item_toolbar_1_5, [this] { copy_item_shown(); });
     on_command(ui_->item_toolbar_1_6, [] { show_screen(QStringLiteral("StoresForm")); });
     on_command(ui_->item_toolbar_1_7, [] { show_screen(QStringLiteral("UnitsForm")); });
-    on_command(ui_->item_toolbar_1_10, [this] { show_page(preview_usage); });
-    on_command(ui_->item_toolbar_1_11, [this] { show_page(preview_label); });
+    on_command(ui_->item_toolbar_1_8, [this] { settled(inventory_import); });
+    on_command(ui_->item_toolbar_1_9, [this] { settled(inventory_export); });
+    on_command(ui_->item_toolbar_1_10,
+               [this] { settled([this] { preview_usage(item_.number()); }); });
+    on_command(ui_->item_toolbar_1_11,
+               [this] { settled([this] { preview_label(item_.number()); }); });
     on_command(ui_->count_texts, [] { show_string_count(); });
     on_command(ui_->item_toolbar_2_1, [this] { accept(); });
     on_command(ui_->close_screen, [this] {
@@ -237,8 +242,9 @@ void FoodInventory::remove() {
     if (item != 0 && items[item].in_use == 0) say(tr("%1 is deleted.").arg(name));
 }
 
-void FoodInventory::show_page(void (*preview)(i16 item) noexcept) {
-    if (item_.settle()) preview(item_.number());
+// What reads the stored items comes behind the edits of the one on show.
+void FoodInventory::settled(const Work& command) {
+    if (item_.settle()) command();
 }
 
 void FoodInventory::copy_item_shown() {

@@ -71,7 +71,7 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
     void accept();
     void new_category();
     void remove();
-    void show_page(void (*preview)(i16 item) noexcept);
+    void settled(const Work& command);
     void copy_item_shown();
     void add_to_caller();
     void hide_screen();

@@ -11,14 +11,6 @@ namespace tavernook {
 
 namespace {
 
-// Commands of a later version.
-void disable_later_ones(QWidget& screen, const QToolBar& commands) {
-    for (const int later : {8, 9}) {
-        const QString name = QStringLiteral("%1_%2").arg(commands.objectName()).arg(later);
-        screen.findChild<QAction*>(name)->setEnabled(false);
-    }
-}
-
 void dress_accept(QToolBar& bar) {
     QAction* accept = bar.actions().constFirst();
     auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(accept));
@@ -53,7 +45,6 @@ void dress_item_toolbars(QWidget& screen, QToolBar& commands, QToolBar& accept) 
     commands.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     accept.setIconSize(QSize(line * 2, line * 2));
     accept.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    disable_later_ones(screen, commands);
     dress_accept(accept);
 }
 

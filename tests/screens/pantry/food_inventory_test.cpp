@@ -23,9 +23,9 @@ TEST_F(ItemScreen, StartsEmptyAndSaysWhatToDo) {
          {"item_toolbar_2_1", "item_toolbar_1_5", "item_toolbar_1_10", "item_toolbar_1_11"}) {
         EXPECT_FALSE(part<QAction>(name).isEnabled()) << name;
     }
-    for (const char* later : {"item_toolbar_1_8", "item_toolbar_1_9"}) {
-        EXPECT_FALSE(part<QAction>(later).isEnabled()) << later;
-        EXPECT_TRUE(part<QAction>(later).toolTip().contains("Not available")) << later;
+    for (const char* name : {"item_toolbar_1_8", "item_toolbar_1_9"}) {
+        EXPECT_TRUE(part<QAction>(name).isEnabled()) << name;
+        EXPECT_FALSE(part<QAction>(name).toolTip().contains("Not available")) << name;
     }
     EXPECT_EQ(text("barcode"), "empty");
 }
