@@ -375,6 +375,17 @@ TEST_F(UnpackProject, ATruncatedPackageIsRefused) {
     }
 }
 
+TEST_F(UnpackProject, ADamagedPackageIsRefusedBeforeAnythingIsAsked) {
+    put_text("soup.rtf", "My own.");
+    const std::string whole =
+        plainly_packed(project_, {{"soup.rtf", "Boil."}, {"b.rtf", std::string(300, 'b')}});
+    write_whole_file(package, whole.substr(0, whole.size() - 1));
+    platform.boxes.expect_message(unpack_failed);
+    user_unpacks(package);
+    EXPECT_EQ(text_of("soup.rtf"), "My own.");
+    EXPECT_EQ(texts_there(), Steps{"soup.rtf"});
+}
+
 TEST_F(UnpackProject, APackageThatHasGoneIsTold) {
     platform.boxes.expect_message(unpack_failed);
     user_unpacks(package);
