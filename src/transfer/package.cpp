@@ -38,9 +38,9 @@ FileDialogRequest package_dialog() {
     return {title, "Tavernook Package Files (*.vpk)|*.vpk", in_program_folder("*.vpk")};
 }
 
-// "1 text", "3 texts".
+// "1 recipe text", "3 recipe texts".
 std::string texts(std::size_t count) {
-    return std::to_string(count) + (count == 1 ? " text" : " texts");
+    return std::to_string(count) + (count == 1 ? " recipe text" : " recipe texts");
 }
 
 // --- packing -------------------------------------------------------------------------------------
@@ -86,7 +86,7 @@ PackedTexts write_package(File& file, WorkProgress& progress) {
 
 void tell_of(const PackedTexts& result, const std::string& target) {
     std::string sentence =
-        "Packed as " + shown_file_name(target) + ", with " + texts(result.packed) + " of recipes";
+        "Packed as " + shown_file_name(target) + ", with " + texts(result.packed);
     if (!result.missing.empty()) {
         sentence += ";  " + texts(result.missing.size()) + " could not be found, the first is " +
                     result.missing.front();
@@ -216,13 +216,13 @@ void Unpacking::put_in_place() {
 std::string Unpacking::words() const {
     std::string words;
     if (is_placed_) {
-        words = "Unpacked as " + shown_file_name(project_.target()) + ", with " + texts(placed_) +
-                " of recipes";
-        if (kept_ > 0) words += ";  " + texts(kept_) + " that were there stay as they were";
+        words = "Unpacked as " + shown_file_name(project_.target()) + ", with " + texts(placed_);
+        if (kept_ > 0)
+            words += ";  " + texts(kept_) + (kept_ == 1 ? " stays" : " stay") + " as before";
         words += ".";
     } else {
         words = shown_file_name(source_) + " was not unpacked";
-        if (placed_ > 0) words += "; " + texts(placed_) + " of recipes came in";
+        if (placed_ > 0) words += "; " + texts(placed_) + " came in";
         if (placed_ == 0 && aside_.empty()) words += "; nothing has changed";
         words += ".";
     }

@@ -131,6 +131,7 @@ TEST_F(MergeProject, ItemsTakeFreeSlotsWithTheirReferences) {
         pooled_strings[3] = "Notes";
     });
     put_item(1, "Ours");
+    item_details[2].sodium = 5;  // left by another item
     user_merges_cabin();
     const ItemRecord& milk = items[2];
     EXPECT_EQ(milk.name, "Milk");
@@ -411,6 +412,24 @@ TEST_F(MergeProject, InAFullRecipeTableFurtherRecipesAreLeftOut) {
     EXPECT_EQ(meals[999].name, "Row 999");
     EXPECT_TRUE(message().ends_with(
         "; 2 rows were left out, the first is Cake: there is no room for more recipes."));
+}
+
+TEST_F(MergeProject, CancelledBehindABoxItPutsEverythingBack) {
+    put_cabin([] {
+        units[1] = {"Crate", 1};
+        put_item(1, "Milk");
+        put_meal(1, "Soup");
+        meal_documents[1] = "*vk14soup.rtf";
+    });
+    fill_rows(units, unit_capacity);
+    const TableSnapshot before;
+    platform.boxes.expect_message(limit_of("Units", "units")).during([this] {
+        platform.progress.cancelled = true;
+    });
+    user_merges_cabin();
+    EXPECT_EQ(TableSnapshot().difference(before), "");
+    EXPECT_EQ(message(), "cabin.tvk was not merged; nothing has changed.");
+    EXPECT_EQ(project_modified, i16_false);
 }
 
 // A live unit without a name is nobody's: its row would be the next new unit's.

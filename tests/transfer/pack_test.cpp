@@ -21,7 +21,7 @@ TEST_F(PackProject, AsksForTheFileAndTellsWhatIsInIt) {
         .initial_file(in_program("*.vpk"));
     platform.boxes.expect_message("Project Package Completed.");
     projpack_pack();
-    EXPECT_EQ(message(), "Packed as trip.vpk, with 0 texts of recipes.");
+    EXPECT_EQ(message(), "Packed as trip.vpk, with 0 recipe texts.");
     EXPECT_EQ(files_there(), (Steps{"home.tvk", "trip.vpk"}));
     expect_open(home, "home.tvk");
 }
@@ -62,7 +62,7 @@ TEST_F(PackProject, TextsStandWhereTheirRulesSay) {
     EXPECT_TRUE(bytes == plainly_packed(project, {{"soup.rtf", "{\\rtf1 Boil.}"},
                                                   {"b.rtf", ""},
                                                   {"cake.rtf", std::string(3'000'000, 'c')}}));
-    EXPECT_EQ(message(), "Packed as trip.vpk, with 3 texts of recipes.");
+    EXPECT_EQ(message(), "Packed as trip.vpk, with 3 recipe texts.");
 }
 
 TEST_F(PackProject, SavesFirst) {
@@ -93,7 +93,7 @@ TEST_F(PackProject, GoesInThisOrder) {
                      "window status 3 Packaging Project..."}));
     EXPECT_EQ(Steps(told.end() - 4, told.end()),
               (Steps{"progress hide", "progress unload",
-                     "window status 1 Packed as trip.vpk, with 1 text of recipes.",
+                     "window status 1 Packed as trip.vpk, with 1 recipe text.",
                      "box Project Package Completed."}));
 }
 
@@ -130,7 +130,7 @@ TEST_F(PackProject, WhatIsNoPortableNameIsPassedOver) {
     user_packs_whole();
     EXPECT_TRUE(read_whole_file(package) == plainly_packed(read_whole_file(home), {}));
     EXPECT_EQ(meal_documents[2], "{\\rtf1 the text itself \\par}");
-    EXPECT_EQ(message(), "Packed as trip.vpk, with 0 texts of recipes.");
+    EXPECT_EQ(message(), "Packed as trip.vpk, with 0 recipe texts.");
 }
 
 TEST_F(PackProject, TextsThatAreMissingAreToldAndLeftOut) {
@@ -140,9 +140,10 @@ TEST_F(PackProject, TextsThatAreMissingAreToldAndLeftOut) {
     user_packs_whole();
     EXPECT_TRUE(read_whole_file(package) ==
                 plainly_packed(read_whole_file(home), {{"soup.rtf", "Boil."}}));
-    EXPECT_EQ(message(),
-              "Packed as trip.vpk, with 1 text of recipes;  2 texts could not be found, the first "
-              "is gone.rtf.");
+    EXPECT_EQ(
+        message(),
+        "Packed as trip.vpk, with 1 recipe text;  2 recipe texts could not be found, the first "
+        "is gone.rtf.");
 }
 
 TEST_F(PackProject, TwoRecipesOfOneTextAreTwoRecords) {

@@ -67,7 +67,7 @@ TEST_F(UnpackProject, NotOpenedItLiesThere) {
     put_package({{"soup.rtf", "Boil."}});
     user_unpacks_and_stays();
     expect_open(home, "home.tvk");
-    EXPECT_EQ(message(), "Unpacked as trip.tvk, with 1 text of recipes.");
+    EXPECT_EQ(message(), "Unpacked as trip.tvk, with 1 recipe text.");
     EXPECT_EQ(text_of("soup.rtf"), "Boil.");
 }
 
@@ -80,7 +80,7 @@ TEST_F(UnpackProject, GoesInThisOrder) {
                      "progress offer cancel", "progress show", "progress bar 0",
                      "window status 3 Unpacking Project...", "progress bar 10", "progress bar 20",
                      "progress bar 60", "progress bar 100", "progress hide", "progress unload",
-                     "window status 1 Unpacked as trip.tvk, with 2 texts of recipes.",
+                     "window status 1 Unpacked as trip.tvk, with 2 recipe texts.",
                      "box Project Package Completed.  Would you like to Open this project now?"}));
 }
 
@@ -152,8 +152,7 @@ TEST_F(UnpackProject, AnExistingTextThatIsToStayIsWalkedOver) {
     EXPECT_EQ(text_of("soup.rtf"), "My own.");
     EXPECT_EQ(text_of("b.rtf"), "Bake.");
     EXPECT_EQ(message(),
-              "Unpacked as trip.tvk, with 1 text of recipes;  1 text that were there stay as they "
-              "were.");
+              "Unpacked as trip.tvk, with 1 recipe text;  1 recipe text stays as before.");
 }
 
 TEST_F(UnpackProject, AnExistingTextIsOverwrittenWhereWanted) {
@@ -225,7 +224,7 @@ TEST_F(UnpackProject, AnEarlierProjectIsMovedAside) {
     EXPECT_EQ(bytes_of(platform.path("trip 3.previous.tvk")), "its previous version");
     EXPECT_EQ(bytes_of(platform.path("trip 2.tvk")), "another");
     EXPECT_EQ(message(),
-              "Unpacked as trip.tvk, with 0 texts of recipes.  The trip.tvk that was there before "
+              "Unpacked as trip.tvk, with 0 recipe texts.  The trip.tvk that was there before "
               "is now trip 3.tvk.");
 }
 
@@ -374,6 +373,17 @@ TEST_F(UnpackProject, ATruncatedPackageIsRefused) {
         SCOPED_TRACE(length);
         expect_refused(whole.substr(0, length));
     }
+}
+
+TEST_F(UnpackProject, ADamagedPackageIsRefusedBeforeAnythingIsAsked) {
+    put_text("soup.rtf", "My own.");
+    const std::string whole =
+        plainly_packed(project_, {{"soup.rtf", "Boil."}, {"b.rtf", std::string(300, 'b')}});
+    write_whole_file(package, whole.substr(0, whole.size() - 1));
+    platform.boxes.expect_message(unpack_failed);
+    user_unpacks(package);
+    EXPECT_EQ(text_of("soup.rtf"), "My own.");
+    EXPECT_EQ(texts_there(), Steps{"soup.rtf"});
 }
 
 TEST_F(UnpackProject, APackageThatHasGoneIsTold) {

@@ -40,7 +40,7 @@ TEST_F(TransferCommands, AProjectTravelsInAPackage) {
     platform.dialogs.expect_save("Package Project", package);
     platform.boxes.expect_message("Project Package Completed.");
     action("mnuFile_Package").trigger();
-    EXPECT_EQ(panel(1), "Packed as trip.vpk, with 0 texts of recipes.");
+    EXPECT_EQ(panel(1), "Packed as trip.vpk, with 0 recipe texts.");
     EXPECT_EQ(shown_title(), "Tavernook - home.tvk");
     EXPECT_FALSE(window.progress().work_is_running());
 
