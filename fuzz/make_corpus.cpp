@@ -9,7 +9,9 @@
 
 #include "core/project/settings_file_format.h"
 #include "memory_files.h"
+#include "platform_services/cabinet_files.h"
 #include "reports/report_file_format.h"
+#include "transfer/recipe_bytes.h"
 #include "whole_file.h"
 
 namespace tavernook {
@@ -178,6 +180,31 @@ void write_package_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "keep", "0" + two);
 }
 
+// The first byte answers the boxes (recipe_file_fuzz.cpp).
+void write_recipe_seeds(const std::filesystem::path& folder) {
+    RecipeBytes recipe;
+    write_seed(folder / "empty", std::string(1, '\0') + recipe.bytes());
+    recipe.ingredients = {IngredientBytes{}, IngredientBytes{}};
+    recipe.ingredients[0].name = "Salt";
+    write_seed(folder / "overwrite", std::string(1, '\0') + recipe.bytes());
+    write_seed(folder / "beside", '\1' + recipe.bytes());
+    recipe.name = "Broth";
+    recipe.document = "";
+    write_seed(folder / "new", '\4' + recipe.bytes());
+}
+
+// The first byte tells what is done with the rest (cabinet_fuzz.cpp).
+void write_cabinet_seeds(const std::filesystem::path& folder) {
+    CabinetFiles cabinets;
+    for (const std::size_t size : {0, 1, 40'000}) {
+        MemoryFile source(std::string(size, 'A'));
+        MemoryFile cabinet;
+        cabinets.compress(source, "temppf.tmp", cabinet, [](int) {});
+        write_seed(folder / ("unpack_" + std::to_string(size)), '\1' + cabinet.bytes);
+    }
+    write_seed(folder / "pack", std::string(1, '\0') + "some text, some text");
+}
+
 void write_cue_cat_seeds(const std::filesystem::path& folder) {
     write_seed(folder / "grocery", ".C3nZC3nZC3nZD3b6ChbZDxv7.fHmc.C3D1Dxr2C3nZE3n7.");
     write_seed(folder / "book", ".C3nZC3nZC3n2C3j1DNnWENn2.cGf2.ENr7C3v7D3T3ENj3C3zYDNnZ.");
@@ -255,6 +282,8 @@ int main(int argc, char** argv) {
     tavernook::write_cue_cat_seeds(folder / "cue_cat");
     tavernook::write_backup_seeds(folder / "backup_file");
     tavernook::write_package_seeds(folder / "package_file");
+    tavernook::write_recipe_seeds(folder / "recipe_file");
+    tavernook::write_cabinet_seeds(folder / "cabinet");
     tavernook::write_template_seeds(folder / "page_template");
     tavernook::write_pattern_seeds(folder / "report_pattern");
     tavernook::write_scanner_seeds(folder / "scanner_reply");

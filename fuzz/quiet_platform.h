@@ -7,11 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/clock.h"
-#include "platform/main_window.h"
-#include "platform/project_lock.h"
-#include "platform/save_progress.h"
-#include "platform/system_info.h"
+#include "platform/platform.h"
 
 namespace tavernook {
 
@@ -63,6 +59,22 @@ class QuietLock : public ProjectLock {
   public:
     bool acquire(const std::string&) override { return true; }
     void release(const std::string&) override {}
+};
+
+struct QuietPlatform {
+    Platform platform() {
+        return {.clock = &clock,
+                .project_lock = &lock,
+                .system_info = &info,
+                .save_progress = &progress,
+                .main = &main};
+    }
+
+    StillClock clock;
+    QuietLock lock;
+    FixedInfo info;
+    QuietProgress progress;
+    QuietMain main;
 };
 
 }  // namespace tavernook

@@ -1,5 +1,5 @@
 // Cabinets as libgcab writes and libmspack reads them: one entry in MSZIP, which every program that
-// knows cabinets unpacks. Packing runs in the caller's thread and holds both files in memory.
+// knows cabinets unpacks. Packing runs in the caller's thread and holds the source in memory.
 // Unpacking runs in a thread of its own, to which its files belong; what a damaged cabinet makes of
 // its memory is zeros, never what lay there before.
 #pragma once

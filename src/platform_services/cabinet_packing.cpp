@@ -14,20 +14,19 @@ namespace {
 constexpr i64 block_size = 32768;  // bytes of the source, but for the last block
 constexpr std::string_view block_start = "CK";
 
-// What the library has written so far, and what ended it early. The library says nothing of how far
-// it is; each of its blocks comes in a piece of its own.
+// What the library writes, and what ended it early. The library says nothing of how far it is; each
+// of its blocks comes in a piece of its own.
 struct Packing {
+    File& cabinet;
     const CabinetProgress& progress;
-    i64 size;
+    i64 size;  // of the source
     i64 blocks = 0;
-    std::string cabinet{};
-    std::size_t position = 0;
+    i64 position = 0;
     std::exception_ptr stopped{};
 
     void write(std::string_view part) {
-        if (position + part.size() > cabinet.size()) cabinet.resize(position + part.size());
-        cabinet.replace(position, part.size(), part);
-        position += part.size();
+        cabinet.write(position, part);
+        position += static_cast<i64>(part.size());
         if (part.size() <= 4 || !part.starts_with(block_start)) return;
         ++blocks;
         progress(static_cast<int>(std::min<i64>(99, blocks * block_size * 100 / size)));
@@ -62,19 +61,17 @@ gssize write_part(GOutputStream* stream, const void* part, gsize size, GCancella
 }
 
 goffset tell(GSeekable* stream) {
-    return static_cast<goffset>(packing_of(stream).position);
+    return packing_of(stream).position;
 }
 
 gboolean can_seek(GSeekable*) {
     return TRUE;
 }
 
+// The library seeks from the beginning only.
 gboolean seek(GSeekable* stream, goffset offset, GSeekType from, GCancellable*, GError**) {
-    Packing& packing = packing_of(stream);
-    goffset start = 0;
-    if (from == G_SEEK_CUR) start = static_cast<goffset>(packing.position);
-    if (from == G_SEEK_END) start = static_cast<goffset>(packing.cabinet.size());
-    packing.position = static_cast<std::size_t>(start + offset);
+    if (from != G_SEEK_SET) return FALSE;
+    packing_of(stream).position = offset;
     return TRUE;
 }
 
@@ -138,7 +135,7 @@ void CabinetFiles::compress(File& source, std::string_view entry, File& cabinet,
                             const CabinetProgress& progress) {
     progress(0);
     const std::string bytes = bytes_of(source);
-    Packing packing{progress, static_cast<i64>(bytes.size())};
+    Packing packing{cabinet, progress, static_cast<i64>(bytes.size())};
     const Ref<GCabFile> file = entry_with(entry, bytes);
     const Ref<GOutputStream> stream(
         static_cast<GOutputStream*>(g_object_new(packing_stream_get_type(), nullptr)));
@@ -146,7 +143,6 @@ void CabinetFiles::compress(File& source, std::string_view entry, File& cabinet,
     const bool is_written = write_cabinet(file.get(), stream.get());
     if (packing.stopped) std::rethrow_exception(packing.stopped);
     if (!is_written) throw Fault(fault_number::path_file_access_error);
-    cabinet.write(0, packing.cabinet);
     progress(100);
 }
 

@@ -1,5 +1,6 @@
 #include "transfer/item_block.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "basics/fault.h"
@@ -19,6 +20,7 @@ constexpr std::size_t text_place = 32;  // manufacturer, brand, store, category
 constexpr std::size_t brand_read = 12;
 constexpr std::size_t unit_place = 12;
 constexpr std::size_t length_place = 4;
+constexpr std::size_t longest_text = 65535;
 
 constexpr std::size_t records_size(BlockKind kind) {
     const std::size_t quantity = kind == BlockKind::ingredient ? sizeof(f64) : 0;
@@ -75,7 +77,8 @@ std::string read_unit(ByteReader& bytes) {
     return read_text(bytes, unit_place);
 }
 
-// The counted text at the position, which moves behind it.
+// The counted text at the position, which moves behind it. What no row of the pool holds is not
+// read.
 std::string read_counted(File& file, i64& position) {
     const std::string head = read_exactly(file, position, length_place);
     const auto length = load_little_endian<i32>(head.data());
@@ -83,7 +86,8 @@ std::string read_counted(File& file, i64& position) {
     if (length < 0 || length > file.length() - (position - 1)) {
         throw Fault(fault_number::bad_record_number);
     }
-    std::string text = read_exactly(file, position, static_cast<std::size_t>(length));
+    std::string text =
+        read_exactly(file, position, std::min(static_cast<std::size_t>(length), longest_text));
     position += length;
     return text;
 }

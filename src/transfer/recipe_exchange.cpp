@@ -104,6 +104,12 @@ bool settle_screen(i16 slot) {
     return screen == nullptr || screen->get_mealid() != slot || screen->save_document();
 }
 
+// No text is no file: an empty one could not be read.
+void store_text(i16 slot, const std::string& document) {
+    if (document.empty()) return meal_documents[slot].clear();
+    store_document(slot, document);
+}
+
 class RecipeImport {
   public:
     RecipeImport(const std::string& path, i16 category) : path_(path), category_(category) {}
@@ -254,7 +260,7 @@ void RecipeImport::take_tail(i64 position) {
     const RecipeTail tail = read_recipe_tail(*file_, position);
     const i16 slot = target_.now();
     take_unit(tail.serving_unit);
-    store_document(slot, tail.document);
+    store_text(slot, tail.document);
     meals[slot].category = category_;
     is_complete_ = true;
     show();

@@ -167,7 +167,7 @@ TEST_F(CabinetFilesTest, PackingEndsWithWhatTheProgressThrows) {
                                            throw Fault(fault_number::cancel_was_selected);
                                    }),
                  Fault);
-    EXPECT_EQ(read_whole_file(path("packed.cab")), "");
+    EXPECT_EQ(unpack(), fault_number::bad_record_number);
 }
 
 TEST_F(CabinetFilesTest, ReadsWhatIsNotCompressed) {

@@ -110,6 +110,16 @@ TEST_F(RecipeImport, AnEmptyDescriptionMakesNoRowOfThePool) {
                             [](const std::string& text) { return text.empty(); }));
 }
 
+TEST_F(RecipeImport, ALongDescriptionIsCutAndTheBlockGoesOnBehindIt) {
+    RecipeBytes recipe;
+    recipe.ingredients = {sugar, named("Salt")};
+    recipe.ingredients[0].description = std::string(70'000, 'd');
+    EXPECT_EQ(import_bytes(recipe.bytes()), 1);
+    EXPECT_EQ(pooled_text(item_details[1].description).size(), 65535u);
+    EXPECT_EQ(pooled_text(item_details[1].notes), "keep dry");
+    EXPECT_EQ(name_of_item(2), "Salt");
+}
+
 TEST_F(RecipeImport, ABrandIsReadTwelveWide) {
     IngredientBytes branded = sugar;
     branded.brand = "Grandmother's Finest";
@@ -137,11 +147,24 @@ TEST_F(RecipeImport, WithoutIngredientsTheTailIsAt100) {
               "units: 1.");
 }
 
-TEST_F(RecipeImport, WithoutATextTheFileIsEmpty) {
+TEST_F(RecipeImport, WithoutATextThereIsNoFile) {
+    meal_documents[1] = "*vk14home000001.rtf";
     RecipeBytes recipe;
     recipe.document = "";
     EXPECT_EQ(import_bytes(recipe.bytes()), 1);
-    EXPECT_EQ(read_whole_file(document_path(1)), "");
+    EXPECT_EQ(meal_documents[1], "");
+    EXPECT_TRUE(recipe_files().empty());
+}
+
+TEST_F(RecipeImport, OverwritingWithoutATextLeavesTheOldFileToTheSavedProject) {
+    make_recipe(6, "Soup");
+    store_document(6, "{\\rtf1 old}");
+    user_is_asked_about_recipe(Answer::yes);
+    RecipeBytes recipe;
+    recipe.document = "";
+    EXPECT_EQ(import_bytes(recipe.bytes()), 6);
+    EXPECT_EQ(meal_documents[6], "");
+    EXPECT_EQ(read_whole_file(recipes_folder + "home000006.rtf"), "{\\rtf1 old}");
 }
 
 TEST_F(RecipeImport, TakesTheFirstFreeSlotAndNothingOfWhatStoodThere) {

@@ -18,6 +18,7 @@
 #include "screens/cookbook/ingredient_commands.h"
 #include "screens/cookbook/plan_commands.h"
 #include "screens/cookbook/planner_notice.h"
+#include "screens/cookbook/recipe_file_commands.h"
 #include "screens/cookbook/recipe_list_pane.h"
 #include "screens/cookbook/recipe_sheet.h"
 #include "screens/parts/icons.h"
@@ -26,6 +27,7 @@
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/tab_order.h"
 #include "screens/parts/toolbar_parts.h"
+#include "transfer/recipe_exchange.h"
 #include "ui_Mealbuilder.h"
 
 namespace tavernook {
@@ -69,9 +71,14 @@ Mealbuilder::~Mealbuilder() {
 }
 
 void Mealbuilder::set_up_toolbar() {
-    fill_toolbar(
-        *this, *ui_->Toolbar1,
-        {{1, "new_item"}, {2, "new_category"}, {3, "delete"}, {4, "refresh"}, {5, "meal_plan"}});
+    fill_toolbar(*this, *ui_->Toolbar1,
+                 {{1, "new_item"},
+                  {2, "new_category"},
+                  {3, "delete"},
+                  {4, "refresh"},
+                  {5, "meal_plan"},
+                  {6, "import"},
+                  {7, "export"}});
     const int line = fontMetrics().height();
     ui_->Toolbar1->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
     ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
@@ -95,6 +102,8 @@ void Mealbuilder::set_up_commands() {
     on_command(ui_->Toolbar1_3, [this] { delete_marked(); });
     on_command(ui_->Toolbar1_4, [this] { refresh(); });
     connect(ui_->Toolbar1_5, &QAction::triggered, this, [this] { plan(sheet_.shown()); });
+    on_command(ui_->Toolbar1_6, [this] { import_chosen(); });
+    on_command(ui_->Toolbar1_7, [this] { export_shown(); });
     on_keys(*this, QKeySequence::Refresh, [this] { ui_->Toolbar1_4->trigger(); });
     on_keys(*this, QKeySequence::Find, [this] { recipes_.find(); });
 }
@@ -118,6 +127,11 @@ void Mealbuilder::listen_to_panes() {
             [this] { run([] { boxes().message("Can't Change name of GENERAL Category"); }); });
     recipes_.set_menu({ui_->Toolbar1_1, ui_->Toolbar1_2, nullptr, recipes_.rename_action(),
                        ui_->Toolbar1_3, nullptr, ui_->Toolbar1_5});
+    connect(&recipes_, &RecipeListPane::files_dropped, this, &Mealbuilder::import_dropped,
+            Qt::QueuedConnection);
+    connect(
+        &recipes_, &RecipeListPane::link_dropped, this, [this] { run(refuse_link); },
+        Qt::QueuedConnection);
     connect(&sheet_, &RecipeSheet::command_wanted, this,
             [this](const Work& command) { run(command); });
     connect(&sheet_, &RecipeSheet::close_wanted, this, [this] { close_screen(*this); });
@@ -128,6 +142,7 @@ void Mealbuilder::update_commands() {
     ui_->Toolbar1_3->setEnabled(recipes_.is_anything_marked());
     ui_->Toolbar1_4->setEnabled(recipe != 0);
     ui_->Toolbar1_5->setEnabled(recipe != 0);
+    ui_->Toolbar1_7->setEnabled(recipe != 0);
     recipes_.set_on_show(RecipeListPane::key_of_recipe(recipe));
     sheet_.fit_to_recipe();
 }
@@ -272,6 +287,41 @@ void Mealbuilder::plan(const RowRef& recipe) {
 
 void Mealbuilder::plan_marked() {
     plan(RowRef(Subject::recipes, recipes_.marked_leaf()));
+}
+
+void Mealbuilder::import_chosen() {
+    const RowRef catagory(Subject::catagories, recipes_.catagory_for_new());
+    if (const auto path = chosen_recipe_file()) import_file(*path, catagory.now());
+}
+
+// The text on the sheet is saved before another recipe takes its place.
+bool Mealbuilder::import_file(const std::string& path, i16 catagory) {
+    if (!save_document()) return false;
+    const i16 recipe = Import_RPF(path, catagory);
+    if (recipe != 0 && recipe == sheet_.recipe()) {
+        show_recipe(recipe);
+        recipes_.reveal(RecipeListPane::key_of_recipe(recipe));
+        mark_shown();
+    }
+    return recipe != 0;
+}
+
+// Each is a step of its own.
+void Mealbuilder::import_dropped(const QStringList& paths, i16 row) {
+    const RowRef catagory(Subject::catagories, row);
+    const QPointer<Mealbuilder> still_here(this);
+    QStringList left_out;
+    for (const QString& path : paths) {
+        bool is_in = false;
+        run([&] { is_in = import_file(path.toStdString(), catagory.now()); });
+        if (still_here.isNull()) return;
+        if (!is_in) left_out.append(path);
+    }
+    if (paths.size() > 1) tell_of_several(paths, left_out);
+}
+
+void Mealbuilder::export_shown() {
+    if (save_document()) Export_RPF(sheet_.recipe());
 }
 
 // --- the text --------------------------------------------------------------------------------

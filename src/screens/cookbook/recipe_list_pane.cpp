@@ -1,6 +1,9 @@
 #include "screens/cookbook/recipe_list_pane.h"
 
+#include <QDropEvent>
 #include <QMenu>
+#include <QMimeData>
+#include <QUrl>
 
 #include "core/project_data.h"
 #include "core/rows.h"
@@ -30,7 +33,26 @@ std::vector<TreeLeaf> live_recipes() {
     return found;
 }
 
-TreeContents recipes_by_category() {
+QStringList recipe_files(const QMimeData& data) {
+    QStringList paths;
+    for (const QUrl& url : data.urls()) {
+        const QString path = url.isLocalFile() ? url.toLocalFile() : QString();
+        if (path.endsWith(QLatin1String(".rpf"), Qt::CaseInsensitive)) paths.append(path);
+    }
+    return paths;
+}
+
+bool is_link(const QMimeData& data) {
+    return data.text().startsWith(QLatin1String("http"), Qt::CaseInsensitive);
+}
+
+bool takes_drop(const QMimeData& data) {
+    return is_link(data) || !recipe_files(data).isEmpty();
+}
+
+}  // namespace
+
+TreeContents RecipeListPane::contents() {
     const auto mark = [](i16) { return QVariant(icon(QStringLiteral("recipes"))); };
     return {.is_shown = is_recipe_catagory,
             .read_leaves = live_recipes,
@@ -41,14 +63,14 @@ TreeContents recipes_by_category() {
             .rename_catagory = rename_recipe_catagory,
             .rename_leaf = rename_meal,
             .move_leaf = move_meal,
-            .dropped_leaf = [](const QString& text) { return dragged(text).recipe(); }};
+            .dropped_leaf = [](const QString& text) { return dragged(text).recipe(); },
+            .takes_drop = takes_drop,
+            .take_drop = [this](const QMimeData& data, i16 row) { take_drop(data, row); }};
 }
-
-}  // namespace
 
 RecipeListPane::RecipeListPane(QWidget* parent)
     : CatagoryTreePane(parent), ui_(laid_out<Ui::RecipeListPane>(*this)) {
-    set_up({*ui_->filter, *ui_->recipe_tree, *ui_->tree_hint}, recipes_by_category(),
+    set_up({*ui_->filter, *ui_->recipe_tree, *ui_->tree_hint}, contents(),
            {.hint_when_empty = tr("Press \"New Recipe\" to write your first recipe."),
             .hint_when_none_match = tr("No recipe matches. Esc shows all recipes again.")});
     connect(this, &CatagoryTreePane::menu_wanted, this, &RecipeListPane::show_menu);
@@ -76,6 +98,26 @@ i16 RecipeListPane::catagory_for_new() const {
 
 QString RecipeListPane::key_around_marked() const {
     return ui_->recipe_tree->currentIndex().parent().data(CatagoryTreeModel::key_role).toString();
+}
+
+void RecipeListPane::take_drop(const QMimeData& data, i16 catagory) {
+    if (is_link(data)) return Q_EMIT link_dropped();
+    Q_EMIT files_dropped(recipe_files(data), catagory);
+}
+
+// A file that is taken is copied, whatever the file manager proposes: one that is moved would go.
+bool RecipeListPane::eventFilter(QObject* watched, QEvent* event) {
+    const bool enters = event->type() == QEvent::DragEnter;
+    if (enters || event->type() == QEvent::DragMove || event->type() == QEvent::Drop) {
+        auto& drop = *static_cast<QDropEvent*>(event);
+        if (takes_drop(*drop.mimeData())) {
+            drop.setDropAction(Qt::CopyAction);
+        } else if (enters && drop.mimeData()->hasUrls()) {
+            drop.ignore();
+            return true;
+        }
+    }
+    return CatagoryTreePane::eventFilter(watched, event);
 }
 
 void RecipeListPane::show_menu(const QPoint& on_screen) {

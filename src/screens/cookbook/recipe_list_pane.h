@@ -1,6 +1,8 @@
 // The recipes under their categories, all beneath "General": the left side of the recipe manager.
 // Keys name the rows: the root "r0", a category's row + "r", a recipe's slot + "c". Recipes and
-// categories are named in place, and a recipe dropped on a category moves there.
+// categories are named in place, and a recipe dropped on a category moves there. Recipe files
+// dropped from a file manager are told, with the category under them, and so is what comes from the
+// web; other files go on to the main window.
 #pragma once
 
 #include <memory>
@@ -43,7 +45,16 @@ class RecipeListPane : public CatagoryTreePane {
   Q_SIGNALS:
     void leaf_double_clicked();
 
+    // While the drop still lasts, for which the other program waits. Category 0 is the root.
+    void files_dropped(const QStringList& paths, i16 catagory);
+    void link_dropped();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    TreeContents contents();
+    void take_drop(const QMimeData& data, i16 catagory);
     void show_menu(const QPoint& on_screen);
 
     std::unique_ptr<Ui::RecipeListPane> ui_;

@@ -207,7 +207,8 @@ QVariant CatagoryTreeModel::headerData(int section, Qt::Orientation orientation,
 }
 
 Qt::ItemFlags CatagoryTreeModel::flags(const QModelIndex& index) const {
-    if (!index.isValid()) return Qt::NoItemFlags;
+    const auto below_all = contents_.takes_drop ? Qt::ItemIsDropEnabled : Qt::NoItemFlags;
+    if (!index.isValid()) return below_all;
     const Kind kind = node(index).kind;
     const bool is_name = index.column() == name_column;
     Qt::ItemFlags result = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
@@ -240,7 +241,9 @@ bool CatagoryTreeModel::setData(const QModelIndex& index, const QVariant& value,
 }
 
 QStringList CatagoryTreeModel::mimeTypes() const {
-    return {QStringLiteral("text/plain")};
+    QStringList types{QStringLiteral("text/plain")};
+    if (contents_.takes_drop) types.append(QStringLiteral("text/uri-list"));
+    return types;
 }
 
 QMimeData* CatagoryTreeModel::mimeData(const QModelIndexList& indexes) const {
@@ -251,9 +254,14 @@ QMimeData* CatagoryTreeModel::mimeData(const QModelIndexList& indexes) const {
     return data;
 }
 
-// Between two rows is nowhere.
+bool CatagoryTreeModel::takes_drop(const QMimeData* data) const {
+    return data != nullptr && contents_.takes_drop && contents_.takes_drop(*data);
+}
+
+// A leaf that is moved falls on a category; between two rows is nowhere.
 bool CatagoryTreeModel::canDropMimeData(const QMimeData* data, Qt::DropAction, int row, int,
                                         const QModelIndex& parent) const {
+    if (takes_drop(data)) return true;
     const bool is_on_catagory = row < 0 && (is_root(parent) || catagory_at(parent) != 0);
     return contents_.move_leaf && is_on_catagory && data != nullptr &&
            contents_.dropped_leaf(data->text()) != 0;
@@ -261,6 +269,10 @@ bool CatagoryTreeModel::canDropMimeData(const QMimeData* data, Qt::DropAction, i
 
 bool CatagoryTreeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int row,
                                      int column, const QModelIndex& parent) {
+    if (takes_drop(data)) {
+        contents_.take_drop(*data, catagory_at(parent));
+        return true;
+    }
     if (!canDropMimeData(data, action, row, column, parent)) return false;
     bool is_moved = false;
     const i16 leaf = contents_.dropped_leaf(data->text());

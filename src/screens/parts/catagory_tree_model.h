@@ -56,6 +56,11 @@ struct TreeContents {
 
     // The leaf that a dropped text names, 0 for anything else. Goes with `move_leaf`.
     std::function<i16(const QString& text)> dropped_leaf = {};
+
+    // What else is taken wherever it is dropped, and what becomes of it in the category that it
+    // fell into, 0 for the root. The two go together.
+    std::function<bool(const QMimeData& data)> takes_drop = {};
+    std::function<void(const QMimeData& data, i16 catagory)> take_drop = {};
 };
 
 class CatagoryTreeModel : public QAbstractItemModel {
@@ -129,6 +134,7 @@ class CatagoryTreeModel : public QAbstractItemModel {
     bool has_root_row() const { return !contents_.root_name.isEmpty(); }
     bool is_backwards() const { return sort_order_ == Qt::DescendingOrder; }
     const TreeNode& node(const QModelIndex& index) const;
+    bool takes_drop(const QMimeData* data) const;
     QModelIndex index_at(int place) const;
     QString key_of(char kind, i16 number) const;
     QString name_of(const TreeNode& shown) const;

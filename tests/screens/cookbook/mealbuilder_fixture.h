@@ -134,6 +134,9 @@ class MealbuilderTest : public MainWindowTest {
     bool drop(QAbstractItemView& view, const QPoint& place, const char* text) {
         QMimeData data;
         data.setText(QLatin1String(text));
+        return drop(view, place, data);
+    }
+    bool drop(QAbstractItemView& view, const QPoint& place, const QMimeData& data) {
         QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         enter.ignore();
         QCoreApplication::sendEvent(view.viewport(), &enter);
