@@ -285,10 +285,6 @@ void FoodInventory::set_view(i16 view) {
     serve([&] { list_.set_view(view == 0 ? ItemListPane::View::tree : ItemListPane::View::list); });
 }
 
-void FoodInventory::initialize_inv() {
-    serve([this] { show_no_item(); });
-}
-
 void FoodInventory::new_item() {
     serve([this] { start_new_item(); });
 }
@@ -306,10 +302,6 @@ void FoodInventory::take_barcode(std::string_view barcode) {
 void FoodInventory::accept_item(bool is_new) {
     serve([&] { item_.store(is_new); });
     list_.refresh();
-}
-
-void FoodInventory::delete_food_item() {
-    serve([this] { remove(); });
 }
 
 void FoodInventory::refresh_quantity() {

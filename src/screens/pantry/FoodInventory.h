@@ -38,8 +38,8 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
     void add_barcode(std::string_view barcode) override;
     void take_barcode(std::string_view barcode) override;
     void accept_item(bool is_new) override;
-    void delete_food_item() override;
-    void initialize_inv() override;
+    void delete_food_item() override { serve([this] { remove(); }); }
+    void initialize_inv() override { serve([this] { show_no_item(); }); }
     void populate_tree() override { set_view(0); }
     void populate_Alpha() override { set_view(1); }
     void refresh_quantity() override;
