@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "core/program_folders.h"
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/string_storage.h"

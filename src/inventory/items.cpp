@@ -7,6 +7,7 @@
 #include "core/string_storage.h"
 #include "core/trap.h"
 #include "core/where_used.h"
+#include "inventory/item_slots.h"
 #include "inventory/lots.h"
 #include "inventory/replacement.h"
 #include "inventory/usage_files.h"
@@ -178,6 +179,10 @@ void blank_records(i16 item) {
     item_details[item] = ItemDetailRecord{};
 }
 
+// Where the search for a free slot begins, and whether it goes on from where it ends.
+i16 first_slot_to_search = 1;
+bool only_adding = false;
+
 i16 take_free_item_slot() {
     const i16 slot = find_free_item_slot();
     begin_usage_history(slot);
@@ -205,9 +210,19 @@ bool delete_or_hand_over(i16 item) {
 
 }  // namespace
 
+OnlyAddingItems::OnlyAddingItems() {
+    only_adding = true;
+}
+
+OnlyAddingItems::~OnlyAddingItems() {
+    only_adding = false;
+    first_slot_to_search = 1;
+}
+
 i16 find_free_item_slot() noexcept {
-    i16 slot = 1;
+    i16 slot = first_slot_to_search;
     while (slot < item_capacity && items[slot].in_use != 0) ++slot;
+    if (only_adding) first_slot_to_search = slot;
     if (slot == item_capacity) {
         boxes().message(
             "You have reached the limitation of items allowed in Tavernook.  It is recommended "

@@ -15,6 +15,7 @@
 #include "core/project_data.h"
 #include "core/string_storage.h"
 #include "core/trap.h"
+#include "inventory/item_slots.h"
 #include "inventory/items.h"
 #include "platform/platform.h"
 #include "transfer/csv_lines.h"
@@ -215,6 +216,7 @@ class CsvImport {
 
     CsvLines& lines_;
     const ImportTally tally_;
+    const OnlyAddingItems adding_;
     const IndexedStrings strings_;
     NamesWithRoom<decltype(units)> units_{units};
     NamesWithRoom<decltype(stores)> stores_{stores};

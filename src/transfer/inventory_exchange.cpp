@@ -13,6 +13,7 @@
 #include "core/project_data.h"
 #include "core/rows.h"
 #include "core/trap.h"
+#include "inventory/item_slots.h"
 #include "inventory/items.h"
 #include "inventory/lots.h"
 #include "inventory/usage_files.h"
@@ -96,6 +97,7 @@ class InventoryImport {
     void remember(i16 item);
 
     const ImportTally tally_;
+    const OnlyAddingItems adding_;
     ImportReferences references_;
     std::unordered_map<std::string, i16> by_name_;  // the first item of a name
     int free_items_ = item_capacity - live_counts().items;

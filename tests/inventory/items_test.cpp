@@ -1,6 +1,7 @@
 #include "inventory/items.h"
 
 #include "core/string_storage.h"
+#include "inventory/item_slots.h"
 #include "inventory/items_fixture.h"
 
 namespace tavernook {
@@ -263,6 +264,35 @@ TEST_F(ItemUnits, StoresInRowNineHundredNinetyNineAreMadeASecondTime) {
     values.store = "S999";
     EXPECT_EQ(items[create_item(values)].store, 7);
     EXPECT_EQ(stores[7].name, "S999");
+}
+
+TEST_F(ItemsTest, WhileItemsAreOnlyAddedTheFreeSlotsAreTheSame) {
+    const auto slots_taken = [this] {
+        for (i16 item = 1; item <= item_capacity; ++item) {
+            items[item].in_use = item % 3 == 0 && item < 9990 ? i16{0} : i16{1};
+        }
+        std::vector<i16> taken;
+        for (int turn = 0; turn < 3335; ++turn) {
+            const i16 slot = find_free_item_slot();
+            items[slot].in_use = 1;
+            taken.push_back(slot);
+            if (slot == item_capacity) break;
+        }
+        return taken;
+    };
+    const std::string limit =
+        "You have reached the limitation of items allowed in Tavernook.  It is recommended that "
+        "you delete some items to allow for some more room.";
+    platform.boxes.expect_message(limit);
+    const std::vector<i16> searched = slots_taken();
+    {
+        for (i16 item = 1; item <= item_capacity; ++item) items[item].in_use = 0;
+        const OnlyAddingItems adding;
+        platform.boxes.expect_message(limit);
+        EXPECT_EQ(slots_taken(), searched);
+    }
+    items[2].in_use = 0;
+    EXPECT_EQ(find_free_item_slot(), 2);
 }
 
 }  // namespace

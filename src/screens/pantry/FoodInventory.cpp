@@ -87,12 +87,10 @@ void FoodInventory::connect_commands() {
     on_command(ui_->item_toolbar_1_5, [this] { copy_item_shown(); });
     on_command(ui_->item_toolbar_1_6, [] { show_screen(QStringLiteral("StoresForm")); });
     on_command(ui_->item_toolbar_1_7, [] { show_screen(QStringLiteral("UnitsForm")); });
-    on_command(ui_->item_toolbar_1_8, [this] { settled(inventory_import); });
-    on_command(ui_->item_toolbar_1_9, [this] { settled(inventory_export); });
-    on_command(ui_->item_toolbar_1_10,
-               [this] { settled([this] { preview_usage(item_.number()); }); });
-    on_command(ui_->item_toolbar_1_11,
-               [this] { settled([this] { preview_label(item_.number()); }); });
+    on_command(ui_->item_toolbar_1_8, [this] { settled([](i16) { inventory_import(); }); });
+    on_command(ui_->item_toolbar_1_9, [this] { settled([](i16) { inventory_export(); }); });
+    on_command(ui_->item_toolbar_1_10, [this] { settled(preview_usage); });
+    on_command(ui_->item_toolbar_1_11, [this] { settled(preview_label); });
     on_command(ui_->count_texts, [] { show_string_count(); });
     on_command(ui_->item_toolbar_2_1, [this] { accept(); });
     on_command(ui_->close_screen, [this] {
@@ -243,8 +241,8 @@ void FoodInventory::remove() {
 }
 
 // What reads the stored items comes behind the edits of the one on show.
-void FoodInventory::settled(const Work& command) {
-    if (item_.settle()) command();
+void FoodInventory::settled(const std::function<void(i16 item)>& command) {
+    if (item_.settle()) command(item_.number());
 }
 
 void FoodInventory::copy_item_shown() {
@@ -285,14 +283,6 @@ void FoodInventory::set_view(i16 view) {
     serve([&] { list_.set_view(view == 0 ? ItemListPane::View::tree : ItemListPane::View::list); });
 }
 
-void FoodInventory::initialize_inv() {
-    serve([this] { show_no_item(); });
-}
-
-void FoodInventory::new_item() {
-    serve([this] { start_new_item(); });
-}
-
 void FoodInventory::add_barcode(std::string_view barcode) {
     serve([&] {
         if (start_new_item()) form_.set_code(std::string(barcode));
@@ -306,10 +296,6 @@ void FoodInventory::take_barcode(std::string_view barcode) {
 void FoodInventory::accept_item(bool is_new) {
     serve([&] { item_.store(is_new); });
     list_.refresh();
-}
-
-void FoodInventory::delete_food_item() {
-    serve([this] { remove(); });
 }
 
 void FoodInventory::refresh_quantity() {

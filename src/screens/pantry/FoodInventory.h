@@ -34,12 +34,18 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
     void view_item(i16 item, i16 select) override;
     void set_return(i16 mode) override;
     void set_view(i16 view) override;
-    void new_item() override;
+    void new_item() override {
+        serve([this] { start_new_item(); });
+    }
     void add_barcode(std::string_view barcode) override;
     void take_barcode(std::string_view barcode) override;
     void accept_item(bool is_new) override;
-    void delete_food_item() override;
-    void initialize_inv() override;
+    void delete_food_item() override {
+        serve([this] { remove(); });
+    }
+    void initialize_inv() override {
+        serve([this] { show_no_item(); });
+    }
     void populate_tree() override { set_view(0); }
     void populate_Alpha() override { set_view(1); }
     void refresh_quantity() override;
@@ -71,7 +77,7 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
     void accept();
     void new_category();
     void remove();
-    void settled(const Work& command);
+    void settled(const std::function<void(i16 item)>& command);
     void copy_item_shown();
     void add_to_caller();
     void hide_screen();
