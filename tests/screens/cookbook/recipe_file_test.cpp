@@ -141,6 +141,7 @@ TEST_F(RecipeFiles, OverwritingTheRecipeOnShowShowsTheNewText) {
 
 TEST_F(RecipeFiles, ARecipeWithoutATextComesWithAnEmptyOne) {
     open();
+    mark("1c");
     user_imports(put_soup("soup.rpf", "Soup", ""));
     EXPECT_EQ(heading(), "Soup");
     EXPECT_EQ(pane_text(), "");
@@ -185,7 +186,11 @@ TEST_F(RecipeFiles, TheImportBeginsBehindTheDrop) {
     open();
     QMimeData data;
     files(data, {put_soup("soup.rpf", "Soup")});
-    QDropEvent event(middle_of("5r"), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, {});
+    const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+    QDragEnterEvent enter(middle_of("5r"), offered, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(tree().viewport(), &enter);
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent event(middle_of("5r"), offered, &data, Qt::LeftButton, {});
     event.ignore();
     QCoreApplication::sendEvent(tree().viewport(), &event);
     EXPECT_EQ(event.dropAction(), Qt::CopyAction);
