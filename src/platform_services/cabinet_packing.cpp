@@ -1,3 +1,5 @@
+#include "platform_services/cabinet_packing.h"
+
 #include <algorithm>
 #include <exception>
 #include <libgcab.h>
@@ -5,7 +7,6 @@
 #include <string>
 
 #include "basics/fault.h"
-#include "platform_services/cabinet_files.h"
 
 namespace tavernook {
 
@@ -131,8 +132,8 @@ bool write_cabinet(GCabFile* entry, GOutputStream* stream) {
 
 }  // namespace
 
-void CabinetFiles::compress(File& source, std::string_view entry, File& cabinet,
-                            const CabinetProgress& progress) {
+void pack_cabinet(File& source, std::string_view entry, File& cabinet,
+                  const CabinetProgress& progress) {
     progress(0);
     const std::string bytes = bytes_of(source);
     Packing packing{cabinet, progress, static_cast<i64>(bytes.size())};

@@ -277,6 +277,33 @@ TEST_F(RecipeImport, YesOverwritesTheRecipe) {
     EXPECT_EQ(read_whole_file(document_path(6)), "{\\rtf1 Stir.}");
 }
 
+// The recipe manager shows the recipe, with a text that cannot be written.
+class UnwritableText : public FakeMealbuilder {
+  public:
+    using FakeMealbuilder::FakeMealbuilder;
+    bool save_document() override { return false; }
+};
+
+TEST_F(RecipeImport, ATextOnTheScreenThatCannotBeSavedIsNotOverwritten) {
+    make_recipe(6, "Soup");
+    UnwritableText screen(platform.calls);
+    screen.recipe = 6;
+    user_is_asked_about_recipe(Answer::yes);
+    EXPECT_EQ(import(sugar), 0);
+    EXPECT_EQ(ingredient(6, 1), 0);
+    EXPECT_EQ(live_items(), 0);
+    EXPECT_EQ(message(), "soup.rpf was not imported: the text on the screen could not be saved.");
+}
+
+// The recipe that has such a text stays on show.
+TEST_F(RecipeImport, ARecipeThatCannotBeLeftStaysOnShow) {
+    make_recipe(6, "Bread");
+    UnwritableText screen(platform.calls);
+    screen.recipe = 6;
+    EXPECT_EQ(import(sugar), 1);
+    EXPECT_EQ(screen.recipe, 6);
+}
+
 TEST_F(RecipeImport, NoImportsUnderAnotherName) {
     make_recipe(6, "Soup");
     const MealRecord before = meals[6];

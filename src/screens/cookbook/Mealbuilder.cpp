@@ -27,7 +27,6 @@
 #include "screens/parts/screen_switch.h"
 #include "screens/parts/tab_order.h"
 #include "screens/parts/toolbar_parts.h"
-#include "transfer/recipe_exchange.h"
 #include "ui_Mealbuilder.h"
 
 namespace tavernook {
@@ -102,8 +101,9 @@ void Mealbuilder::set_up_commands() {
     on_command(ui_->Toolbar1_3, [this] { delete_marked(); });
     on_command(ui_->Toolbar1_4, [this] { refresh(); });
     connect(ui_->Toolbar1_5, &QAction::triggered, this, [this] { plan(sheet_.shown()); });
-    on_command(ui_->Toolbar1_6, [this] { import_chosen(); });
-    on_command(ui_->Toolbar1_7, [this] { export_shown(); });
+    auto* files = new RecipeFileCommands(*this, recipes_, sheet_);
+    on_command(ui_->Toolbar1_6, [files] { files->import_chosen(); });
+    on_command(ui_->Toolbar1_7, [files] { files->export_shown(); });
     on_keys(*this, QKeySequence::Refresh, [this] { ui_->Toolbar1_4->trigger(); });
     on_keys(*this, QKeySequence::Find, [this] { recipes_.find(); });
 }
@@ -127,11 +127,6 @@ void Mealbuilder::listen_to_panes() {
             [this] { run([] { boxes().message("Can't Change name of GENERAL Category"); }); });
     recipes_.set_menu({ui_->Toolbar1_1, ui_->Toolbar1_2, nullptr, recipes_.rename_action(),
                        ui_->Toolbar1_3, nullptr, ui_->Toolbar1_5});
-    connect(&recipes_, &RecipeListPane::files_dropped, this, &Mealbuilder::import_dropped,
-            Qt::QueuedConnection);
-    connect(
-        &recipes_, &RecipeListPane::link_dropped, this, [this] { run(refuse_link); },
-        Qt::QueuedConnection);
     connect(&sheet_, &RecipeSheet::command_wanted, this,
             [this](const Work& command) { run(command); });
     connect(&sheet_, &RecipeSheet::close_wanted, this, [this] { close_screen(*this); });
@@ -287,41 +282,6 @@ void Mealbuilder::plan(const RowRef& recipe) {
 
 void Mealbuilder::plan_marked() {
     plan(RowRef(Subject::recipes, recipes_.marked_leaf()));
-}
-
-void Mealbuilder::import_chosen() {
-    const RowRef catagory(Subject::catagories, recipes_.catagory_for_new());
-    if (const auto path = chosen_recipe_file()) import_file(*path, catagory.now());
-}
-
-// The text on the sheet is saved before another recipe takes its place.
-bool Mealbuilder::import_file(const std::string& path, i16 catagory) {
-    if (!save_document()) return false;
-    const i16 recipe = Import_RPF(path, catagory);
-    if (recipe != 0 && recipe == sheet_.recipe()) {
-        show_recipe(recipe);
-        recipes_.reveal(RecipeListPane::key_of_recipe(recipe));
-        mark_shown();
-    }
-    return recipe != 0;
-}
-
-// Each is a step of its own.
-void Mealbuilder::import_dropped(const QStringList& paths, i16 row) {
-    const RowRef catagory(Subject::catagories, row);
-    const QPointer<Mealbuilder> still_here(this);
-    QStringList left_out;
-    for (const QString& path : paths) {
-        bool is_in = false;
-        run([&] { is_in = import_file(path.toStdString(), catagory.now()); });
-        if (still_here.isNull()) return;
-        if (!is_in) left_out.append(path);
-    }
-    if (paths.size() > 1) tell_of_several(paths, left_out);
-}
-
-void Mealbuilder::export_shown() {
-    if (save_document()) Export_RPF(sheet_.recipe());
 }
 
 // --- the text --------------------------------------------------------------------------------

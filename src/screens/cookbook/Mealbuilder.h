@@ -99,11 +99,6 @@ class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdit
     void plan(const RowRef& recipe);
     void plan_marked();
 
-    void import_chosen();
-    bool import_file(const std::string& path, i16 catagory);
-    void import_dropped(const QStringList& paths, i16 row);
-    void export_shown();
-
     std::unique_ptr<Ui::Mealbuilder> ui_;
     RecipeListPane& recipes_;
     RecipeSheet& sheet_;

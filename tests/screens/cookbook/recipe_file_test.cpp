@@ -115,8 +115,7 @@ TEST_F(RecipeFiles, TheImportedRecipeComesInSight) {
 TEST_F(RecipeFiles, WhatIsWrittenIsSavedBeforeAnotherRecipeComes) {
     open();
     mark("1c");
-    document().setFocus();
-    type("Eat. ");
+    QTest::keyClicks(&document(), QStringLiteral("Eat. "));
     user_imports(put_soup("soup.rpf", "Soup"));
     EXPECT_EQ(pane_text(), "Stir.");
     EXPECT_NE(file_bytes("home000001.rtf").find("Eat. Bake."), std::string::npos);
@@ -125,8 +124,7 @@ TEST_F(RecipeFiles, WhatIsWrittenIsSavedBeforeAnotherRecipeComes) {
 TEST_F(RecipeFiles, OverwritingTheRecipeOnShowShowsTheNewText) {
     open();
     mark("1c");
-    document().setFocus();
-    type("Eat. ");
+    QTest::keyClicks(&document(), QStringLiteral("Eat. "));
     platform.boxes.expect_message(
         "This meal already exists in your project.\nPress YES to overwrite existing meal\nOr NO "
         "to import as different recipe\nOr CANCEL to cancel Import",
@@ -141,12 +139,12 @@ TEST_F(RecipeFiles, OverwritingTheRecipeOnShowShowsTheNewText) {
 
 TEST_F(RecipeFiles, ARecipeWithoutATextComesWithAnEmptyOne) {
     open();
+    mark("1c");
     user_imports(put_soup("soup.rpf", "Soup", ""));
     EXPECT_EQ(heading(), "Soup");
     EXPECT_EQ(pane_text(), "");
     EXPECT_FALSE(part<QWidget>("document_notice").isVisible());
-    document().setFocus();
-    type("Stir.");
+    QTest::keyClicks(&document(), QStringLiteral("Stir."));
     EXPECT_EQ(pane_text(), "Stir.");
 }
 
@@ -156,8 +154,7 @@ TEST_F(RecipeFiles, ExportIsOfTheRecipeOnShowWithWhatIsWritten) {
     EXPECT_TRUE(part<QAction>("Toolbar1_6").isEnabled());
     mark("1c");
     EXPECT_TRUE(part<QAction>("Toolbar1_7").isEnabled());
-    document().setFocus();
-    type("Eat. ");
+    QTest::keyClicks(&document(), QStringLiteral("Eat. "));
     platform.dialogs.expect_save("Save Recipe Portable Format", platform.path("w.rpf"));
     command("Toolbar1_7");
     const std::string bytes = read_whole_file(platform.path("w.rpf"));
@@ -185,7 +182,11 @@ TEST_F(RecipeFiles, TheImportBeginsBehindTheDrop) {
     open();
     QMimeData data;
     files(data, {put_soup("soup.rpf", "Soup")});
-    QDropEvent event(middle_of("5r"), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton, {});
+    const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
+    QDragEnterEvent enter(middle_of("5r"), offered, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(tree().viewport(), &enter);
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent event(middle_of("5r"), offered, &data, Qt::LeftButton, {});
     event.ignore();
     QCoreApplication::sendEvent(tree().viewport(), &event);
     EXPECT_EQ(event.dropAction(), Qt::CopyAction);

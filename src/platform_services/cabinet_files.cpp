@@ -1,3 +1,5 @@
+#include "platform_services/cabinet_files.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
@@ -10,7 +12,7 @@
 
 #include "basics/fault.h"
 #include "basics/text.h"
-#include "platform_services/cabinet_files.h"
+#include "platform_services/cabinet_packing.h"
 
 namespace tavernook {
 
@@ -205,6 +207,11 @@ class UnpackingThread : public Extraction {
 };
 
 }  // namespace
+
+void CabinetFiles::compress(File& source, std::string_view entry, File& cabinet,
+                            const CabinetProgress& progress) {
+    pack_cabinet(source, entry, cabinet, progress);
+}
 
 std::unique_ptr<Extraction> CabinetFiles::extract(std::unique_ptr<File> cabinet,
                                                   std::string_view entry,
