@@ -16,8 +16,6 @@ namespace tavernook {
 
 namespace {
 
-constexpr std::string_view lock_extension = ".lock";
-
 // A numbered name that is free, for a project and for what an interrupted save may leave of it.
 std::string free_numbered(const std::string& project) {
     for (int number = 2;; ++number) {
@@ -68,36 +66,6 @@ std::string words_of_aside(const std::string& project, const std::string& aside)
     if (aside.empty()) return {};
     return "  The " + shown_file_name(project) + " that was there before is now " +
            shown_file_name(aside) + ".";
-}
-
-bool is_same_file(const std::string& a, const std::string& b) {
-    const FileStamp stamp = files().stamp(a);
-    return a == b || (stamp.node != 0 && stamp == files().stamp(b));
-}
-
-bool belongs_to_a_project(const std::string& path) {
-    return has_ending(path, project_extension) || has_ending(path, lock_extension) ||
-           is_same_file(path, project_path);
-}
-
-std::string with_extension(const std::string& path, std::string_view extension) noexcept {
-    return has_ending(path, extension) ? path : path_with_ending(path, extension);
-}
-
-std::string objection_to_target(const std::string& chosen, const std::string& target,
-                                const std::string& nothing_done) {
-    const std::string name = shown_file_name(target);
-    if (belongs_to_a_project(chosen) || belongs_to_a_project(target)) {
-        return shown_file_name(chosen) + " is a project's own file; " + nothing_done +
-               ".  Choose another name.";
-    }
-    if (target != chosen && files().is_taken(target)) {
-        return name + " is there already; " + nothing_done + ".  Choose another name.";
-    }
-    if (files().is_write_protected(target)) {
-        return name + " is write-protected; " + nothing_done + ".";
-    }
-    return {};
 }
 
 }  // namespace tavernook

@@ -32,8 +32,8 @@ class ArrivingFile {
     // What `write` puts into it, flushed. It is open to those only to whom `bound` is.
     void write(const std::function<void(File&)>& write, const std::string& bound) const;
 
-    // In one step, on the disk when the folder is flushed. A file that is there goes, and what comes
-    // has its rights.
+    // In one step, on the disk when the folder is flushed. A file that is there goes, and what
+    // comes has its rights.
     void put_in_place() const;
 
   private:
@@ -62,22 +62,5 @@ std::string set_project_aside(const std::string& project);
 
 // "  The home.tvk that was there before is now home 2.tvk."; empty when nothing went aside.
 std::string words_of_aside(const std::string& project, const std::string& aside) noexcept;
-
-// Both paths lead to one file; also of a path that leads to none. Throws what the file layer
-// throws.
-bool is_same_file(const std::string& a, const std::string& b);
-
-// An export to that path would cost the open project's file, another project or what belongs to
-// one. Throws what the file layer throws.
-bool belongs_to_a_project(const std::string& path);
-
-// Where an export goes. The dialog gives a name that has a full stop no ending.
-std::string with_extension(const std::string& path, std::string_view extension) noexcept;
-
-// Why nothing is written there, ending in "; " + `nothing_done` ("nothing was packed") and how to
-// go on; empty when it can be. `chosen` is what the user agreed to replace. Throws what the file
-// layer throws.
-std::string objection_to_target(const std::string& chosen, const std::string& target,
-                                const std::string& nothing_done);
 
 }  // namespace tavernook

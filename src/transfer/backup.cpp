@@ -14,6 +14,8 @@
 #include "core/trap.h"
 #include "platform/platform.h"
 #include "transfer/arriving_project.h"
+#include "transfer/exchange_words.h"
+#include "transfer/export_target.h"
 #include "transfer/run_length.h"
 #include "transfer/work_progress.h"
 
@@ -27,10 +29,6 @@ constexpr std::string_view backup_extension = ".vzk";
 
 // The title bears it until the user saves the project under a name.
 constexpr const char* name_of_restored = "Restored.gif";
-
-void say(const std::string& sentence) {
-    main_window().set_status(message_panel, sentence);
-}
 
 std::string exact_copy_of(const std::string& backup) {
     return path_with_ending(backup, project_extension);

@@ -12,6 +12,8 @@
 #include "core/rows.h"
 #include "platform/platform.h"
 #include "transfer/arriving_project.h"
+#include "transfer/exchange_words.h"
+#include "transfer/export_target.h"
 #include "transfer/work_progress.h"
 
 namespace tavernook {
@@ -26,10 +28,6 @@ constexpr std::string_view item_columns =
     "Index,Catagory,Title,Quantity,Quantity Units Index,Quantity Units,Storage Time (Days),Entry "
     "Date,Stock Quantity,Restock Quantity,Cost/Unit ($),Store Index,Store Name,Serving "
     "Size,Serving Size Units Index,Serving Size Units,Servings/Quantity Units,Fat,Calories";
-
-void say(const std::string& sentence) {
-    main_window().set_status(message_panel, sentence);
-}
 
 // Rows of one width, as they go into the file.
 class Rows {
@@ -152,13 +150,11 @@ void export_rows(const std::string& target) {
 
 void ask_and_export() {
     if (project_open == 0) return;
-    const std::string chosen = files().behind_link(
+    const std::string target = export_target(
         file_dialogs().save_file({"Export to CSV", "Tavernook Files (*.csv)|*.csv",
-                                  in_program_folder(std::string("*").append(csv_extension))}));
-    const std::string target = with_extension(chosen, csv_extension);
-    const std::string refusal = objection_to_target(chosen, target, "nothing was exported");
-    if (!refusal.empty()) return say(refusal);
-    export_to_csv(target);
+                                  in_program_folder(std::string("*").append(csv_extension))}),
+        csv_extension, "nothing was exported");
+    if (!target.empty()) export_to_csv(target);
 }
 
 }  // namespace

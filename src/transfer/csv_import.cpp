@@ -20,6 +20,7 @@
 #include "platform/platform.h"
 #include "transfer/csv_lines.h"
 #include "transfer/exchange_status.h"
+#include "transfer/exchange_words.h"
 #include "transfer/import_tally.h"
 
 namespace tavernook {
@@ -308,10 +309,6 @@ i16 CsvImport::catagory(std::string_view name) {
     if (bears_it(catagory_capacity)) return catagory_capacity;
     ++lost_names_;
     return 1;
-}
-
-std::string counted(int count, const char* one, const char* many) {
-    return count == 1 ? std::string("1 ") + one : std::to_string(count) + " " + many;
 }
 
 // Rows behind those that the first line counts.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/project_data.h"
+#include "transfer/exchange_words.h"
 
 namespace tavernook {
 
@@ -16,10 +17,6 @@ int live_in(const Table<Record, N>& table) {
     int live = 0;
     for (int row = 1; row <= N; ++row) live += table[row].in_use != 0 ? 1 : 0;
     return live;
-}
-
-std::string counted(int count, const std::string& one, const std::string& many) {
-    return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
 // "a, b and c".
@@ -50,7 +47,7 @@ LiveCounts ImportTally::gained() const {
 std::string ImportTally::words() const {
     const LiveCounts came = gained();
     std::vector<std::string> parts;
-    const auto tell = [&](int count, const std::string& one, const std::string& many) {
+    const auto tell = [&](int count, const char* one, const char* many) {
         if (count > 0) parts.push_back(counted(count, one, many));
     };
     tell(came.items, "item", "items");

@@ -20,6 +20,8 @@
 #include "platform/platform.h"
 #include "transfer/csv_import.h"
 #include "transfer/exchange_status.h"
+#include "transfer/exchange_words.h"
+#include "transfer/export_target.h"
 #include "transfer/import_references.h"
 #include "transfer/import_tally.h"
 #include "transfer/inventory_file.h"
@@ -31,12 +33,8 @@ namespace {
 
 constexpr std::string_view inventory_extension = ".ipf";
 
-void say(const std::string& sentence) {
-    main_window().set_status(message_panel, sentence);
-}
-
 std::string counted_items(int count) {
-    return count == 1 ? "1 item" : std::to_string(count) + " items";
+    return counted(count, "item", "items");
 }
 
 // --- export --------------------------------------------------------------------------------------
@@ -206,7 +204,7 @@ void export_chosen() {
     const std::string chosen = file_dialogs().save_file(
         {"Inventory Export", "Inventory Export Files (*.ipf)|*.ipf", beside_project("*.ipf")});
     if (project_open == i16_false) return;
-    const std::string target = export_target(chosen, inventory_extension);
+    const std::string target = export_target(chosen, inventory_extension, "nothing was exported");
     if (!target.empty()) export_inventory(target);
 }
 

@@ -14,6 +14,7 @@
 #include "inventory/usage_files.h"
 #include "platform/platform.h"
 #include "shopping/shopping_list.h"
+#include "transfer/exchange_words.h"
 #include "transfer/import_tally.h"
 #include "transfer/kept_tables.h"
 #include "transfer/merge_sections.h"
@@ -26,10 +27,6 @@ std::string merge_path;
 namespace {
 
 constexpr const char* procedure = "mnuFile_ProjectMerge_Click";
-
-void say(const std::string& sentence) {
-    main_window().set_status(message_panel, sentence);
-}
 
 // What the front of a file holds, as the open project has it; back again at the end.
 class KeptFront {

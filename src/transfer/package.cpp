@@ -17,6 +17,8 @@
 #include "platform/platform.h"
 #include "recipes/documents.h"
 #include "transfer/arriving_project.h"
+#include "transfer/exchange_words.h"
+#include "transfer/export_target.h"
 #include "transfer/package_file.h"
 #include "transfer/work_progress.h"
 
@@ -29,10 +31,6 @@ constexpr const char* unpack_procedure = "projpack_unpack_click";
 constexpr const char* title = "Package Project";
 constexpr const char* question_title = "Unpack";
 constexpr std::string_view package_extension = ".vpk";
-
-void say(const std::string& sentence) {
-    main_window().set_status(message_panel, sentence);
-}
 
 FileDialogRequest package_dialog() {
     return {title, "Tavernook Package Files (*.vpk)|*.vpk", in_program_folder("*.vpk")};
@@ -114,11 +112,9 @@ void pack(const std::string& target) {
 
 void ask_and_pack() {
     if (project_open == 0) return;
-    const std::string chosen = files().behind_link(file_dialogs().save_file(package_dialog()));
-    const std::string target = with_extension(chosen, package_extension);
-    const std::string refusal = objection_to_target(chosen, target, "nothing was packed");
-    if (!refusal.empty()) return say(refusal);
-    pack_project(target);
+    const std::string target = export_target(file_dialogs().save_file(package_dialog()),
+                                             package_extension, "nothing was packed");
+    if (!target.empty()) pack_project(target);
 }
 
 // --- unpacking -----------------------------------------------------------------------------------

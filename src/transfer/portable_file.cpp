@@ -97,22 +97,4 @@ std::unique_ptr<File> unpacked_portable() {
     return files().open(portable_path(), OpenMode::read);
 }
 
-std::string export_target(const std::string& chosen, std::string_view extension) {
-    const std::string named = files().behind_link(chosen);
-    const std::string target =
-        has_ending(named, extension) ? named : path_with_ending(named, extension);
-    const auto refuse = [](const std::string& why) {
-        main_window().set_status(message_panel, why);
-        return std::string();
-    };
-    const std::string name = shown_file_name(target);
-    if (target != named && files().is_taken(target)) {
-        return refuse(name + " is there already; nothing was exported.  Choose another name.");
-    }
-    if (files().is_write_protected(target)) {
-        return refuse(name + " is write-protected; nothing was exported.");
-    }
-    return target;
-}
-
 }  // namespace tavernook

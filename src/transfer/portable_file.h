@@ -43,10 +43,4 @@ bool unpack_portable(const std::string& source, std::string_view watchdog_messag
 // The plain file that has been unpacked, to read. Throws what the file layer throws.
 std::unique_ptr<File> unpacked_portable();
 
-// Where an export goes for which the user has chosen that name: the extension (".rpf") is put
-// behind any other. Empty, with a sentence in the message panel, when nothing may be written there:
-// another file is there than the user agreed to replace, or it is write-protected. Throws what the
-// file layer throws.
-std::string export_target(const std::string& chosen, std::string_view extension);
-
 }  // namespace tavernook

@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "recipes/documents.h"
 #include "transfer/exchange_words.h"
+#include "transfer/export_target.h"
 #include "transfer/item_block.h"
 #include "transfer/portable_file.h"
 #include "transfer/recipe_exchange.h"
@@ -59,7 +60,8 @@ std::string chosen_target() {
     const std::string initial = folder_of(project_path) + "/*.rpf";
     const std::string chosen = file_dialogs().save_file(
         {"Save Recipe Portable Format", "Recipe Portable Format Files (*.rpf)|*.rpf", initial});
-    return chosen == initial ? std::string() : export_target(chosen, extension);
+    return chosen == initial ? std::string()
+                             : export_target(chosen, extension, "nothing was exported");
 }
 
 void export_to(const std::string& target, i16 slot) {

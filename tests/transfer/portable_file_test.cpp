@@ -139,24 +139,5 @@ TEST_F(PortableFile, ALinkInItsPlaceIsNotFollowed) {
     EXPECT_EQ(files_there(), Events{"soup.rpf"});
 }
 
-TEST_F(PortableFile, AnExportGoesToANameOfItsKind) {
-    EXPECT_EQ(export_target(target, ".rpf"), target);
-    EXPECT_EQ(export_target(platform.path("soup"), ".rpf"), target);
-    EXPECT_EQ(export_target(platform.path("home.tvk"), ".rpf"), platform.path("home.tvk.rpf"));
-    EXPECT_EQ(platform.main.status[message_panel], "");
-    write_whole_file(target, "of another recipe");
-    EXPECT_EQ(export_target(platform.path("soup"), ".rpf"), "");
-    EXPECT_EQ(platform.main.status[message_panel],
-              "soup.rpf is there already; nothing was exported.  Choose another name.");
-}
-
-TEST_F(PortableFile, AWriteProtectedTargetIsLeftAlone) {
-    write_whole_file(target, "kept");
-    std::filesystem::permissions(target, std::filesystem::perms::owner_read);
-    EXPECT_EQ(export_target(target, ".rpf"), "");
-    EXPECT_EQ(platform.main.status[message_panel],
-              "soup.rpf is write-protected; nothing was exported.");
-}
-
 }  // namespace
 }  // namespace tavernook

@@ -124,10 +124,11 @@ TEST_F(RecipeExport, ATextThatIsMissingIsTold) {
 
 TEST_F(RecipeExport, AnotherExtensionIsNoRecipeFile) {
     make_soup();
-    platform.dialogs.expect_save("Save Recipe Portable Format", project_path);
+    const std::string chosen = platform.path("soup 1.5");
+    platform.dialogs.expect_save("Save Recipe Portable Format", chosen);
     Export_RPF(4);
-    EXPECT_FALSE(platform.disk.exists(project_path));
-    EXPECT_TRUE(platform.disk.exists(project_path + ".rpf"));
+    EXPECT_FALSE(platform.disk.exists(chosen));
+    EXPECT_TRUE(platform.disk.exists(chosen + ".rpf"));
 }
 
 TEST_F(RecipeExport, ARecipeThatGoesMeanwhileIsNotExported) {
