@@ -13,6 +13,7 @@
 #include "kept_files.h"
 #include "platform/cabinets.h"
 #include "platform/platform.h"
+#include "recipes/documents.h"
 #include "silent_platform.h"
 #include "transfer/recipe_exchange.h"
 
