@@ -196,8 +196,8 @@ void write_recipe_seeds(const std::filesystem::path& folder) {
 // The first byte tells what is done with the rest (cabinet_fuzz.cpp).
 void write_cabinet_seeds(const std::filesystem::path& folder) {
     CabinetFiles cabinets;
-    for (const std::size_t size : {0, 1, 40'000}) {
-        MemoryFile source(std::string(size, 'A'));
+    for (const int size : {0, 1, 40'000}) {
+        MemoryFile source(std::string(static_cast<std::size_t>(size), 'A'));
         MemoryFile cabinet;
         cabinets.compress(source, "temppf.tmp", cabinet, [](int) {});
         write_seed(folder / ("unpack_" + std::to_string(size)), '\1' + cabinet.bytes);

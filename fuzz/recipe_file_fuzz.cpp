@@ -14,6 +14,7 @@
 #include "platform/cabinets.h"
 #include "platform/platform.h"
 #include "quiet_platform.h"
+#include "recipes/documents.h"
 #include "transfer/recipe_exchange.h"
 
 namespace tavernook {
