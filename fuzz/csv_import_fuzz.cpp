@@ -1,8 +1,7 @@
 // Items from a spreadsheet's text made of any bytes. A first byte below 8 tells how much room the
 // tables have for them; with any other the rows are read and no more, which is quick. Whatever the
 // text says: rows come out in their order and none twice, no live record is written over, what
-// refers to a row refers to a live one, and there is no box but that of the last slot. A second
-// reading of the same text gives the same rows.
+// refers to a row refers to a live one, and there is no box but that of the last slot.
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
