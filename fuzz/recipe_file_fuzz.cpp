@@ -69,12 +69,25 @@ PlainCabinets plain_cabinets;
 QuietPlatform silence;
 const std::string path = "/home/me/soup.rpf";
 
+// All that an import of one recipe can reach: whole tables would take most of the time.
+void forget_the_last() {
+    constexpr i16 reach = ingredient_places + 2;
+    for (i16 slot = 1; slot <= reach; ++slot) {
+        items[slot] = {};
+        item_details[slot] = {};
+    }
+    lots.clear();
+    for (i16 slot = 1; slot <= 2; ++slot) {
+        meals[slot] = {};
+        meal_documents[slot].clear();
+    }
+    for (UnitRecord& unit : units) unit = {};
+    for (StoreRecord& store : stores) store = {};
+    for (i16 row = 1; row <= 4 * reach; ++row) pooled_strings[row].clear();
+}
+
 void begin() {
-    reset_project_tables();
-    project_path = "/home/me/home.tvk";
-    recipes_folder = "/program/recipes/";
-    project_open = i16_true;
-    items[1] = {};
+    forget_the_last();
     items[1].name = "Sugar";
     items[1].in_use = 1;
     meals[1].name = "Soup";
@@ -107,6 +120,10 @@ void import(std::string_view input) {
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     using namespace tavernook;
+    reset_project_tables();
+    project_path = "/home/me/home.tvk";
+    recipes_folder = "/program/recipes/";
+    project_open = i16_true;
     Platform platform = silence.platform();
     platform.boxes = &answering_boxes;
     platform.files = &kept_files;
