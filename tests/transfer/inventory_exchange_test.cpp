@@ -3,6 +3,7 @@
 
 #include "core/catagories.h"
 #include "core/project_file/sequential_file.h"
+#include "support/damaged_household.h"
 #include "transfer/exchange_fixture.h"
 #include "transfer/import_tally.h"
 #include "transfer/inventory_bytes.h"
