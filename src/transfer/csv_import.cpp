@@ -41,7 +41,7 @@ std::string quoted(std::string_view field) {
     return "\"" + std::string(field.substr(0, most_shown)) + (is_long ? "...\"" : "\"");
 }
 
-// --- one row -----------------------------------------------------------------------------------
+// --- one row ------------------------------------------------------------------------------------
 
 // "5/11/2026", "2026-05-11", "11.05.2026", with or without a time behind; two digits of a year are
 // of this century.
@@ -159,7 +159,7 @@ std::string_view wrong_columns(const CsvRow& row) {
     return row.count == 1 ? "it has one column of the 38" : "";
 }
 
-// --- what the project has room for ---------------------------------------------------------------
+// --- what the project has room for --------------------------------------------------------------
 
 // Names of a table of units or stores, as items may use them: those of the table, and new ones as
 // long as it has free rows in front of the last two, which no name is looked for in.
@@ -196,7 +196,7 @@ class NamesWithRoom {
     int free_ = 0;
 };
 
-// --- the import ----------------------------------------------------------------------------------
+// --- the import ---------------------------------------------------------------------------------
 
 class CsvImport {
   public:

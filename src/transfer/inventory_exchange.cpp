@@ -37,7 +37,7 @@ std::string counted_items(int count) {
     return counted(count, "item", "items");
 }
 
-// --- export --------------------------------------------------------------------------------------
+// --- export -------------------------------------------------------------------------------------
 
 // Whether an item goes out that is live.
 using Choice = bool (*)(const ItemRecord& item);
@@ -80,7 +80,7 @@ std::string export_to(const std::string& target, Choice goes_out, ExchangeStatus
     return "The export failed: " + failure->description + "; " + name + " was not written.";
 }
 
-// --- import --------------------------------------------------------------------------------------
+// --- import -------------------------------------------------------------------------------------
 
 class InventoryImport {
   public:
@@ -184,7 +184,7 @@ std::string bring_in(const std::string& source, ExchangeStatus& status) {
     return import.outcome(shown_file_name(source));
 }
 
-// --- the commands --------------------------------------------------------------------------------
+// --- the commands -------------------------------------------------------------------------------
 
 std::string beside_project(std::string_view pattern) {
     return folder_of(project_path) + "/" + std::string(pattern);

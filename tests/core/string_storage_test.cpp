@@ -314,8 +314,7 @@ TEST_F(StringStorageTest, TheCountLeavesEmptyRowsOut) {
     show_string_count();
 }
 
-// --- with an index
-// ---------------------------------------------------------------------------------
+// --- with an index ------------------------------------------------------------------------------
 
 TEST_F(StringStorageTest, ThereIsRoomInFrontOfTheLastRowAndForWhatIsThere) {
     fill_rows(29998);

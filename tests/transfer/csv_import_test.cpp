@@ -295,8 +295,7 @@ TEST_F(CsvImportTest, UmlautsComeInRightFromAnySpreadsheet) {
     EXPECT_EQ(live_items(), 3);
 }
 
-// --- the tables of names
-// ---------------------------------------------------------------------------
+// --- the tables of names ------------------------------------------------------------------------
 
 TEST_F(CsvImportTest, CategoriesAreMatchedExactlyAndAmongThoseOfItemsOnly) {
     make_catagory(2, "Dairy", recipe_category_type);
@@ -396,8 +395,7 @@ TEST_F(CsvImportTest, TheLastSlotIsTakenWithTheBoxOfItsLimit) {
     EXPECT_EQ(live_items(), item_capacity);
 }
 
-// --- what ends it
-// ----------------------------------------------------------------------------------
+// --- what ends it -------------------------------------------------------------------------------
 
 TEST_F(CsvImportTest, ACancelledImportChangesNothing) {
     platform.import_form.cancel_at = "Imported item: Eggs";
@@ -441,8 +439,7 @@ TEST_F(CsvImportTest, WithoutTheItemScreenAllIsTheSame) {
     EXPECT_EQ(message(), "foods.csv: 1 item and 1 new category came in.");
 }
 
-// --- real foods
-// --------------------------------------------------------------------------------------
+// --- real foods ---------------------------------------------------------------------------------
 
 TEST_F(CsvImportTest, RealFoods) {
     import_csv(TAVERNOOK_TEST_DATA "/foods/foods_excerpt.csv");

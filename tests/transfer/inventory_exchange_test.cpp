@@ -3,6 +3,7 @@
 
 #include "core/catagories.h"
 #include "core/project_file/sequential_file.h"
+#include "support/damaged_household.h"
 #include "transfer/exchange_fixture.h"
 #include "transfer/import_tally.h"
 #include "transfer/inventory_bytes.h"
@@ -53,8 +54,7 @@ class InventoryExchange : public ExchangeTest {
     }
 };
 
-// --- out
-// -------------------------------------------------------------------------------------------
+// --- out ----------------------------------------------------------------------------------------
 
 TEST_F(InventoryExchange, AnExportLogsWhatItDoes) {
     make_item(3, "Milk");
@@ -169,8 +169,7 @@ TEST_F(InventoryExchange, AFailedExportIsToldInTheStatusWindow) {
     EXPECT_EQ(log().back(), "end");
 }
 
-// --- in
-// --------------------------------------------------------------------------------------------
+// --- in -----------------------------------------------------------------------------------------
 
 TEST_F(InventoryExchange, AnImportLogsWhatItDoesAndTellsWhatCameIn) {
     InventoryItemBytes flour;
@@ -327,8 +326,7 @@ TEST_F(InventoryExchange, TheLastSlotIsTakenWithTheBoxOfItsLimit) {
     EXPECT_EQ(name(item_capacity), "Sugar");
 }
 
-// --- what ends it
-// ----------------------------------------------------------------------------------
+// --- what ends it -------------------------------------------------------------------------------
 
 TEST_F(InventoryExchange, ACancelledImportChangesNothing) {
     InventoryItemBytes flour;
@@ -397,8 +395,18 @@ TEST_F(InventoryExchange, AFileWithoutItemsBringsNothing) {
     EXPECT_EQ(message(), "pantry.ipf: nothing came in.");
 }
 
-// --- the commands
-// ------------------------------------------------------------------------------------
+TEST_F(InventoryExchange, ADamagedHouseholdGoesOutAndItsItemsComeIn) {
+    fill_damaged_household();
+    const int out = live_items();
+    EXPECT_EQ(count_in(exported()), out);
+    reset_project_tables();
+    import_inventory(path);
+    EXPECT_GT(live_items(), 0);
+    EXPECT_EQ(last_line(), message());
+    EXPECT_EQ(message().find("could not"), std::string::npos);
+}
+
+// --- the commands -------------------------------------------------------------------------------
 
 TEST_F(InventoryExchange, TheImportGoesByTheEndingOfTheName) {
     const auto user_imports = [this](const std::string& chosen) {
