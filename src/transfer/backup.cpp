@@ -1,5 +1,6 @@
 #include "transfer/backup.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "basics/fault.h"
@@ -88,7 +89,9 @@ i64 length_of(const std::string& path) {
 std::string size_words(i64 bytes) {
     constexpr i64 kilo = 1'000;
     constexpr i64 tenth_of_mega = 100'000;
-    if (bytes < tenth_of_mega) return std::to_string((bytes + kilo - 1) / kilo) + " KB";
+    if (bytes < tenth_of_mega) {
+        return std::to_string(std::max<i64>((bytes + kilo / 2) / kilo, 1)) + " KB";
+    }
     const i64 tenths = (bytes + tenth_of_mega / 2) / tenth_of_mega;
     return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " MB";
 }

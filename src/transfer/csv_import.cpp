@@ -90,7 +90,7 @@ class FieldsOf {
     }
 
     Date date(std::size_t field, const char* what) {
-        Date date = platform_clock().now();
+        Date date = date_alone(platform_clock().now());
         const std::string_view typed = text(field);
         if (typed.empty()) return date;
         if (!tried([&] { date = date_of(typed); })) object(what, typed, "is no date as 5/31/2026");
@@ -222,6 +222,7 @@ class CsvImport {
     NamesWithRoom<decltype(units)> units_{units};
     NamesWithRoom<decltype(stores)> stores_{stores};
     int free_items_ = item_capacity - live_counts().items;
+    int taken_ = 0;  // rows, also those left out
     int lost_names_ = 0;
     LeftOut left_out_;
     int doubts_ = 0;
@@ -230,15 +231,17 @@ class CsvImport {
 
 void CsvImport::run(ExchangeStatus& status) {
     const int all = std::min(lines_.count(), most_rows);
-    for (int taken = 0; taken < all;) {
+    while (taken_ < all) {
         const std::optional<CsvRow> row = lines_.next();
         if (!row) break;
         if (row->is_blank()) continue;
         take(*row);
-        status.step(++taken, all);
+        status.step(++taken_, all);
     }
     const int unended = lines_.unended_line();
-    if (unended != 0) leave_out(unended, "no line end is behind it");
+    if (unended == 0) return;
+    leave_out(unended, "no line end is behind it");
+    ++taken_;
 }
 
 void CsvImport::take(const CsvRow& row) {
@@ -333,6 +336,10 @@ std::string CsvImport::outcome(const std::string& name) const {
         told += "; " + counted(doubts_, "row has a number", "rows have numbers") +
                 " that could not be read whole, " + (doubts_ > 1 ? "the first in " : "in ") +
                 first_doubt_;
+    }
+    if (taken_ < std::min(lines_.count(), most_rows)) {
+        told += "; the first line says " + std::to_string(lines_.count()) + ", but " +
+                counted(taken_, "row was", "rows were") + " found";
     }
     const int more = rows_not_read(lines_);
     if (more > 0) {

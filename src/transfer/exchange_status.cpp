@@ -25,6 +25,7 @@ std::string outcome_of(const std::string& source, const ImportWork& work, Exchan
     const KeptTables before;
     std::string outcome;
     if (trap([&] { outcome = work(status); }, [&](const Fault& fault) { failure = fault; })) {
+        status.complete();
         return outcome;
     }
     put_back(before);
@@ -53,6 +54,10 @@ void ExchangeStatus::step(i64 done, i64 all) {
     if (std::exchange(shown_, percent) == percent) return;
     import_form().workbar(percent);
     if (import_form().is_cancelled()) throw Fault(fault_number::cancel_was_selected);
+}
+
+void ExchangeStatus::complete() {
+    import_form().workbar(100);
 }
 
 void run_import(const std::string& source, const ImportWork& work) noexcept {

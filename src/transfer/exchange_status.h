@@ -24,6 +24,9 @@ class ExchangeStatus {
     // asks where the bar moves.
     void step(i64 done, i64 all);
 
+    // All is done, whatever was counted on the way.
+    void complete();
+
   private:
     int shown_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "transfer/export_target.h"
 
 #include "basics/file_names.h"
+#include "basics/text.h"
 #include "core/project/names_beside.h"
 #include "core/project_data.h"
 #include "platform/platform.h"
@@ -34,6 +35,10 @@ std::string objection_to_target(const std::string& chosen, const std::string& ta
     if (belongs_to_a_project(chosen) || belongs_to_a_project(target)) {
         return shown_file_name(chosen) + " is a project's own file; " + nothing_done +
                ".  Choose another name.";
+    }
+    if (!files().exists(folder_of(target))) {
+        return "The folder " + shown_file_name(folder_of(target)) + " is not there; " +
+               nothing_done + ".  Choose another place.";
     }
     if (target != chosen && files().is_taken(target)) {
         return name + " is there already; " + nothing_done + ".  Choose another name.";

@@ -74,7 +74,10 @@ std::string export_to(const std::string& target, Choice goes_out, ExchangeStatus
     const auto write = [&](File& file) { count = write_items(file, goes_out, status); };
     const bool is_written =
         trap([&] { pack_portable(target, write); }, [&](const Fault& fault) { failure = fault; });
-    if (is_written) return "Exported " + counted_items(count) + " to " + name + ".";
+    if (is_written) {
+        status.complete();
+        return "Exported " + counted_items(count) + " to " + name + ".";
+    }
     if (!failure) return "The export was cancelled; " + name + " was not written.";
     log_exchange_line("Error with Exporting Process " + failure->description);
     return "The export failed: " + failure->description + "; " + name + " was not written.";

@@ -9,6 +9,7 @@
 #include "core/project/audit.h"
 #include "core/project/names_beside.h"
 #include "core/project_data.h"
+#include "core/project_file/project_file_format.h"
 #include "core/project_file/project_file_reader.h"
 #include "core/project_settings.h"
 #include "inventory/usage_files.h"
@@ -72,8 +73,24 @@ int records_in_header() {
            project_header.stores.count + project_header.items.count + project_header.meals.count;
 }
 
-// The slots that items took. What they refer to is here; the settings are those of before.
-std::vector<i16> merge_tables(LeftOut& left_out) {
+// A save did not come to its end, or what it wrote last lies beyond the end of the file.
+bool ends_early(File& file) {
+    if (project_file::is_marked_in_writing(file)) return true;
+    if (file_version != project_file::current_file_version) return false;
+    const i32 slot = project_header.setup_position + project_file::setup_meal_servings_slot;
+    return project_file::read_position(file, slot) > file.length();
+}
+
+// What came of reading the file.
+struct Merged {
+    std::vector<i16> items;  // the slots that they took
+    LeftOut left_out;
+    bool is_cut = false;
+};
+
+// What items refer to is here; the settings are those of before.
+Merged merge_tables() {
+    Merged merged;
     WorkProgress progress("Merge Projects", "Merging Projects...Please Wait");
     main_window().set_status(activity_panel, "Merging Projects...");
     const auto file = files().open(merge_path, OpenMode::read);
@@ -82,15 +99,17 @@ std::vector<i16> merge_tables(LeftOut& left_out) {
     RecordProgress records(progress);
     records.expect(records_in_header());
     const EachRecord each_record = records.each();
-    MergedSections sections(*file, each_record, left_out);
+    merged.is_cut = ends_early(*file);
+    MergedSections sections(*file, each_record, merged.left_out);
     sections.read_catagories();
     sections.read_units();
     sections.read_stores();
     sections.read_items();
     sections.read_meals();
-    merge_wams(*file, left_out);
+    merge_wams(*file, merged.left_out);
     progress.step(100);
-    return sections.new_items();
+    merged.items = sections.new_items();
+    return merged;
 }
 
 void audit_if_wanted() {
@@ -103,13 +122,14 @@ void audit_if_wanted() {
 
 void merge() {
     const ImportTally tally;
-    LeftOut left_out;
+    const Merged merged = merge_tables();
     // Only now: a merge that is put back has taken no slot.
-    for (const i16 item : merge_tables(left_out)) begin_usage_history(item);
+    for (const i16 item : merged.items) begin_usage_history(item);
     const std::string words = tally.words();
     if (tally.gained() != LiveCounts{}) project_modified = i16_true;
     audit_if_wanted();
-    say("Merged from " + shown_file_name(merge_path) + ": " + words + left_out.words() + ".");
+    say("Merged from " + shown_file_name(merge_path) + ": " + words + merged.left_out.words() +
+        (merged.is_cut ? "; that file ends early, and what it lacks is not here" : "") + ".");
 }
 
 void tell_of(const Fault& fault) {

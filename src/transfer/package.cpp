@@ -86,7 +86,7 @@ void tell_of(const PackedTexts& result, const std::string& target) {
     std::string sentence =
         "Packed as " + shown_file_name(target) + ", with " + texts(result.packed);
     if (!result.missing.empty()) {
-        sentence += ";  " + texts(result.missing.size()) + " could not be found, the first is " +
+        sentence += "; " + texts(result.missing.size()) + " could not be found, the first is " +
                     result.missing.front();
     }
     say(sentence + ".");
@@ -131,7 +131,7 @@ std::string unpacked_path(const std::string& source) {
 bool may_be_written(const std::string& name, const std::string& path) {
     if (!files().exists(path)) return true;
     return boxes().message("File " + name + " Already Exists. Do you want to overwrite?",
-                           Buttons::yes_no, question_title) == Answer::yes;
+                           Buttons::yes_no, question_title, DefaultButton::no) == Answer::yes;
 }
 
 // One package on its way out of its file.
@@ -214,7 +214,7 @@ std::string Unpacking::words() const {
     if (is_placed_) {
         words = "Unpacked as " + shown_file_name(project_.target()) + ", with " + texts(placed_);
         if (kept_ > 0)
-            words += ";  " + texts(kept_) + (kept_ == 1 ? " stays" : " stay") + " as before";
+            words += "; " + texts(kept_) + (kept_ == 1 ? " stays" : " stay") + " as before";
         words += ".";
     } else {
         words = shown_file_name(source_) + " was not unpacked";

@@ -54,7 +54,7 @@ TEST_F(BackUp, ShowsHowFarItIs) {
                      "progress load Project Back-up|Compressing Project....Please Wait",
                      "progress offer cancel", "progress show", "progress bar 0", "progress bar 49",
                      "progress bar 99", "progress hide", "progress unload",
-                     "window status 1 Backed up as home.vzk, 1 KB of 33 KB."}));
+                     "window status 1 Backed up as home.vzk, 1 KB of 32 KB."}));
     EXPECT_EQ(platform.clock.waited, 1);
 }
 

@@ -117,7 +117,7 @@ TEST_F(CsvImportTest, EmptyFieldsAreFilled) {
         EXPECT_EQ(unit(item_details[1].*nutrient.unit), "na");
         EXPECT_EQ(item_details[1].*nutrient.value, 0);
     }
-    EXPECT_EQ(items[1].last_restock_date, present);
+    EXPECT_EQ(items[1].last_restock_date, date_alone(present));
     EXPECT_EQ(items[1].barcode.right_trimmed(), "empty");
     EXPECT_EQ(items[1].cost, 0);
     EXPECT_EQ(items[1].store, 0);
@@ -253,7 +253,7 @@ TEST_F(CsvImportTest, FewerLinesThanTheCountStopWhereTheTextEnds) {
     import("10\r\nHead\r\n" + Row("Milk").text());
     EXPECT_EQ(live_items(), 1);
     EXPECT_TRUE(is_logged("Importing 10 items."));
-    EXPECT_EQ(message(), "foods.csv: 1 item came in.");
+    EXPECT_EQ(message(), "foods.csv: 1 item came in; the first line says 10, but 1 row was found.");
 }
 
 TEST_F(CsvImportTest, MoreLinesThanTheCountAreToldAndNotRead) {
@@ -437,6 +437,40 @@ TEST_F(CsvImportTest, WithoutTheItemScreenAllIsTheSame) {
     import_row(Row("Milk").set(37, "Dairy"));
     EXPECT_EQ(live_items(), 1);
     EXPECT_EQ(message(), "foods.csv: 1 item and 1 new category came in.");
+}
+
+// --- as an office suite writes a sheet: a count with commas behind it, lone line feeds, an empty
+// row, doubled quotes, a line break in a cell ---
+
+TEST_F(CsvImportTest, ASheetOfAnOfficeSuite) {
+    for (const char* sheet : {"office_utf8.csv", "office_1252.csv"}) {
+        SCOPED_TRACE(sheet);
+        reset_project_tables();
+        import_csv(std::string(TAVERNOOK_TEST_DATA "/foods/") + sheet);
+        EXPECT_EQ(live_items(), 3);
+        EXPECT_EQ(name(1), "M\xFCsli, kernig");
+        EXPECT_EQ(text(item_details[1].manufacturer), "K\xF6hler");
+        EXPECT_EQ(text(item_details[1].brand), "\xD6ko");
+        EXPECT_EQ(text(item_details[1].description), "A \"\"real\"\" one");
+        EXPECT_EQ(text(item_details[1].notes), "soaked, overnight");
+        EXPECT_EQ(items[1].quantity, 2.5);
+        EXPECT_EQ(items[1].storage_time, 90);
+        EXPECT_EQ(items[1].last_restock_date, date_from_text("11/20/2026"));
+        EXPECT_EQ(items[1].cost, 4.5);
+        EXPECT_EQ(stores[items[1].store].name, "M\xE4rkte");
+        EXPECT_EQ(catagory(1),
+                  "Fr\xFChst\xFC"
+                  "ck");
+        EXPECT_EQ(text(items[1].locations), "Pantry,Shelf 2");
+        EXPECT_EQ(name(2),
+                  "Cr\xE8me fra\xEE"
+                  "che");
+        EXPECT_EQ(catagory(2), "Dairy");
+        EXPECT_EQ(items[2].last_restock_date, date_alone(platform.clock.now()));
+        EXPECT_EQ(name(3), "Bread");
+        EXPECT_EQ(text(item_details[3].notes), "crust\ninside");
+        EXPECT_EQ(catagory(3), "General");
+    }
 }
 
 // --- real foods ---------------------------------------------------------------------------------

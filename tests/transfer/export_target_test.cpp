@@ -59,6 +59,13 @@ TEST_F(ExportTarget, AProjectsOwnFilesStay) {
     EXPECT_EQ(target_of("household.rpf"), "");
 }
 
+TEST_F(ExportTarget, AFolderThatIsMissingIsNotMade) {
+    EXPECT_EQ(target_of("Fur Oma/soup"), "");
+    EXPECT_EQ(told(),
+              "The folder Fur Oma is not there; nothing was exported.  Choose another place.");
+    EXPECT_FALSE(platform.disk.exists(platform.path("Fur Oma")));
+}
+
 TEST_F(ExportTarget, BehindALinkIsTheFileItLeadsTo) {
     lay_down("real.rpf");
     std::filesystem::create_symlink(platform.path("real.rpf"), platform.path("link.rpf"));

@@ -1,4 +1,6 @@
 // The command "Merge Project".
+#include <filesystem>
+
 #include "inventory/lots.h"
 #include "support/generated_projects.h"
 #include "support/table_snapshot.h"
@@ -29,6 +31,16 @@ TEST_F(MergeProject, AsksForTheFileAndTellsWhatCame) {
     EXPECT_EQ(merge_path, cabin);
     EXPECT_EQ(project_modified, i16_true);
     expect_open(home, "home.tvk");
+}
+
+TEST_F(MergeProject, AFileThatEndsEarlyIsTold) {
+    put_cabin([] { put_item(5, "Milk"); });
+    std::filesystem::resize_file(cabin, std::filesystem::file_size(cabin) - 9000);
+    user_merges_cabin();
+    EXPECT_EQ(
+        message(),
+        "Merged from cabin.tvk: 1 item, 1 new store and 1 new category; that file ends early, "
+        "and what it lacks is not here.");
 }
 
 TEST_F(MergeProject, GoesInThisOrder) {

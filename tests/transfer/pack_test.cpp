@@ -142,7 +142,7 @@ TEST_F(PackProject, TextsThatAreMissingAreToldAndLeftOut) {
                 plainly_packed(read_whole_file(home), {{"soup.rtf", "Boil."}}));
     EXPECT_EQ(
         message(),
-        "Packed as trip.vpk, with 1 recipe text;  2 recipe texts could not be found, the first "
+        "Packed as trip.vpk, with 1 recipe text; 2 recipe texts could not be found, the first "
         "is gone.rtf.");
 }
 

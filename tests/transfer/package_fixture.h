@@ -34,7 +34,8 @@ class PackageTest : public BackupTest {
         return platform.boxes
             .expect_message("File " + name + " Already Exists. Do you want to overwrite?", answer)
             .title("Unpack")
-            .buttons(Buttons::yes_no);
+            .buttons(Buttons::yes_no)
+            .default_button(DefaultButton::no);
     }
 
     // A recipe with its text on the disk.

@@ -152,7 +152,7 @@ TEST_F(UnpackProject, AnExistingTextThatIsToStayIsWalkedOver) {
     EXPECT_EQ(text_of("soup.rtf"), "My own.");
     EXPECT_EQ(text_of("b.rtf"), "Bake.");
     EXPECT_EQ(message(),
-              "Unpacked as trip.tvk, with 1 recipe text;  1 recipe text stays as before.");
+              "Unpacked as trip.tvk, with 1 recipe text; 1 recipe text stays as before.");
 }
 
 TEST_F(UnpackProject, AnExistingTextIsOverwrittenWhereWanted) {

@@ -31,6 +31,7 @@ void ImportForm::begin(std::string_view caption) {
     setWindowTitle(shown_text(caption));
     waiting_.clear();
     ui_->List1->clear();
+    ui_->outcome->hide();
     ui_->bar->setValue(0);
     works_ = true;
     cancelled_ = false;
@@ -60,7 +61,9 @@ bool ImportForm::is_cancelled() {
 void ImportForm::end() {
     works_ = false;
     show_lines();
+    show_outcome();
     show_state();
+    activateWindow();  // a progress window that went has left the focus behind this one
     ui_->button->setFocus();
 }
 
@@ -76,6 +79,15 @@ void ImportForm::show_lines() {
     ui_->List1->addItems(waiting_);
     waiting_.clear();
     ui_->List1->setCurrentRow(ui_->List1->count() - 1);
+}
+
+// The list cuts long lines; the last one tells what came of it all.
+void ImportForm::show_outcome() {
+    const QListWidgetItem* last = ui_->List1->currentItem();
+    if (last == nullptr) return;
+    ui_->outcome->setText(last->text());
+    ui_->outcome->show();
+    ui_->button->setAccessibleDescription(last->text());
 }
 
 // Only this window hears the user: as a modal one it holds the others up.

@@ -38,6 +38,7 @@ class ImportForm : public QDialog, public ports::ImportForm {
 
   private:
     void show_lines();
+    void show_outcome();
     void breathe();
     void show_state();
 

@@ -4,7 +4,9 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLayout>
+#include <QPainter>
 #include <QStatusBar>
+#include <QStyle>
 
 #include "platform/main_window.h"
 #include "screens/parts/shown_text.h"
@@ -18,6 +20,23 @@ constexpr const char* longest_activity = "Opening Project...";
 QString line_name(std::size_t place) {
     return QStringLiteral("status_line_%1").arg(place + 1);
 }
+
+// However long a sentence is, the window stays as wide as it was: what does not fit ends in "...",
+// and the tip has all of it.
+class Sentence : public QLabel {
+  public:
+    explicit Sentence(QWidget* parent) : QLabel(parent) {
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), shown, foregroundRole());
+    }
+};
 
 void tell(QLabel& panel, QAccessible::Event what) {
     QAccessibleEvent event(&panel, what);
@@ -37,7 +56,7 @@ MainStatusBar::MainStatusBar(QStatusBar& bar) : bar_(bar) {
 }
 
 void MainStatusBar::add_panel(std::size_t place) {
-    auto* panel = new QLabel(&bar_);
+    QLabel* panel = place == 0 ? new Sentence(&bar_) : new QLabel(&bar_);
     panel->setObjectName(QStringLiteral("status_panel_%1").arg(place + 1));
     panel->setTextFormat(Qt::PlainText);
     panels_[place] = panel;
@@ -59,6 +78,7 @@ void MainStatusBar::set_text(int panel, std::string_view text) {
     if (panel == message_panel && !shown.isEmpty()) bar_.clearMessage();
     if (label.text() == shown) return;
     label.setText(shown);
+    if (panel == message_panel) label.setToolTip(shown);
     tell(label, QAccessible::NameChanged);
     if (panel == message_panel && !shown.isEmpty()) tell(label, QAccessible::Alert);
     // An empty panel needs no line before it.

@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
@@ -33,6 +34,21 @@ TEST_F(StatusWindow, TellsLineByLineWhatIsDone) {
     EXPECT_EQ(list().item(1)->text(), QStringLiteral("Importing Item Jam ä"));
     EXPECT_EQ(list().currentRow(), 1);
     EXPECT_EQ(window.findChild<QProgressBar*>("bar")->value(), 50);
+}
+
+TEST_F(StatusWindow, TheLastLineStandsWholeBehindTheWork) {
+    window.begin("Import Status");
+    const auto& outcome = *window.findChild<QLabel*>("outcome");
+    EXPECT_FALSE(outcome.isVisible());
+    window.add_line(
+        "foods.csv: 3 items came in; 1 row was left out, line 5: the cost is too large.");
+    window.end();
+    EXPECT_TRUE(outcome.isVisible());
+    EXPECT_TRUE(outcome.wordWrap());
+    EXPECT_EQ(outcome.text(), list().item(0)->text());
+    EXPECT_EQ(button().accessibleDescription(), outcome.text());
+    window.begin("Import Status");
+    EXPECT_FALSE(outcome.isVisible());
 }
 
 TEST_F(StatusWindow, WhatComesBehindTheWorkIsToldAtOnce) {

@@ -286,6 +286,18 @@ TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
     EXPECT_EQ(focused(), "start_sample");
 }
 
+TEST_F(MainWindow, ALongSentenceLeavesTheWindowAsWideAsItWas) {
+    start();
+    const int width = window.width();
+    const int least = window.minimumSizeHint().width();
+    const std::string sentence(400, 'w');
+    window.set_status(message_panel, sentence);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(window.width(), width);
+    EXPECT_EQ(window.minimumSizeHint().width(), least);
+    EXPECT_EQ(panel(message_panel), sentence);
+}
+
 TEST_F(MainWindow, TheStatusBarHasThreePanels) {
     EXPECT_EQ(panel(3), "Start-up");
     window.set_status(1, "Caf\xe9 opened");
