@@ -1,9 +1,12 @@
 #include "transfer/run_length.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <optional>
 #include <string>
 
+#include "basics/byte_codec.h"
 #include "basics/fault.h"
 #include "core/project_file/sequential_file.h"
 
@@ -72,6 +75,24 @@ std::size_t end_of_run(std::string_view bytes, std::size_t start) {
     return end;
 }
 
+// Where the blanks at its end begin; its size where there are none.
+std::size_t start_of_blank_tail(std::string_view block) {
+    return block.find_last_not_of(blank) + 1;
+}
+
+// The next run that is long enough for the table; the block's size where there is none. Of seven
+// equal bytes four stand together at every fourth place, so that only those are looked at.
+std::size_t next_long_run(std::string_view block, std::size_t from) {
+    for (std::size_t place = from; place + 4 <= block.size(); place += 4) {
+        const auto four = load_little_endian<std::uint32_t>(block.data() + place);
+        if (four != std::rotl(four, 8)) continue;
+        std::size_t start = place;
+        while (start > from && block[start - 1] == block[place]) --start;
+        if (end_of_run(block, place) - start >= shortest_run) return start;
+    }
+    return block.size();
+}
+
 class RunCoder {
   public:
     explicit RunCoder(const Outlet& outlet) : out_(outlet) {}
@@ -92,24 +113,23 @@ class RunCoder {
 
 void RunCoder::add_block(std::string_view block) {
     ++block_;
+    const std::size_t tail = start_of_blank_tail(block);
     std::size_t written = 0;
-    std::size_t end = 0;
-    for (std::size_t start = 0; start < block.size(); start = end) {
-        end = end_of_run(block, start);
-        const bool was_open = open_.has_value();
-        const bool stays_open = end == block.size() && block[start] == blank;
-        Run run = open_.value_or(Run{block_, start + 1, 1, block[start]});
-        open_.reset();
-        run.length += end - start - 1;
-        if (!was_open && !stays_open && run.length < shortest_run) continue;
+    std::size_t start = open_ ? 0 : std::min(next_long_run(block, 0), tail);
+    while (start < block.size()) {
+        const std::size_t end = end_of_run(block, start);
         out_.write(block.substr(written, start - written));
         written = end;
-        if (stays_open) {
+        Run run = open_.value_or(Run{block_, start + 1, 1, block[start]});
+        run.length += end - start - 1;
+        open_.reset();
+        if (end == block.size() && block[start] == blank) {
             ++run.length;
             open_ = run;
         } else {
             close(run);
         }
+        start = std::min(next_long_run(block, end), std::max(tail, end));
     }
     out_.write(block.substr(written));
 }

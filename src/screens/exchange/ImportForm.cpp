@@ -87,6 +87,8 @@ void ImportForm::show_outcome() {
     if (last == nullptr) return;
     ui_->outcome->setText(last->text());
     ui_->outcome->show();
+    layout()->activate();
+    ui_->List1->scrollToItem(last);
     ui_->button->setAccessibleDescription(last->text());
 }
 
