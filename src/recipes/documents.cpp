@@ -12,6 +12,7 @@
 #include "core/program_state.h"
 #include "core/project_data.h"
 #include "core/replace_file.h"
+#include "core/rows.h"
 #include "core/trap.h"
 #include "platform/platform.h"
 
@@ -274,12 +275,45 @@ StoredDocument stored_document(i16 slot) {
     return {DocumentKind::file, read_document(path), path};
 }
 
+namespace {
+
+// The recipes whose texts are being stored, each for the sake of the one before it.
+std::vector<i16> being_stored;
+
+class BeingStored {
+  public:
+    explicit BeingStored(i16 slot) { being_stored.push_back(slot); }
+    ~BeingStored() { being_stored.pop_back(); }
+    BeingStored(const BeingStored&) = delete;
+    BeingStored& operator=(const BeingStored&) = delete;
+};
+
+bool reads(i16 slot, const std::string& path) {
+    return is_live_row(meals, slot) && name_in_entry(meal_documents[slot]) &&
+           document_path(slot) == path;
+}
+
+// A merge keeps the entries of the other project, so that a recipe may read the file that belongs
+// to the slot of another one. It gets a file of its own before that is written.
+void hand_over_to_readers(const std::string& path) {
+    if (!files().exists(path)) return;
+    for (i16 slot = 1; slot <= meal_capacity; ++slot) {
+        const bool waits =
+            std::find(being_stored.begin(), being_stored.end(), slot) != being_stored.end();
+        if (!waits && reads(slot, path)) store_document(slot, read_document(path));
+    }
+}
+
+}  // namespace
+
 void store_document(i16 slot, std::string_view rich_text) {
     std::string& entry = entry_at(slot);
     require_readable_length(rich_text);
     const std::string path = new_document_path(slot);
     if (files().is_write_protected(path)) throw Fault(fault_number::permission_denied);
     make_folder();
+    const BeingStored this_one(slot);
+    hand_over_to_readers(path);
     keep_content_before(slot, path);
     if (!is_old_form(entry)) project_modified = i16_true;
     replace_document(path, rich_text);

@@ -133,7 +133,8 @@ i16 InventoryImport::existing(std::string_view name) const {
 
 void InventoryImport::take(ItemBlock& block) {
     ++taken_;
-    const std::string name(block.item.name.trimmed());
+    const std::string name = without_padding(block.item.name.stored());
+    block.item.name = name;
     log_exchange_line("Importing Item " + name);
     if (const i16 item = existing(name)) {
         ++used_;

@@ -1,6 +1,7 @@
 #include "transfer/item_block.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 #include "basics/fault.h"
@@ -101,6 +102,20 @@ void read_records(ByteReader& bytes, ItemBlock& block, BlockKind kind) {
     block.brand = read_text(bytes, brand_read);
 }
 
+// What is no number would make none of every sum that it comes into.
+void put_numbers_right(ItemBlock& block) {
+    const auto put_right = [](f64& number) {
+        if (!std::isfinite(number)) number = 0;
+    };
+    ItemRecord& item = block.item;
+    for (f64* number : {&item.quantity, &item.stock_quantity, &item.restock_quantity, &item.cost,
+                        &item.serving_size, &item.servings_per_qty_unit, &item.last_restock_date,
+                        &block.detail.created_date, &block.ingredient_qty}) {
+        put_right(*number);
+    }
+    for (const NutrientFields& nutrient : nutrient_fields) put_right(block.detail.*nutrient.value);
+}
+
 void read_names(ByteReader& bytes, ItemBlock& block, BlockKind kind) {
     block.qty_units = read_unit(bytes);
     block.store = read_unit(bytes);
@@ -162,6 +177,7 @@ i64 read_item_block(File& file, i64 position, ItemBlock& block, BlockKind kind) 
     const std::string names = read_exactly(file, position, names_size(kind));
     ByteReader behind(names);
     read_names(behind, block, kind);
+    put_numbers_right(block);
     return position + static_cast<i64>(names.size());
 }
 

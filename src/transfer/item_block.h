@@ -51,7 +51,8 @@ ItemBlock block_of_item(i16 item);
 i64 write_item_block(File& file, i64 position, const ItemBlock& block, BlockKind kind);
 
 // Returns the position behind the block. Fault 63 when the file does not have all of it, whatever
-// lengths it claims. Of a description and of notes 65,535 bytes are read.
+// lengths it claims. A figure that is no number counts as 0. Of a description and of notes 65,535
+// bytes are read.
 i64 read_item_block(File& file, i64 position, ItemBlock& block, BlockKind kind);
 
 }  // namespace tavernook

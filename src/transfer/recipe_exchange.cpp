@@ -157,7 +157,7 @@ void RecipeImport::run() {
     const i16 free_slot = find_free_meal();
     if (!unpack_for(free_slot)) return;
     head_ = read_recipe_head(*file_);
-    meals[free_slot].name = head_.name;
+    if (meals[free_slot].in_use == 0) meals[free_slot].name = head_.name;
     reason_ = "it was cancelled";
     if (!choose_target(free_slot)) return;
     reason_.clear();
@@ -208,6 +208,7 @@ bool RecipeImport::choose_new(i16 free_slot, const std::string& name) {
     const i16 slot = meals[free_slot].in_use == 0 ? free_slot : find_free_meal();
     if (meals[slot].in_use != 0) return end_for("there is no room for another recipe");
     meals[slot] = {};
+    meal_documents[slot].clear();  // of a recipe that was deleted
     meals[slot].name = name;
     meals[slot].in_use = 1;
     target_ = RowRef(Subject::recipes, slot);

@@ -83,6 +83,7 @@ bool RecipeFileCommands::import_file(const std::string& path, i16 catagory) {
 }
 
 void RecipeFileCommands::import_dropped(const QStringList& paths, i16 row) {
+    if (boxes().is_open()) return say(tr("Answer the question first, then drop the file again."));
     const RowRef catagory(Subject::catagories, row);
     const QPointer<Screen> still_here(&screen_);
     QStringList left_out;

@@ -1,8 +1,9 @@
 #include "screens/exchange/ImportForm.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <algorithm>
 
+#include "screens/parts/drops.h"
 #include "screens/parts/shown_text.h"
 #include "ui_ImportForm.h"
 
@@ -35,6 +36,7 @@ void ImportForm::begin(std::string_view caption) {
     ui_->bar->setValue(0);
     works_ = true;
     cancelled_ = false;
+    qApp->installEventFilter(this);
     show_state();
     show();
     raise();
@@ -60,6 +62,7 @@ bool ImportForm::is_cancelled() {
 
 void ImportForm::end() {
     works_ = false;
+    qApp->removeEventFilter(this);
     show_lines();
     show_outcome();
     show_state();
@@ -71,6 +74,13 @@ void ImportForm::reject() {
     if (!works_) return hide();
     cancelled_ = true;
     show_state();
+}
+
+// What is dropped reaches its window whatever is modal, and would begin work within this one.
+bool ImportForm::eventFilter(QObject* watched, QEvent* event) {
+    if (!is_drop(*event)) return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void ImportForm::show_lines() {

@@ -36,6 +36,8 @@ class ImportForm : public QDialog, public ports::ImportForm {
     // Escape and closing are the button.
     void reject() override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void show_lines();
     void show_outcome();

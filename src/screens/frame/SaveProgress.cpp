@@ -1,6 +1,6 @@
 #include "screens/frame/SaveProgress.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QProgressBar>
 #include <QThread>
@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/platform.h"
+#include "screens/parts/drops.h"
 #include "screens/parts/shown_text.h"
 #include "ui_SaveProgress.h"
 
@@ -33,6 +34,7 @@ SaveProgress::SaveProgress(QWidget* parent)
 SaveProgress::~SaveProgress() = default;
 
 void SaveProgress::load(std::string_view caption, std::string_view label) {
+    qApp->installEventFilter(this);
     running_ = true;
     can_cancel_ = false;
     cancelled_ = false;
@@ -66,6 +68,7 @@ void SaveProgress::offer_cancel() {
 }
 
 bool SaveProgress::is_cancelled() {
+    come_up_when_due();
     if (isVisible() && (!since_hearing_.isValid() || since_hearing_.hasExpired(hearing_ms))) {
         QCoreApplication::processEvents();
         since_hearing_.start();
@@ -86,7 +89,15 @@ void SaveProgress::hide() {
 
 void SaveProgress::unload() {
     hide();
+    qApp->removeEventFilter(this);
     running_ = false;
+}
+
+// What is dropped reaches its window whatever is modal, and would begin work within this one.
+bool SaveProgress::eventFilter(QObject* watched, QEvent* event) {
+    if (!is_drop(*event)) return QDialog::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void SaveProgress::come_up_when_due() {

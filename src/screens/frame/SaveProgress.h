@@ -42,6 +42,8 @@ class SaveProgress : public QDialog, public ports::SaveProgress {
     // The user cannot close it; where the work can be cancelled Escape does that.
     void reject() override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void come_up_when_due();
     void come_up();
