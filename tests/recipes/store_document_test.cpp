@@ -43,6 +43,29 @@ class StoreDocument : public DocumentsTest {
     }
 };
 
+// As a merge leaves them: each reads the file that belongs to the slot of another one.
+TEST_F(StoreDocument, ATextThatOthersReadIsTheirsBeforeItIsWrittenOver) {
+    const auto entry = [](i16 slot) { return "*vk14home00000" + std::to_string(slot) + ".rtf"; };
+    for (const i16 slot : {7, 8, 9}) {
+        meals[slot].in_use = 1;
+        platform.disk
+            .open(in_recipes("home00000" + std::to_string(slot) + ".rtf"), OpenMode::read_write)
+            ->write(0, "text of " + std::to_string(slot));
+    }
+    meal_documents[8] = entry(7);
+    meal_documents[9] = entry(8);
+    meal_documents[7] = entry(9);
+    store_document(7, "new");
+    EXPECT_EQ(stored_document(7).bytes, "new");
+    EXPECT_EQ(stored_document(8).bytes, "text of 7");
+    EXPECT_EQ(stored_document(9).bytes, "text of 8");
+    restore_documents();
+    for (const i16 slot : {7, 8, 9}) {
+        EXPECT_EQ(on_disk("home00000" + std::to_string(slot) + ".rtf"),
+                  "text of " + std::to_string(slot));
+    }
+}
+
 TEST_F(StoreDocument, WritesTheFileAndTheEntry) {
     store_document(soup, first_text);
     EXPECT_EQ(meal_documents[soup], soup_entry);
