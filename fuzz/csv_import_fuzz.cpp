@@ -11,6 +11,7 @@
 #include "core/rows.h"
 #include "kept_files.h"
 #include "platform/platform.h"
+#include "quiet_platform.h"
 #include "transfer/csv_import.h"
 #include "transfer/csv_lines.h"
 
@@ -23,19 +24,6 @@ void require(bool holds) {
     if (!holds) std::abort();
 }
 
-class FixedInfo : public SystemInfo {
-  public:
-    std::string program_folder() override { return "/program"; }
-    std::string settings_folder() override { return "/settings"; }
-    std::string short_date_format() override { return "M/d/yyyy"; }
-};
-
-class FixedClock : public Clock {
-  public:
-    Date now() override { return 46348.75; }
-    void wait_seconds(double) override {}
-};
-
 class QuietForm : public ports::ImportForm {
   public:
     void begin(std::string_view) override { ++open; }
@@ -47,31 +35,10 @@ class QuietForm : public ports::ImportForm {
     int open = 0;
 };
 
-class QuietMain : public ports::Main {
-  public:
-    void set_title(std::string_view) override {}
-    void set_status(int, std::string_view text) override { told = text; }
-    void set_toolbar_state(int) override {}
-    void enable_project_menus(bool) override {}
-    void set_toolbar_captions(bool) override {}
-    void set_recent_files(const std::vector<std::string>&) override {}
-    WindowGeometry geometry() override { return {}; }
-    void set_geometry(const WindowGeometry&) override {}
-    void start_timer_pair() override {}
-    void enable_timer(bool) override {}
-    void show_welcome_dialog() override {}
-    void unload() override {}
-    void end_program() override {}
-
-    std::string told;
-};
-
 KeptFiles kept_files;
 CountedBoxes counted_boxes;
-FixedInfo fixed_info;
-FixedClock fixed_clock;
 QuietForm quiet_form;
-QuietMain quiet_main;
+QuietPlatform quiet;
 
 template <typename Record, int N>
 void fill(Table<Record, N>& table, int free) {
@@ -115,7 +82,7 @@ void import(int room, const std::string& bytes) {
     kept_files.kept = {{path, bytes}};
     counted_boxes.shown = 0;
     import_csv(path);
-    require(quiet_form.open == 0 && !quiet_main.told.empty());
+    require(quiet_form.open == 0 && !quiet.main.status[message_panel].empty());
     require(kept_files.kept.at(path) == bytes);
     if (room % 4 != 1) {
         require_kept(items, free);
@@ -140,12 +107,11 @@ void import(int room, const std::string& bytes) {
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     using namespace tavernook;
-    set_platform({.clock = &fixed_clock,
-                  .boxes = &counted_boxes,
-                  .files = &kept_files,
-                  .system_info = &fixed_info,
-                  .main = &quiet_main,
-                  .import_form = &quiet_form});
+    Platform platform = quiet.platform();
+    platform.boxes = &counted_boxes;
+    platform.files = &kept_files;
+    platform.import_form = &quiet_form;
+    set_platform(platform);
     project_open = i16_true;
     return 0;
 }

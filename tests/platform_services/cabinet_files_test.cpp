@@ -189,7 +189,7 @@ TEST_F(CabinetFilesTest, CapitalsOfTheNameDoNotCount) {
 
 TEST_F(CabinetFilesTest, OnlyTheEntryItselfIsTaken) {
     for (const char* name :
-         {"..\\temppf.tmp", "/tmp/x", "\\temppf.tmp", "a\\temppf.tmp", "C:\\temppf.tmp",
+         {"..\\temppf.tmp", "/elsewhere/x", "\\temppf.tmp", "a\\temppf.tmp", "C:\\temppf.tmp",
           "../temppf.tmp", "temppf.tmp ", "temppf.tmpx", "other.txt", "temppf"}) {
         lies_there(plain_cabinet(name, "bread"));
         EXPECT_EQ(unpack(), fault_number::file_not_found) << name;
