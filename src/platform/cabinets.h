@@ -14,7 +14,7 @@ namespace tavernook {
 using CabinetProgress = std::function<void(int)>;
 
 // An unpacking in the background. It ends by itself; letting go of one that is still at work stops
-// it first, which takes a moment. Both files are closed then.
+// it first, which takes a moment. Both files are closed then, but for a target that was handed out.
 class Extraction {
   public:
     virtual ~Extraction() = default;
@@ -25,10 +25,10 @@ class Extraction {
     // Also when it has failed.
     virtual bool has_ended() noexcept = 0;
 
-    // Behind its end: throws what stopped it. 53 when the cabinet has no such entry, 63 for what is
-    // no cabinet or a damaged one, 7 for an entry longer than was allowed, and what the files
-    // throw.
-    virtual void finish() = 0;
+    // Behind its end, once: the target, whole. Throws what stopped it: 53 when the cabinet has no
+    // such entry, 63 for what is no cabinet or a damaged one, 7 for an entry that is longer, or
+    // lies further inside its cabinet, than was allowed, and what the files throw.
+    virtual std::unique_ptr<File> finish() = 0;
 };
 
 class Cabinets {
@@ -41,7 +41,7 @@ class Cabinets {
                           const CabinetProgress& progress) = 0;
 
     // Begins to unpack `entry`, capitals apart, into `target`, which is empty. Every other entry is
-    // passed over. Stops before more than `longest` bytes have come.
+    // passed over. Stops before more than `longest` bytes have come, passed over or not.
     virtual std::unique_ptr<Extraction> extract(std::unique_ptr<File> cabinet,
                                                 std::string_view entry,
                                                 std::unique_ptr<File> target, i64 longest) = 0;

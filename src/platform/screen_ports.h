@@ -67,6 +67,9 @@ class Mealbuilder {
     // Writes the document shown, when it was changed, to its file. False when that failed.
     virtual bool save_document() = 0;
 
+    // Its file has another content now: that is read, and what stood in the pane is gone.
+    virtual void reread_document() = 0;
+
     virtual void add_ingredient(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void set_ingredient_qty(i16 item, f64 quantity, i16 recipe) = 0;
     virtual void populate_tree() = 0;

@@ -27,11 +27,11 @@ class Unpacking : public mspack_system {
     Unpacking(std::unique_ptr<File> cabinet, std::string_view entry, std::unique_ptr<File> target,
               i64 longest);
 
-    // The whole of it. Both files are closed at its end, whatever becomes of it.
+    // The whole of it. The cabinet is closed at its end, whatever becomes of it.
     void run() noexcept;
 
-    // What stopped it; only behind its end.
-    const std::exception_ptr& failure() const noexcept { return failure_; }
+    // Only behind its end, once: the target, or what stopped it.
+    std::unique_ptr<File> result();
 
     // From any thread.
     void stop() noexcept { is_stopped_ = true; }
@@ -162,7 +162,8 @@ void Unpacking::unpack(mscab_decompressor& library) {
     require(opened ? MSPACK_ERR_OK : library.last_error(&library));
     mscabd_file* entry = entry_of(*opened);
     size_ = entry->length;
-    if (size_ > longest_) throw Fault(fault_number::out_of_memory);
+    const i64 unpacked_to_its_end = static_cast<i64>(entry->offset) + size_;
+    if (unpacked_to_its_end > longest_) throw Fault(fault_number::out_of_memory);
     require(library.extract(&library, entry, ""));
 }
 
@@ -177,8 +178,12 @@ void Unpacking::run() noexcept {
         failure_ = std::current_exception();
     }
     cabinet_.reset();
-    target_.reset();
     has_ended_ = true;
+}
+
+std::unique_ptr<File> Unpacking::result() {
+    if (failure_) std::rethrow_exception(failure_);
+    return std::move(target_);
 }
 
 class UnpackingThread : public Extraction {
@@ -196,9 +201,9 @@ class UnpackingThread : public Extraction {
 
     int percent() noexcept override { return unpacking_.percent(); }
     bool has_ended() noexcept override { return unpacking_.has_ended(); }
-    void finish() override {
+    std::unique_ptr<File> finish() override {
         if (thread_.joinable()) thread_.join();
-        if (unpacking_.failure()) std::rethrow_exception(unpacking_.failure());
+        return unpacking_.result();
     }
 
   private:

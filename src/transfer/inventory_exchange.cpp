@@ -171,10 +171,8 @@ std::string InventoryImport::outcome(const std::string& name) const {
 std::string bring_in(const std::string& source, ExchangeStatus& status) {
     log_exchange_line("Importing Inventory");
     const PortableFileRemoval removal;
-    if (!unpack_portable(source, "File extraction watchdog timer overflow.")) {
-        throw Fault(fault_number::cancel_was_selected);
-    }
-    const auto file = unpacked_portable();
+    const auto file = unpack_portable(source, "File extraction watchdog timer overflow.");
+    if (!file) throw Fault(fault_number::cancel_was_selected);
     InventoryFileReader reader(*file);
     InventoryImport import;
     project_modified = i16_true;

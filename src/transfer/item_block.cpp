@@ -102,18 +102,17 @@ void read_records(ByteReader& bytes, ItemBlock& block, BlockKind kind) {
     block.brand = read_text(bytes, brand_read);
 }
 
-// What is no number would make none of every sum that it comes into.
 void put_numbers_right(ItemBlock& block) {
-    const auto put_right = [](f64& number) {
-        if (!std::isfinite(number)) number = 0;
-    };
     ItemRecord& item = block.item;
     for (f64* number : {&item.quantity, &item.stock_quantity, &item.restock_quantity, &item.cost,
                         &item.serving_size, &item.servings_per_qty_unit, &item.last_restock_date,
                         &block.detail.created_date, &block.ingredient_qty}) {
-        put_right(*number);
+        *number = number_or_0(*number);
     }
-    for (const NutrientFields& nutrient : nutrient_fields) put_right(block.detail.*nutrient.value);
+    for (const NutrientFields& nutrient : nutrient_fields) {
+        f64& value = block.detail.*nutrient.value;
+        value = number_or_0(value);
+    }
 }
 
 void read_names(ByteReader& bytes, ItemBlock& block, BlockKind kind) {
@@ -130,6 +129,10 @@ void read_names(ByteReader& bytes, ItemBlock& block, BlockKind kind) {
 std::string without_padding(std::string_view text) noexcept {
     const std::size_t last = text.find_last_not_of(std::string_view(" \0", 2));
     return std::string(trim(text.substr(0, last == std::string_view::npos ? 0 : last + 1)));
+}
+
+f64 number_or_0(f64 figure) noexcept {
+    return std::isfinite(figure) ? figure : 0;
 }
 
 ItemBlock block_of_item(i16 item) {

@@ -43,6 +43,9 @@ struct ItemBlock {
 // A text of fixed width as it was meant: without the blanks around it and the NULs behind it.
 std::string without_padding(std::string_view text) noexcept;
 
+// A figure of a file: what is no number would make none of every sum that it comes into.
+f64 number_or_0(f64 figure) noexcept;
+
 // A blank one for a number that is no item's.
 ItemBlock block_of_item(i16 item);
 

@@ -196,11 +196,19 @@ void Unpacking::write_text(File& package, const PackedDocument& document,
     texts_.back()->write(copy, files().exists(path) ? path : source_);
 }
 
+// The text on show is another one now.
+void renew_screen(const std::string& replaced) {
+    ports::Mealbuilder* screen = mealbuilder();
+    if (screen == nullptr || screen->get_mealid() == 0) return;
+    if (is_same_file(replaced, document_path(screen->get_mealid()))) screen->reread_document();
+}
+
 void Unpacking::put_in_place() {
     for (const auto& text : texts_) {
         text->put_in_place();
         document_was_replaced(text->target());
         ++placed_;
+        renew_screen(text->target());
     }
     if (placed_ > 0) files().flush_folder(folder_of(texts_.front()->target()));
     aside_ = set_project_aside(project_.target());

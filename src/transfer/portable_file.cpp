@@ -38,10 +38,11 @@ int second_of_minute() {
     return time_from_date(platform_clock().now()).second;
 }
 
-void write_plain(const std::function<void(File&)>& write) {
-    const auto file = files().open(portable_path(), OpenMode::read_write);
+std::unique_ptr<File> written_plain(const std::function<void(File&)>& write) {
+    auto file = files().open(portable_path(), OpenMode::read_write);
     write(*file);
     if (file->length() > longest_portable_file) throw Fault(fault_number::overflow);
+    return file;
 }
 
 // False when the wait took too long.
@@ -69,15 +70,15 @@ PortableFileRemoval::~PortableFileRemoval() {
 
 void pack_portable(const std::string& target, const std::function<void(File&)>& write) {
     const PortableFileRemoval removal;
-    write_plain(write);
-    const auto plain = files().open(portable_path(), OpenMode::read);
+    const auto plain = written_plain(write);
     WorkProgress progress(caption, "Compressing Portable Format File");
     replace_file(target, [&](File& cabinet) {
         cabinets().compress(*plain, entry_name, cabinet, progress.steps());
     });
 }
 
-bool unpack_portable(const std::string& source, std::string_view watchdog_message) {
+std::unique_ptr<File> unpack_portable(const std::string& source,
+                                      std::string_view watchdog_message) {
     extract_done = i16_false;
     auto cabinet = files().open(source, OpenMode::read);
     remove_portable();
@@ -86,15 +87,11 @@ bool unpack_portable(const std::string& source, std::string_view watchdog_messag
                                                longest_portable_file);
     if (!wait_for(*extraction)) {
         boxes().message(watchdog_message);
-        return false;
+        return nullptr;
     }
-    extraction->finish();
+    auto plain = extraction->finish();
     extract_done = i16_true;
-    return true;
-}
-
-std::unique_ptr<File> unpacked_portable() {
-    return files().open(portable_path(), OpenMode::read);
+    return plain;
 }
 
 }  // namespace tavernook

@@ -34,13 +34,10 @@ class PortableFileRemoval {
 // 32755 when the user cancels; there is no new target then.
 void pack_portable(const std::string& target, const std::function<void(File&)>& write);
 
-// Unpacks `source`; the windows live meanwhile, and the user can cancel. True when it is all there.
-// Throws what the extraction of a cabinet throws (platform/cabinets.h), and Fault 32755 when the
-// user cancels. False when the wait took too long, told by a box of that message, which the clock
-// of the present rule never lets happen: it counts within a minute.
-bool unpack_portable(const std::string& source, std::string_view watchdog_message);
-
-// The plain file that has been unpacked, to read. Throws what the file layer throws.
-std::unique_ptr<File> unpacked_portable();
+// Unpacks `source`; the windows live meanwhile, and the user can cancel. The plain file, whole and
+// open. Throws what the extraction of a cabinet throws (platform/cabinets.h), and Fault 32755 when
+// the user cancels. None when the wait took too long, told by a box of that message, which the
+// clock of the present rule never lets happen: it counts within a minute.
+std::unique_ptr<File> unpack_portable(const std::string& source, std::string_view watchdog_message);
 
 }  // namespace tavernook

@@ -168,11 +168,9 @@ void RecipeImport::run() {
 bool RecipeImport::unpack_for(i16 free_slot) {
     if (meals[free_slot].in_use != 0) return end_for("there is no room for another recipe");
     reason_ = "it was cancelled";
-    if (!unpack_portable(path_, "rpf file extraction watchdog timer overflow.")) {
-        return end_for("it took too long");
-    }
+    file_ = unpack_portable(path_, "rpf file extraction watchdog timer overflow.");
+    if (!file_) return end_for("it took too long");
     project_modified = i16_true;
-    file_ = unpacked_portable();
     return true;
 }
 

@@ -65,7 +65,7 @@ RecipeHead read_recipe_head(File& file) {
     RecipeHead head;
     head.name = read_text(file, name_at, name_width);
     head.serving_unit = read_text(file, unit_at, unit_width);
-    head.serving_size = read_number<f64>(file, size_at);
+    head.serving_size = number_or_0(read_number<f64>(file, size_at));
     const auto count = read_number<i16>(file, count_at);
     if (count < 1 || count > ingredient_places + 1) throw Fault(fault_number::bad_record_number);
     head.ingredients = static_cast<i16>(count - 1);

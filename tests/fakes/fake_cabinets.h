@@ -40,6 +40,7 @@ class FakeCabinets : public Cabinets {
             running->fault = Fault(7);
         }
         if (!running->fault) target->write(0, std::string_view(bytes).substr(line.size()));
+        running->target = std::move(target);
         return running;
     }
 
@@ -68,11 +69,13 @@ class FakeCabinets : public Cabinets {
             if (owner_.meanwhile) owner_.meanwhile(step_);
             return false;
         }
-        void finish() override {
+        std::unique_ptr<File> finish() override {
             if (fault) throw *fault;
+            return std::move(target);
         }
 
         std::optional<Fault> fault;
+        std::unique_ptr<File> target;
 
       private:
         FakeCabinets& owner_;

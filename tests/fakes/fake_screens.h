@@ -83,6 +83,7 @@ class FakeMealbuilder : public ports::Mealbuilder {
         calls_.add("Mealbuilder save_document");
         return true;
     }
+    void reread_document() override { calls_.add("Mealbuilder reread_document"); }
     void add_ingredient(i16 item, f64 quantity, i16 into) override {
         calls_.add("Mealbuilder add_ingredient " + amount_in(item, quantity, into));
     }

@@ -31,8 +31,9 @@ std::string content(std::size_t size) {
     return bytes;
 }
 
-// A cabinet of one folder without compression, built by its layout.
-std::string plain_cabinet(const std::string& name, const std::string& bytes) {
+// A cabinet of one folder without compression, built by its layout. The entry is what comes behind
+// the first `offset` bytes.
+std::string plain_cabinet(const std::string& name, const std::string& bytes, int offset = 0) {
     const auto size = static_cast<std::uint32_t>(bytes.size());
     const std::uint32_t files_at = 36 + 8;
     const auto data_at = static_cast<std::uint32_t>(files_at + 16 + name.size() + 1);
@@ -46,7 +47,8 @@ std::string plain_cabinet(const std::string& name, const std::string& bytes) {
     out.write_bytes(std::string_view("\x03\x01", 2));
     u16_of(1), u16_of(1), u16_of(0), u16_of(7), u16_of(0);  // folders, files, flags, set, number
     u32(data_at), u16_of(1), u16_of(0);                     // one block, stored
-    u32(size), u32(0), u16_of(0), u16_of(0x5A21), u16_of(0x6000), u16_of(0x20);
+    const auto skipped = static_cast<std::uint32_t>(offset);
+    u32(size - skipped), u32(skipped), u16_of(0), u16_of(0x5A21), u16_of(0x6000), u16_of(0x20);
     out.write_bytes(name + std::string(1, '\0'));
     u32(0), u16_of(size), u16_of(size);  // no checksum
     out.write_bytes(bytes);
@@ -203,6 +205,24 @@ TEST_F(CabinetFilesTest, NothingComesOverTheBound) {
     EXPECT_EQ(unpack(1'000'000), 0);
     EXPECT_EQ(unpack(999'999), fault_number::out_of_memory);
     EXPECT_LE(unpacked().size(), 999'999u);
+}
+
+TEST_F(CabinetFilesTest, WhatIsPassedOverCountsForTheBound) {
+    lies_there(plain_cabinet("temppf.tmp", content(20000) + "bread", 20000));
+    EXPECT_EQ(unpack(20005), 0);
+    EXPECT_EQ(unpacked(), "bread");
+    EXPECT_EQ(unpack(20004), fault_number::out_of_memory);
+    EXPECT_EQ(unpacked(), "");
+}
+
+TEST_F(CabinetFilesTest, TheTargetIsHandedOutWhole) {
+    lies_there(plain_cabinet("temppf.tmp", "bread"));
+    const auto extraction = begin();
+    while (!extraction->has_ended()) continue;
+    const auto target = extraction->finish();
+    ASSERT_TRUE(target);
+    files.rename(path("out"), path("elsewhere"));
+    EXPECT_EQ(target->length(), 5);
 }
 
 TEST_F(CabinetFilesTest, WhatIsNoCabinetIsRefused) {

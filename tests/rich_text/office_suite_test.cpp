@@ -1,6 +1,5 @@
 // What an office suite makes of the files that the program writes. It starts slowly, so that all
 // files go through one start.
-#include <QStandardPaths>
 #include <vector>
 
 #include "fakes/temp_folder.h"
@@ -97,7 +96,7 @@ void insert_rest(QTextDocument& document, QTextCursor& cursor) {
 class OfficeSuite : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        program = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+        program = office_with_writer();
         if (program.isEmpty()) return;
         folder = new TempFolder;
         documents = new std::vector<std::unique_ptr<QTextDocument>>;
@@ -129,7 +128,7 @@ class OfficeSuite : public testing::Test {
         folder = nullptr;
     }
     void SetUp() override {
-        if (program.isEmpty()) GTEST_SKIP() << "soffice is not installed";
+        if (program.isEmpty()) GTEST_SKIP() << "no office suite with a word processor";
     }
 
     static QString folder_path() { return QString::fromStdString(folder->path()); }

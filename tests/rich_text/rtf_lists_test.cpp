@@ -1,7 +1,6 @@
 // Lists as several word processors write them, by hand after their shapes.
 #include "rich_text/rtf_lists.h"
 
-#include <QStandardPaths>
 #include <QTextCursor>
 #include <QTextList>
 
@@ -161,8 +160,8 @@ TEST(RtfLists, AreWrittenWithTheirTables) {
 }
 
 TEST(RtfLists, AnOfficeSuiteShowsTheSameNumbers) {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("soffice"));
-    if (program.isEmpty()) GTEST_SKIP() << "soffice is not installed";
+    const QString program = office_with_writer();
+    if (program.isEmpty()) GTEST_SKIP() << "no office suite with a word processor";
     QTextDocument document;
     read("{\\rtf1{\\listtext 1.\\tab}a\\par\\pard plain\\par{\\listtext 2.\\tab}b\\par}", document);
     const TempFolder folder;

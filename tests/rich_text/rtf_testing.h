@@ -1,6 +1,7 @@
 // What the tests of rich text share.
 #pragma once
 
+#include <QStandardPaths>
 #include <QString>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -39,6 +40,15 @@ inline std::string file_bytes(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file.good()) << path;
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The office suite's program, where it comes with its word processor; else empty. A suite without
+// one has the program too, and makes nothing of a text.
+inline QString office_with_writer() {
+    const auto found = [](const char* name) {
+        return QStandardPaths::findExecutable(QLatin1String(name));
+    };
+    return found("lowriter").isEmpty() ? QString() : found("soffice");
 }
 
 // The format of the piece of text that begins with `text`.

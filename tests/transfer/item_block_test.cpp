@@ -164,6 +164,22 @@ TEST_F(ItemBlockTest, AnImpossibleLengthIsTold) {
     }
 }
 
+TEST_F(ItemBlockTest, AFigureThatIsNoNumberCountsAsNone) {
+    for (const f64 figure : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        items[7].quantity = items[7].cost = figure;
+        items[7].stock_quantity = 3;
+        item_details[7].fat = item_details[7].created_date = figure;
+        write(BlockKind::inventory);
+        ItemBlock block;
+        read_item_block(file, start, block, BlockKind::inventory);
+        EXPECT_EQ(block.item.quantity, 0);
+        EXPECT_EQ(block.item.cost, 0);
+        EXPECT_EQ(block.item.stock_quantity, 3);
+        EXPECT_EQ(block.detail.fat, 0);
+        EXPECT_EQ(block.detail.created_date, 0);
+    }
+}
+
 TEST_F(ItemBlockTest, NumbersThatNameNothingTravelAsNothing) {
     items[7].qty_units = -5;
     items[7].store = 32000;

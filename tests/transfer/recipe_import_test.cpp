@@ -1,5 +1,6 @@
 // A recipe comes in.
 #include <algorithm>
+#include <cmath>
 
 #include "transfer/recipe_exchange_fixture.h"
 
@@ -176,6 +177,25 @@ TEST_F(RecipeImport, TakesTheFirstFreeSlotAndNothingOfWhatStoodThere) {
     EXPECT_EQ(import_bytes(recipe.bytes()), 2);
     EXPECT_EQ(ingredient(2, 4), 0);
     EXPECT_EQ(meals[2].serving_size_units, 0);
+}
+
+TEST_F(RecipeImport, TheTextOfADeletedRecipeIsNotThatOfTheNextOne) {
+    meal_documents[1] = "*vk14home000001.rtf";
+    RecipeBytes recipe;
+    platform.boxes.expect_message("Import_RPF63");
+    EXPECT_EQ(import_bytes(recipe.bytes().substr(0, recipe.tail())), 0);
+    EXPECT_EQ(meals[1].in_use, 1);
+    EXPECT_EQ(meal_documents[1], "");
+}
+
+TEST_F(RecipeImport, FiguresThatAreNoNumbersCountAsNone) {
+    RecipeBytes recipe;
+    recipe.serving_size = std::nan("");
+    recipe.ingredients = {sugar};
+    recipe.ingredients[0].quantity_in_recipe = HUGE_VAL;
+    EXPECT_EQ(import_bytes(recipe.bytes()), 1);
+    EXPECT_EQ(meal_serving_size[1], 0);
+    EXPECT_EQ(meals[1].ingredient_qty[1], 0);
 }
 
 TEST_F(RecipeImport, AFreshItemHasNoHistoryOfAnOlderOne) {

@@ -164,6 +164,26 @@ TEST_F(UnpackProject, AnExistingTextIsOverwrittenWhereWanted) {
     EXPECT_EQ(texts_there(), Steps{"soup.rtf"});
 }
 
+TEST_F(UnpackProject, OfTheTextsOnlyTheOneOnShowIsReadAgain) {
+    put_recipe(7, "*vk14soup.rtf", "soup.rtf", "My own.");
+    put_recipe(8, "*vk14tea.rtf", "tea.rtf", "My tea.");
+    FakeMealbuilder screen(platform.calls);
+    const auto times_read = [&] {
+        const auto& calls = platform.calls.entries;
+        return std::count(calls.begin(), calls.end(), "Mealbuilder reread_document");
+    };
+    put_package({{"soup.rtf", "Boil."}});
+    for (const i16 shown : {0, 8, 7}) {
+        screen.recipe = shown;
+        user_is_asked_about("soup.rtf", Answer::yes);
+        user_unpacks_and_stays();
+        EXPECT_EQ(times_read(), shown == 7 ? 1 : 0) << shown;
+    }
+    user_is_asked_about("soup.rtf", Answer::no);
+    user_unpacks_and_stays();
+    EXPECT_EQ(times_read(), 1);
+}
+
 TEST_F(UnpackProject, AWriteProtectedTextStays) {
     put_text("soup.rtf", "My own.");
     std::filesystem::permissions(in_recipes("soup.rtf"), std::filesystem::perms::owner_read);

@@ -78,9 +78,7 @@ void Mealbuilder::set_up_toolbar() {
                   {5, "meal_plan"},
                   {6, "import"},
                   {7, "export"}});
-    const int line = fontMetrics().height();
-    ui_->Toolbar1->setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    ui_->Toolbar1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    show_captions(*ui_->Toolbar1);
 }
 
 // As one reads: commands, list, sheet.
@@ -135,9 +133,8 @@ void Mealbuilder::listen_to_panes() {
 void Mealbuilder::update_commands() {
     const i16 recipe = sheet_.recipe();
     ui_->Toolbar1_3->setEnabled(recipes_.is_anything_marked());
-    ui_->Toolbar1_4->setEnabled(recipe != 0);
-    ui_->Toolbar1_5->setEnabled(recipe != 0);
-    ui_->Toolbar1_7->setEnabled(recipe != 0);
+    for (QAction* one : {ui_->Toolbar1_4, ui_->Toolbar1_5, ui_->Toolbar1_7})
+        one->setEnabled(recipe != 0);
     recipes_.set_on_show(RecipeListPane::key_of_recipe(recipe));
     sheet_.fit_to_recipe();
 }
@@ -314,6 +311,10 @@ void Mealbuilder::AddMealInfo() {
 
 bool Mealbuilder::save_document() {
     return sheet_.save();
+}
+
+void Mealbuilder::reread_document() {
+    sheet_.reread_text();
 }
 
 bool Mealbuilder::settle_edits() {

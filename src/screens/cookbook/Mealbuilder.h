@@ -57,6 +57,7 @@ class Mealbuilder : public Screen, public ports::Mealbuilder, public UnsavedEdit
     void set_meal(i16 recipe) override;
     void set_return(i16 mode) override;
     bool save_document() override;
+    void reread_document() override;
     void add_ingredient(i16 item, f64 quantity, i16 recipe) override;
     void set_ingredient_qty(i16 item, f64 quantity, i16 recipe) override;
     void populate_tree() override;

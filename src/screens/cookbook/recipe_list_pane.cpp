@@ -33,11 +33,13 @@ std::vector<TreeLeaf> live_recipes() {
     return found;
 }
 
-QStringList recipe_files(const QMimeData& data) {
+// But for projects, which the main window opens.
+QStringList dropped_files(const QMimeData& data) {
     QStringList paths;
     for (const QUrl& url : data.urls()) {
         const QString path = url.isLocalFile() ? url.toLocalFile() : QString();
-        if (path.endsWith(QLatin1String(".rpf"), Qt::CaseInsensitive)) paths.append(path);
+        const bool is_project = path.endsWith(QLatin1String(".tvk"), Qt::CaseInsensitive);
+        if (!path.isEmpty() && !is_project) paths.append(path);
     }
     return paths;
 }
@@ -47,7 +49,7 @@ bool is_link(const QMimeData& data) {
 }
 
 bool takes_drop(const QMimeData& data) {
-    return is_link(data) || !recipe_files(data).isEmpty();
+    return is_link(data) || !dropped_files(data).isEmpty();
 }
 
 }  // namespace
@@ -102,7 +104,7 @@ QString RecipeListPane::key_around_marked() const {
 
 void RecipeListPane::take_drop(const QMimeData& data, i16 catagory) {
     if (is_link(data)) return Q_EMIT link_dropped();
-    Q_EMIT files_dropped(recipe_files(data), catagory);
+    Q_EMIT files_dropped(dropped_files(data), catagory);
 }
 
 // A file that is taken is copied, whatever the file manager proposes: one that is moved would go.

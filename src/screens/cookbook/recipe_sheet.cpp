@@ -229,6 +229,10 @@ bool RecipeSheet::load_text(i16 slot) {
     return document_.load(slot);
 }
 
+void RecipeSheet::reread_text() {
+    if (recipe() != 0) load_text(recipe());
+}
+
 bool RecipeSheet::save_text(i16 slot) {
     if (!holds_text()) return false;
     const bool is_saved = document_.save(slot);

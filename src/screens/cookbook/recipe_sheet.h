@@ -70,6 +70,7 @@ class RecipeSheet : public QWidget {
     // The same for the pieces. A text that cannot be loaded leaves the pane as it was, and a pane
     // that does not hold the recipe's text is never saved.
     bool load_text(i16 slot);
+    void reread_text();  // what stood there goes
     bool save_text(i16 slot);
     bool save_backup(i16 slot);
 

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <algorithm>
 
-#include "screens/parts/drops.h"
 #include "screens/parts/shown_text.h"
 #include "ui_ImportForm.h"
 
@@ -36,7 +35,7 @@ void ImportForm::begin(std::string_view caption) {
     ui_->bar->setValue(0);
     works_ = true;
     cancelled_ = false;
-    qApp->installEventFilter(this);
+    drops_refused_.emplace();
     show_state();
     show();
     raise();
@@ -62,7 +61,7 @@ bool ImportForm::is_cancelled() {
 
 void ImportForm::end() {
     works_ = false;
-    qApp->removeEventFilter(this);
+    drops_refused_.reset();
     show_lines();
     show_outcome();
     show_state();
@@ -74,13 +73,6 @@ void ImportForm::reject() {
     if (!works_) return hide();
     cancelled_ = true;
     show_state();
-}
-
-// What is dropped reaches its window whatever is modal, and would begin work within this one.
-bool ImportForm::eventFilter(QObject* watched, QEvent* event) {
-    if (!is_drop(*event)) return QDialog::eventFilter(watched, event);
-    event->ignore();
-    return true;
 }
 
 void ImportForm::show_lines() {

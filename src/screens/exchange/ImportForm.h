@@ -8,9 +8,11 @@
 #include <QStringList>
 #include <QTimer>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "platform/screen_ports.h"
+#include "screens/parts/drops.h"
 
 namespace tavernook {
 
@@ -36,8 +38,6 @@ class ImportForm : public QDialog, public ports::ImportForm {
     // Escape and closing are the button.
     void reject() override;
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     void show_lines();
     void show_outcome();
@@ -45,6 +45,7 @@ class ImportForm : public QDialog, public ports::ImportForm {
     void show_state();
 
     std::unique_ptr<Ui::ImportForm> ui_;
+    std::optional<DropsRefused> drops_refused_;  // while it works
     QStringList waiting_;
     QTimer show_later_;
     QElapsedTimer since_lines_;

@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "platform/platform.h"
-#include "screens/parts/drops.h"
 #include "screens/parts/shown_text.h"
 #include "ui_SaveProgress.h"
 
@@ -34,7 +33,7 @@ SaveProgress::SaveProgress(QWidget* parent)
 SaveProgress::~SaveProgress() = default;
 
 void SaveProgress::load(std::string_view caption, std::string_view label) {
-    qApp->installEventFilter(this);
+    drops_refused_.emplace();
     running_ = true;
     can_cancel_ = false;
     cancelled_ = false;
@@ -89,15 +88,8 @@ void SaveProgress::hide() {
 
 void SaveProgress::unload() {
     hide();
-    qApp->removeEventFilter(this);
+    drops_refused_.reset();
     running_ = false;
-}
-
-// What is dropped reaches its window whatever is modal, and would begin work within this one.
-bool SaveProgress::eventFilter(QObject* watched, QEvent* event) {
-    if (!is_drop(*event)) return QDialog::eventFilter(watched, event);
-    event->ignore();
-    return true;
 }
 
 void SaveProgress::come_up_when_due() {

@@ -10,6 +10,7 @@
 
 #include "basics/date.h"
 #include "platform/save_progress.h"
+#include "screens/parts/drops.h"
 
 namespace tavernook {
 
@@ -42,14 +43,13 @@ class SaveProgress : public QDialog, public ports::SaveProgress {
     // The user cannot close it; where the work can be cancelled Escape does that.
     void reject() override;
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     void come_up_when_due();
     void come_up();
     void paint_now();
 
     std::unique_ptr<Ui::SaveProgress> ui_;
+    std::optional<DropsRefused> drops_refused_;  // while the work is running
     std::optional<Date> wanted_since_;
     QElapsedTimer since_hearing_;
     bool running_ = false;

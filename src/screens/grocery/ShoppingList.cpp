@@ -108,9 +108,7 @@ ShoppingList::~ShoppingList() {
 
 void ShoppingList::set_up_toolbar() {
     QToolBar& bar = *ui_->list_toolbar;
-    const int line = fontMetrics().height();
-    bar.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    show_captions(bar);
     fill_toolbar(*this, bar,
                  {{1, "new_item"}, {2, "print"}, {3, "save"}, {4, "open"}, {5, "put_in_stock"}});
     enlarge_command(bar, *ui_->list_toolbar_5);

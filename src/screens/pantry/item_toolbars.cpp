@@ -40,9 +40,8 @@ void dress_item_toolbars(QWidget& screen, QToolBar& commands, QToolBar& accept) 
                   {10, "usage"},
                   {11, "label"}});
     fill_toolbar(screen, accept, {{1, "accept"}});
+    show_captions(commands);
     const int line = screen.fontMetrics().height();
-    commands.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    commands.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     accept.setIconSize(QSize(line * 2, line * 2));
     accept.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     dress_accept(accept);

@@ -31,6 +31,12 @@ void fill_toolbar(QWidget& screen, QToolBar& bar,
     }
 }
 
+void show_captions(QToolBar& bar) {
+    const int line = bar.fontMetrics().height();
+    bar.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
+    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+}
+
 void enlarge_command(QToolBar& bar, QAction& action) {
     auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(&action));
     button->setAutoRaise(false);

@@ -15,6 +15,9 @@ namespace tavernook {
 void fill_toolbar(QWidget& screen, QToolBar& bar,
                   const std::vector<std::pair<int, const char*>>& icons);
 
+// Large pictures, each with its words below.
+void show_captions(QToolBar& bar);
+
 // The most frequent command of a screen: larger than the others, its text beside the icon.
 void enlarge_command(QToolBar& bar, QAction& action);
 

@@ -82,9 +82,7 @@ Reports::~Reports() {
 
 void Reports::set_up_toolbar() {
     QToolBar& bar = *ui_->report_toolbar;
-    const int line = fontMetrics().height();
-    bar.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    show_captions(bar);
     fill_toolbar(*this, bar, {{1, "run"}, {2, "print"}, {3, "save"}, {4, nullptr}, {5, "usage"}});
     on_command(ui_->report_toolbar_1, [this] { run_report(); });
     on_command(ui_->report_toolbar_2, [this] { print_preview(); });

@@ -86,9 +86,7 @@ CS1504GETUPC::~CS1504GETUPC() {
 
 void CS1504GETUPC::set_up_toolbar() {
     QToolBar& bar = *ui_->scan_toolbar;
-    const int line = fontMetrics().height();
-    bar.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    show_captions(bar);
     fill_toolbar(*this, bar,
                  {{1, "scan_list"},
                   {2, "delete"},

@@ -1,5 +1,6 @@
 // Recipe files come into the recipe manager, from its toolbar and by a drop, and go out of it.
 #include <QUrl>
+#include <filesystem>
 
 #include "recipes/documents.h"
 #include "screens/cookbook/mealbuilder_fixture.h"
@@ -199,12 +200,13 @@ TEST_F(RecipeFiles, SeveralFilesComeOneAfterTheOther) {
     open();
     write_whole_file(platform.path("x.rpf"), "no cabinet");
     platform.boxes.expect_message("Import_RPF63");
+    platform.boxes.expect_message("Import_RPF53");
     EXPECT_TRUE(
         drop_files(middle_of("5r"), {put_soup("soup.rpf", "Soup"), platform.path("x.rpf"),
                                      put_soup("tea.rpf", "Tea"), platform.path("note.txt")}));
     EXPECT_EQ(rows(), "[General [Soups Soup Tea Waffles ] ] ");
     EXPECT_EQ(heading(), "Tea");
-    EXPECT_EQ(hint(), "2 of 3 recipes were imported. Not, or not whole: x.rpf.");
+    EXPECT_EQ(hint(), "2 of 4 recipes were imported. Not, or not whole: x.rpf, note.txt.");
 }
 
 TEST_F(RecipeFiles, WhatComesFromTheWebIsRefused) {
@@ -220,8 +222,46 @@ TEST_F(RecipeFiles, WhatComesFromTheWebIsRefused) {
     EXPECT_EQ(meals[2].in_use, 0);
 }
 
+// What a browser or a mail program has saved may have lost the ending of its name.
+TEST_F(RecipeFiles, AFileOfAnyNameIsTried) {
+    open();
+    EXPECT_TRUE(drop_files(middle_of("5r"), {put_soup("soup.rpf.txt", "Soup")}));
+    EXPECT_EQ(heading(), "Soup");
+    std::filesystem::create_directory(platform.path("folder"));
+    platform.boxes.expect_message("Import_RPF75");
+    EXPECT_TRUE(drop_files(middle_of("5r"), {platform.path("folder")}));
+    EXPECT_EQ(heading(), "Soup");
+}
+
+TEST_F(RecipeFiles, AFileDroppedWhileAQuestionIsOpenIsRefused) {
+    open();
+    const std::string soup = put_soup("soup.rpf", "Soup");
+    platform.boxes.expect_message("Which one?").during([&] {
+        drop_files(middle_of("5r"), {soup});
+    });
+    boxes().message("Which one?");
+    settle();
+    EXPECT_EQ(hint(), "Answer the question first, then drop the file again.");
+    EXPECT_EQ(meals[2].in_use, 0);
+}
+
+// Somebody else has replaced its file.
+TEST_F(RecipeFiles, ATextThatWasReplacedIsReadAgainAndNotWrittenBack) {
+    open();
+    mark("1c");
+    QTest::keyClicks(&document(), QStringLiteral("Eat. "));
+    put_file("home000001.rtf", "{\\rtf1 Simmer.}");
+    mealbuilder()->reread_document();
+    EXPECT_EQ(pane_text(), "Simmer.");
+    EXPECT_TRUE(mealbuilder()->save_document());
+    EXPECT_EQ(file_bytes("home000001.rtf"), "{\\rtf1 Simmer.}");
+    QTest::keyClicks(&document(), QStringLiteral("Now: "));
+    EXPECT_TRUE(mealbuilder()->save_document());
+    EXPECT_NE(file_bytes("home000001.rtf").find("Now: Simmer."), std::string::npos);
+}
+
 // A project dragged over the tree is taken by the main window.
-TEST_F(RecipeFiles, OtherFilesAreLeftToTheWindow) {
+TEST_F(RecipeFiles, ProjectsAreLeftToTheWindow) {
     open();
     const auto is_taken = [&](QWidget& over, const char* name) {
         QMimeData data;
@@ -236,7 +276,7 @@ TEST_F(RecipeFiles, OtherFilesAreLeftToTheWindow) {
     QWidget& rows = *tree().viewport();
     EXPECT_TRUE(is_taken(rows, "soup.rpf"));
     EXPECT_TRUE(is_taken(rows, "cabin.tvk"));
-    EXPECT_FALSE(is_taken(rows, "note.txt"));
+    EXPECT_TRUE(is_taken(rows, "note.txt"));
     EXPECT_TRUE(is_taken(window, "cabin.tvk"));
     EXPECT_FALSE(is_taken(window, "soup.rpf"));
 }

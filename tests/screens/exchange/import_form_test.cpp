@@ -5,6 +5,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include "gui_support/drop_target.h"
 #include "gui_support/waiting.h"
 #include "gui_support/warning_guard.h"
 #include "screens/exchange/ImportForm.h"
@@ -106,6 +107,15 @@ TEST_F(StatusWindow, BeginsAnew) {
     window.end();
     ASSERT_EQ(list().count(), 1);
     EXPECT_EQ(list().item(0)->text(), "second");
+}
+
+TEST_F(StatusWindow, WhatIsDroppedDuringTheWorkIsRefused) {
+    DropTarget other;
+    EXPECT_TRUE(other.takes_drop());
+    window.begin("Import Status");
+    EXPECT_FALSE(other.takes_drop());
+    window.end();
+    EXPECT_TRUE(other.takes_drop());
 }
 
 TEST_F(StatusWindow, EnterClosesItBehindTheWorkAndCancelsNothing) {

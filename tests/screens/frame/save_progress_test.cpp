@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/test_platform.h"
+#include "gui_support/drop_target.h"
 #include "gui_support/warning_guard.h"
 #include "screens/frame/SaveProgress.h"
 
@@ -131,6 +132,15 @@ TEST_F(ProgressWindow, TheNextWorkIsNotCancelled) {
     EXPECT_FALSE(cancel().isVisible());
     window.offer_cancel();
     EXPECT_TRUE(cancel().isEnabled());
+}
+
+TEST_F(ProgressWindow, WhatIsDroppedDuringTheWorkIsRefused) {
+    DropTarget other;
+    EXPECT_TRUE(other.takes_drop());
+    window.load("c", "l");
+    EXPECT_FALSE(other.takes_drop());
+    window.unload();
+    EXPECT_TRUE(other.takes_drop());
 }
 
 TEST_F(ProgressWindow, EachStepIsPaintedAtOnce) {
