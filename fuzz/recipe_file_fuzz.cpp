@@ -51,15 +51,19 @@ class PlainCabinets : public Cabinets {
         std::string bytes(static_cast<std::size_t>(cabinet->length()), '\0');
         cabinet->read(0, bytes.data(), bytes.size());
         target->write(0, bytes);
-        return std::make_unique<Ended>();
+        return std::make_unique<Ended>(std::move(target));
     }
 
   private:
     class Ended : public Extraction {
       public:
+        explicit Ended(std::unique_ptr<File> target) : target_(std::move(target)) {}
         int percent() noexcept override { return 100; }
         bool has_ended() noexcept override { return true; }
-        void finish() override {}
+        std::unique_ptr<File> finish() override { return std::move(target_); }
+
+      private:
+        std::unique_ptr<File> target_;
     };
 };
 
