@@ -145,8 +145,8 @@ class Unpacking {
 
     void put_in_place();
 
-    // What is where now.
-    std::string words() const;
+    // What is where now, and why, where it did not come to its end.
+    std::string words(const std::string& why = {}) const;
 
   private:
     void write_text(File& package, const PackedDocument& document, const EachBlock& each_block);
@@ -217,7 +217,14 @@ void Unpacking::put_in_place() {
     files().flush_folder(folder_of(project_.target()));
 }
 
-std::string Unpacking::words() const {
+// As the end of a sentence, in front of what is left.
+std::string because(const Fault& fault) {
+    const bool is_damaged = fault.number == fault_number::bad_record_number ||
+                            fault.number == fault_number::input_past_end;
+    return ": " + (is_damaged ? "it is no package, or a damaged one" : fault.description);
+}
+
+std::string Unpacking::words(const std::string& why) const {
     std::string words;
     if (is_placed_) {
         words = "Unpacked as " + shown_file_name(project_.target()) + ", with " + texts(placed_);
@@ -225,7 +232,7 @@ std::string Unpacking::words() const {
             words += "; " + texts(kept_) + (kept_ == 1 ? " stays" : " stay") + " as before";
         words += ".";
     } else {
-        words = shown_file_name(source_) + " was not unpacked";
+        words = shown_file_name(source_) + " was not unpacked" + why;
         if (placed_ > 0) words += "; " + texts(placed_) + " came in";
         if (placed_ == 0 && aside_.empty()) words += "; nothing has changed";
         words += ".";
@@ -248,8 +255,8 @@ void unpack_to(const std::string& target, const std::string& source) {
             unpacking.write();
             unpacking.put_in_place();
         },
-        [&](const Fault&) {
-            say(unpacking.words());
+        [&](const Fault& fault) {
+            say(unpacking.words(because(fault)));
             show_fault("There has been an error in the Unpacking process.");
         },
         [&] { say(unpacking.words()); });
@@ -289,8 +296,9 @@ void pack_project(const std::string& target) noexcept {
 
 void unpack_project(const std::string& source) noexcept {
     trap([&] { unpack(source); },
-         [&](const Fault&) {
-             say(shown_file_name(source) + " was not unpacked; nothing has changed.");
+         [&](const Fault& fault) {
+             say(shown_file_name(source) + " was not unpacked" + because(fault) +
+                 "; nothing has changed.");
              show_fault("There has been an error in the Unpacking process.");
          });
 }

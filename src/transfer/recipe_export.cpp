@@ -82,12 +82,14 @@ void export_recipe(i16 slot) {
     const std::string target = chosen_target();
     if (target.empty()) return;
     if (recipe.now() == 0) return say("The recipe is not there any more; nothing was exported.");
-    const auto on_fault = [](const Fault& fault) {
+    std::string why = ": it was cancelled";
+    const auto on_fault = [&](const Fault& fault) {
+        why = ": " + fault.description;
         show_fault("Export_RPF" + std::to_string(fault.number));
     };
     if (trap([&] { export_to(target, slot); }, on_fault)) return;
     const std::string name = shown_file_name(target);
-    say("The recipe was not exported; " +
+    say("The recipe was not exported" + why + "; " +
         (files().exists(target) ? name + " is as it was." : "there is no " + name + "."));
 }
 

@@ -148,7 +148,7 @@ TEST_F(RecipeExport, CancelAndFailureLeaveTheOlderFile) {
     platform.progress.cancelled = true;
     export_soup(4);
     EXPECT_EQ(read_whole_file(soup_file), "older");
-    EXPECT_EQ(message(), "The recipe was not exported; soup.rpf is as it was.");
+    EXPECT_EQ(message(), "The recipe was not exported: it was cancelled; soup.rpf is as it was.");
     platform.progress.cancelled = false;
     platform.cabinets.failure = Fault(fault_number::disk_full);
     platform.boxes.expect_message("Export_RPF61");
@@ -157,7 +157,7 @@ TEST_F(RecipeExport, CancelAndFailureLeaveTheOlderFile) {
     platform.disk.remove(soup_file);
     platform.boxes.expect_message("Export_RPF61");
     export_soup(4);
-    EXPECT_EQ(message(), "The recipe was not exported; there is no soup.rpf.");
+    EXPECT_EQ(message(), "The recipe was not exported: Disk full; there is no soup.rpf.");
 }
 
 TEST_F(RecipeExport, WhatIsNoRecipeIsNotAskedAbout) {

@@ -32,6 +32,7 @@ void ImportForm::begin(std::string_view caption) {
     waiting_.clear();
     ui_->List1->clear();
     ui_->outcome->hide();
+    ui_->button->setAccessibleDescription({});
     ui_->bar->setValue(0);
     works_ = true;
     cancelled_ = false;

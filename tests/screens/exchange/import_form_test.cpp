@@ -107,6 +107,9 @@ TEST_F(StatusWindow, BeginsAnew) {
     window.end();
     ASSERT_EQ(list().count(), 1);
     EXPECT_EQ(list().item(0)->text(), "second");
+    window.begin("Import Status");
+    EXPECT_EQ(button().accessibleDescription(), "");
+    window.end();
 }
 
 TEST_F(StatusWindow, WhatIsDroppedDuringTheWorkIsRefused) {
