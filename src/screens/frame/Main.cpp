@@ -22,6 +22,7 @@
 #include "screens/frame/main_actions.h"
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/toolbar_keys.h"
+#include "screens/frame/toolbar_rows.h"
 #include "screens/frame/window_memory.h"
 #include "screens/parts/shown_text.h"
 #include "screens/scanning/scanned_codes.h"
@@ -64,6 +65,7 @@ Main::Main()
     actions_ = new MainActions(*this, *registry_);
     children_ = new ChildArea(*ui_->mdi_area, *registry_, this);
     new ToolbarKeys({ui_->toolbar_1, ui_->toolbar_2}, *children_, this);
+    new ToolbarRows(*this, *ui_->toolbar_1, *ui_->toolbar_2);
     connect_parts();
     set_toolbar_captions(true);
     set_geometry(WindowGeometry{});
@@ -91,6 +93,10 @@ void Main::connect_parts() {
     auto* next_pane = new QShortcut(Qt::Key_F6, this);
     next_pane->setObjectName(QStringLiteral("next_pane"));
     connect(next_pane, &QShortcut::activated, this, &Main::focus_next_pane);
+    auto* menus = new QShortcut(Qt::Key_F10, this);
+    menus->setObjectName(QStringLiteral("menus"));
+    connect(menus, &QShortcut::activated, this,
+            [this] { menuBar()->setActiveAction(menuBar()->actions().first()); });
 }
 
 // --- what the logic tells ------------------------------------------------------------------------

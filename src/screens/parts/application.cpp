@@ -1,7 +1,10 @@
 #include "screens/parts/application.h"
 
+#include <QPointer>
+
 #include "screens/parts/guard.h"
 #include "screens/parts/label_access.h"
+#include "screens/parts/menu_key.h"
 
 namespace tavernook {
 
@@ -27,7 +30,11 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
-        return QApplication::notify(receiver, event);
+        if (event->type() != QEvent::KeyPress) return QApplication::notify(receiver, event);
+        const QPointer<QObject> still_here(receiver);
+        const bool is_taken = QApplication::notify(receiver, event);
+        if (!still_here.isNull()) ask_for_menu_by_keys(*receiver, *event);
+        return is_taken;
     } catch (...) {
         tell_of_present_exception();
         return false;

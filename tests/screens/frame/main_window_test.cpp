@@ -69,7 +69,7 @@ TEST_F(MainWindow, TheMenusStandInTheirOrder) {
     EXPECT_EQ(entries(menu("mnuFile")),
               (Texts{"mnuFile_NewProject|&New Project", "mnuFile_Open|&Open Project",
                      "mnuFile_Save|&Save Project", "mnuFile_SaveAs|S&ave Project As",
-                     "mnuFile_Close|Close Project", "-", "mnuProjectTransfer|Project &Transfer",
+                     "mnuFile_Close|&Close Project", "-", "mnuProjectTransfer|Project &Transfer",
                      "-", "mnuFile_Exit|&Exit", "-"}));
     EXPECT_EQ(entries(menu("mnuProjectTransfer")),
               (Texts{"mnuFile_Backup|&Back-up Project...", "mnuFile_Restore|&Restore Project...",
@@ -78,15 +78,15 @@ TEST_F(MainWindow, TheMenusStandInTheirOrder) {
     EXPECT_EQ(
         entries(menu("mnuProject")),
         (Texts{"mnuProject_MealPlanning|&Meal Planning", "mnuProject_FoodInventory|&Item Inventory",
-               "mnuProject_MealBuilder|&Recipe Manager", "Project_Setup|Project Setup",
-               "Project_ScanList|Scan List", "Project_ShoppingList|Grocery List",
-               "mnu_wam|Weights and Measures", "mnu_barcode|Barcode List",
-               "Project_Calculator|Calculator", "Project_SendtoWeb|Send to Web", "-",
-               "mnu_vii|Spoken Interface"}));
-    EXPECT_EQ(entries(menu("mnuWindow")), (Texts{"mnu_tile|Tile", "mnu_cascade|Cascade"}));
+               "mnuProject_MealBuilder|&Recipe Manager", "Project_Setup|&Project Setup",
+               "Project_ScanList|&Scan List", "Project_ShoppingList|&Grocery List",
+               "mnu_wam|&Weights and Measures", "mnu_barcode|&Barcode List",
+               "Project_Calculator|&Calculator", "Project_SendtoWeb|Send to W&eb", "-",
+               "mnu_reports|Rep&orts", "mnu_audit|&Audit Now", "mnu_vii|Spoken Inter&face"}));
+    EXPECT_EQ(entries(menu("mnuWindow")), (Texts{"mnu_tile|&Tile", "mnu_cascade|&Cascade"}));
     EXPECT_EQ(entries(menu("mnuHelp")),
-              (Texts{"mnu_tvkhelp|Tavernook Help", "mnu_tut|Tavernook Tutorial",
-                     "mnuhelp_search|Search Help", "mnu_about|About Tavernook"}));
+              (Texts{"mnu_tvkhelp|Tavernook &Help", "mnu_tut|Tavernook &Tutorial",
+                     "mnuhelp_search|&Search Help", "mnu_about|&About Tavernook"}));
 }
 
 TEST_F(MainWindow, TheToolbarsStandByPosition) {
@@ -175,6 +175,8 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "toolbar_1_5",
                                               "mnuProject_MealPlanning",
                                               "toolbar_1_8",
+                                              "mnu_reports",
+                                              "mnu_audit",
                                               "mnu_tvkhelp",
                                               "mnuhelp_search",
                                               "mnu_about",
@@ -193,16 +195,16 @@ TEST_F(MainWindow, ADisabledCommandSaysWhy) {
     EXPECT_EQ(action("mnu_vii").statusTip(),
               "Work by ear: everything is spoken. Not available in this version.");
     EXPECT_EQ(action("Project_ScanList").statusTip(),
-              "Use the \"Scan List\" button of the toolbar.");
+              "Use the \"Scan List\" button of the toolbar, or Ctrl+5.");
     EXPECT_EQ(action("Project_Calculator").statusTip(),
-              "Use the \"Calculator\" button of the toolbar.");
+              "Use the \"Calculator\" button of the toolbar, or Ctrl+9.");
     bring_project();
     EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project.");
 }
 
 TEST_F(MainWindow, EveryCommandHasTextAndTips) {
     const std::vector<QAction*> commands = all_commands();
-    EXPECT_EQ(commands.size(), 29u + 15u);  // the menus' entries and the toolbars' buttons
+    EXPECT_EQ(commands.size(), 31u + 15u);  // the menus' entries and the toolbars' buttons
     for (const QAction* one : commands) {
         const std::string name = one->objectName().toStdString();
         EXPECT_FALSE(one->text().trimmed().isEmpty()) << name;
@@ -219,6 +221,38 @@ TEST_F(MainWindow, EveryPartHasAnAccessibleName) {
         ASSERT_NE(part, nullptr) << name;
         EXPECT_FALSE(part->accessibleName().isEmpty()) << name;
     }
+}
+
+TEST_F(MainWindow, EveryMenuEntryHasItsLetter) {
+    for (const QMenu* one : window.menuBar()->findChildren<QMenu*>()) {
+        for (const QAction* entry : one->actions()) {
+            if (entry->isSeparator() || !entry->isVisible()) continue;
+            EXPECT_FALSE(QKeySequence::mnemonic(entry->text()).isEmpty())
+                << entry->text().toStdString();
+        }
+    }
+}
+
+TEST_F(MainWindow, TheDigitsShowTheScreensInTheOrderOfTheToolbars) {
+    bring_project();
+    const std::vector<std::pair<const char*, const char*>> screens = {
+        {"Ctrl+1", "FoodInventory"}, {"Ctrl+2", "MealPlan"},     {"Ctrl+3", "Mealbuilder"},
+        {"Ctrl+4", "Reports"},       {"Ctrl+5", "CS1504GETUPC"}, {"Ctrl+6", "ShoppingList"},
+        {"Ctrl+7", "BCBuild"},       {"Ctrl+8", "wam"}};
+    for (const auto& [keys, name] : screens) {
+        press(keys);
+        settle();
+        auto* area = window.findChild<QMdiArea*>("mdi_area");
+        ASSERT_NE(area->activeSubWindow(), nullptr) << keys;
+        EXPECT_EQ(area->activeSubWindow()->widget()->objectName(), QLatin1String(name)) << keys;
+    }
+}
+
+TEST_F(MainWindow, F10OpensTheFirstMenu) {
+    press("F10");
+    EXPECT_EQ(window.menuBar()->activeAction(), menu("mnuFile").menuAction());
+    press("Escape");
+    press("Escape");
 }
 
 TEST_F(MainWindow, MnemonicsAreUniqueInEachMenu) {
@@ -243,8 +277,11 @@ TEST_F(MainWindow, NoTwoCommandsShareAShortcut) {
             EXPECT_TRUE(seen.insert(keys.toString()).second) << keys.toString().toStdString();
         }
     }
-    EXPECT_EQ(seen, (std::set<QString>{"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+Shift+S", "Ctrl+W",
-                                       "Ctrl+Q", "F1"}));
+    std::set<QString> expected{"Ctrl+N", "Ctrl+O", "Ctrl+S", "Ctrl+Shift+S",
+                               "Ctrl+W", "Ctrl+Q", "F1"};
+    for (int screen = 1; screen <= 9; ++screen)
+        expected.insert(QStringLiteral("Ctrl+%1").arg(screen));
+    EXPECT_EQ(seen, expected);
 }
 
 TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
@@ -262,9 +299,8 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
         }
     }
     // Six commands and the submenu of File; settings, items, recipes, planner, measures, list,
-    // labels and publishing;
-    // Help without the lessons.
-    EXPECT_EQ(reached, 7 + 8 + 3);
+    // labels, publishing, reports and the audit; Help without the lessons.
+    EXPECT_EQ(reached, 7 + 10 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
