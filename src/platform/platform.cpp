@@ -100,6 +100,10 @@ PrintPrompt& print_prompt() {
     return required(handed_over.print_prompt, "print dialog");
 }
 
+Speech& speech() {
+    return required(handed_over.speech, "voice");
+}
+
 ports::FoodInventory* food_inventory() {
     return loaded_food_inventory;
 }

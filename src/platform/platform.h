@@ -22,6 +22,7 @@ class Cabinets;      // platform/cabinets.h
 class FtpSession;    // platform/ftp_session.h
 class HtmlViews;     // platform/html_view.h
 class PrintPrompt;   // platform/html_view.h
+class Speech;        // platform/speech.h
 namespace ports {
 class FtpExport;  // platform/ftp_export.h
 }
@@ -47,6 +48,7 @@ struct Platform {
     ports::FtpExport* ftp_export = nullptr;
     HtmlViews* html_views = nullptr;
     PrintPrompt* print_prompt = nullptr;
+    Speech* speech = nullptr;
 };
 
 // Handed over once at the start (and by each test); nothing in it is owned.
@@ -94,5 +96,7 @@ ports::FtpExport* ftp_export();  // null in a program without that window
 
 HtmlViews& html_views();
 PrintPrompt& print_prompt();
+
+Speech& speech();
 
 }  // namespace tavernook

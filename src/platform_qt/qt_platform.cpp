@@ -33,7 +33,8 @@ Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* m
             .cabinets = &cabinets,
             .ftp_session = &ftp_session,
             .html_views = &web_library,
-            .print_prompt = &web_library};
+            .print_prompt = &web_library,
+            .speech = &speech};
 }
 
 }  // namespace tavernook

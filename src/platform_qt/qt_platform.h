@@ -16,6 +16,7 @@
 #include "platform_services/cabinet_files.h"
 #include "platform_services/cs1504_scanner.h"
 #include "platform_services/curl_ftp_session.h"
+#include "platform_services/espeak_speech.h"
 
 namespace tavernook {
 
@@ -39,6 +40,7 @@ struct QtPlatform {
     CabinetFiles cabinets;
     CurlFtpSession ftp_session;
     WebLibrary web_library;
+    EspeakSpeech speech;
 
     // With $TAVERNOOK_HOME set the desktop is left alone.
     FreedesktopAssociations file_associations;

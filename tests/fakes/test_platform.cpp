@@ -22,6 +22,7 @@ TestPlatform::TestPlatform() {
     ftp.log.pass_on_to(transcript, "ftp ");
     cabinets.log.pass_on_to(transcript, "cabinets ");
     import_form.log.pass_on_to(transcript, "form ");
+    speech.log.pass_on_to(transcript, "speech ");
 
     reset_program_state();
     set_platform({.clock = &clock,
@@ -41,7 +42,8 @@ TestPlatform::TestPlatform() {
                   .batch_scanner = &scanner,
                   .cabinets = &cabinets,
                   .ftp_session = &ftp,
-                  .ftp_export = &ftp_export});
+                  .ftp_export = &ftp_export,
+                  .speech = &speech});
 }
 
 TestPlatform::~TestPlatform() {

@@ -26,6 +26,7 @@
 #include "fakes/fake_project_lock.h"
 #include "fakes/fake_screens.h"
 #include "fakes/fake_settings_store.h"
+#include "fakes/fake_speech.h"
 #include "fakes/fake_system_info.h"
 #include "fakes/faulty_files.h"
 #include "fakes/program_state_reset.h"
@@ -71,6 +72,7 @@ struct TestPlatform {
     FakeFtpSession ftp;
     FakeCabinets cabinets;
     FakeImportForm import_form;
+    FakeSpeech speech;
 };
 
 }  // namespace tavernook

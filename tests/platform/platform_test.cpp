@@ -45,6 +45,7 @@ TEST_F(PlatformTest, WhatWasNeverHandedOverEndsTheProcess) {
     EXPECT_DEATH(main_window(), "The platform has no main window");
     EXPECT_DEATH(screens(), "The platform has no screens");
     EXPECT_DEATH(ftp_session(), "The platform has no FTP session");
+    EXPECT_DEATH(speech(), "The platform has no voice");
 }
 
 TEST_F(PlatformTest, AWindowThatPublishesNeedNotBeThere) {

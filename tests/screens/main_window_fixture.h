@@ -59,7 +59,8 @@ class MainWindowTest : public testing::Test {
                 .ftp_session = &platform.ftp,
                 .ftp_export = &publishing,
                 .html_views = &html_views,
-                .print_prompt = &print_prompt};
+                .print_prompt = &print_prompt,
+                .speech = &platform.speech};
     }
 
     void start(const std::string& command_line = "") {
