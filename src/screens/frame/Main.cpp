@@ -173,6 +173,7 @@ void Main::unload() {
 }
 
 void Main::end_program() {
+    if (gone_) return;
     gone_ = true;
     timers_.stop();
     cancel_export();
@@ -199,7 +200,10 @@ bool Main::may_close() {
     const Busy busy(*this);
     bool may = false;
     guarded([&] { may = may_leave_project() && main_unload(); });
-    if (may) remember_window(*this);
+    if (may) {
+        actions_->set_toolbars_shown(true);
+        remember_window(*this);
+    }
     return may;
 }
 
@@ -291,8 +295,14 @@ void Main::dropEvent(QDropEvent* event) {
 
 void Main::refresh() {
     refresh_title();
+    actions_->set_toolbars_shown(!is_spoken());
     actions_->refresh(children_->has_child_window());
     children_->refresh(actions_->are_project_menus_allowed());
+}
+
+bool Main::is_spoken() const {
+    const QWidget* screen = registry_->loaded(QStringLiteral("VII"));
+    return screen != nullptr && !screen->parentWidget()->isHidden();
 }
 
 // First toolbar, second toolbar, the screen, and around again.

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QToolBar>
 #include <QToolButton>
+#include <utility>
 
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/recent_names.h"
@@ -93,6 +94,18 @@ void MainActions::dress_toolbar(QToolBar& bar) {
 void MainActions::set_captions(bool shown) {
     const auto style = shown ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly;
     for (QToolBar* bar : {first_, second_}) bar->setToolButtonStyle(style);
+}
+
+void MainActions::set_toolbars_shown(bool shown) {
+    if (shown) {
+        for (QToolBar* bar : std::exchange(put_away_, {})) bar->show();
+        return;
+    }
+    for (QToolBar* bar : {first_, second_}) {
+        if (bar->isHidden()) continue;
+        bar->hide();
+        put_away_.push_back(bar);
+    }
 }
 
 void MainActions::set_recent_files(const std::vector<std::string>& paths) {

@@ -25,6 +25,9 @@ class MainActions : public QObject {
 
     void set_captions(bool shown);
 
+    // Puts away those toolbars that the user has in sight, and brings back the same ones.
+    void set_toolbars_shown(bool shown);
+
     // Paths, newest first; blank ones and those behind the last place are left out.
     void set_recent_files(const std::vector<std::string>& paths);
     const std::vector<std::string>& recent_files() const { return recent_paths_; }
@@ -54,6 +57,7 @@ class MainActions : public QObject {
     const ScreenRegistry& registry_;
     QToolBar* first_;
     QToolBar* second_;
+    std::vector<QToolBar*> put_away_;
     QAction* close_project_;
     std::vector<QAction*> commands_;  // in the order of main_commands()
     std::vector<QAction*> recent_places_;

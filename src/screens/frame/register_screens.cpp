@@ -1,5 +1,7 @@
 #include "screens/frame/register_screens.h"
 
+#include "screens/aids/Calculator.h"
+#include "screens/aids/VII.h"
 #include "screens/cookbook/Mealbuilder.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/screen_registry.h"
@@ -43,6 +45,8 @@ void register_screens(Main& main) {
     add<BCBuild>(registry, "BCBuild");
     add<BCGEN>(registry, "BCGEN", Opens::at_its_size);
     add<CS1504GETUPC>(registry, "CS1504GETUPC");
+    add<Calculator>(registry, "Calculator", Opens::at_its_size);
+    add<VII>(registry, "VII");
 }
 
 }  // namespace tavernook

@@ -2,35 +2,21 @@
 // the start page. What the panels show when no project is open.
 #include <QAccessible>
 #include <QToolButton>
-#include <functional>
+#include <optional>
 #include <vector>
 
+#include "screens/heard.h"
 #include "screens/main_window_fixture.h"
 
 namespace tavernook {
 namespace {
 
-struct Heard {
-    QString object;
-    QAccessible::Event event;
-    QString name;
-};
-
-std::vector<Heard>& heard() {
-    static std::vector<Heard> all;
-    return all;
-}
-
-bool is_listening = false;
-
 class MainWindowAccess : public MainWindowTest {
   protected:
     void SetUp() override {
         start();
-        heard().clear();
-        is_listening = true;
+        hearing.emplace();
     }
-    void TearDown() override { is_listening = false; }
 
     QWidget* part(const char* name) { return window.findChild<QWidget*>(QLatin1String(name)); }
     std::string spoken(const char* name) {
@@ -45,6 +31,8 @@ class MainWindowAccess : public MainWindowTest {
         }
         return count;
     }
+
+    std::optional<Hearing> hearing;
 
     static bool reaches(QAccessibleInterface* from, const QObject* wanted) {
         if (from == nullptr) return false;
@@ -146,13 +134,3 @@ TEST_F(MainWindowAccess, AFailedOpeningLeavesOnlyItsOwnLine) {
 
 }  // namespace
 }  // namespace tavernook
-
-// A display made of memory alone has nobody who listens, and Qt lets no handler hear what it would
-// tell. So in the test program the call ends here.
-void QAccessible::updateAccessibility(QAccessibleEvent* event) {
-    if (!tavernook::is_listening || event->object() == nullptr) return;
-    QAccessibleInterface* source = event->accessibleInterface();
-    if (source == nullptr) return;
-    tavernook::heard().push_back(
-        {event->object()->objectName(), event->type(), source->text(QAccessible::Name)});
-}
