@@ -32,6 +32,7 @@
 #include "screens/parts/application.h"
 #include "screens/reports/ftpexport.h"
 #include "shots/plain_views.h"
+#include "shots/shots_aids.h"
 #include "shots/shots_inventory.h"
 #include "shots/shots_lookups.h"
 #include "shots/shots_planner.h"
@@ -246,6 +247,8 @@ int take_pictures(int argc, char** argv) {
     PlainPrintPrompt prompt;
     parts.html_views = &views;
     parts.print_prompt = &prompt;
+    NoVoice voice;
+    parts.speech = &voice;
     set_platform(parts);
     register_screens(window);
     Photographer photographer(arguments.value(1),

@@ -12,9 +12,10 @@
 #include "screens/frame/Main.h"
 #include "screens/frame/register_screens.h"
 #include "screens/parts/screen_switch.h"
-#include "shots/shots_scanning.h"
+#include "shots/shots_aids.h"
 #include "shots/shots_preview.h"
 #include "shots/shots_reports.h"
+#include "shots/shots_scanning.h"
 
 namespace tavernook {
 
@@ -57,6 +58,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     take(QStringLiteral("sample_after_audit"), window);
     take_preview_screens(window, take);
     take_scanning_screens(window, take);
+    take_aid_screens(window, take);
     project_modified = i16_false;
     project_close();
     window.resize(size);
