@@ -302,8 +302,8 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
         }
     }
     // Six commands and the submenu of File; settings, items, recipes, planner, measures, list,
-    // labels, publishing, reports and the audit; Help without the lessons.
-    EXPECT_EQ(reached, 7 + 10 + 3);
+    // labels, publishing, reports, the audit and the spoken interface; Help without the lessons.
+    EXPECT_EQ(reached, 7 + 11 + 3);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
@@ -317,6 +317,8 @@ TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
     EXPECT_EQ(focused(), "toolbar_1_2_button");
     press("Tab");
     EXPECT_EQ(focused(), "toolbar_1_11_button");
+    press("F6");
+    EXPECT_EQ(focused(), "toolbar_2_7_button");
     press("F6");
     EXPECT_EQ(focused(), "start_new");
     press("Tab");
