@@ -4,6 +4,7 @@
 #include "app/program_start.h"
 #include "platform/platform.h"
 #include "platform_qt/qt_platform.h"
+#include "screens/aids/help_desk.h"
 #include "screens/exchange/ImportForm.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/Splash.h"
@@ -22,8 +23,10 @@ int main(int argc, char** argv) {
     ReplacementScreen replacement;
     ImportForm import_form(&main_window);
     PublishingWindow publishing(main_window);
+    HelpDesk help(help_folders());
     Platform parts =
         outside.platform(&main_window.progress(), &main_window, &main_window.registry());
+    parts.help_viewer = &help;
     parts.replace_item = &replacement;
     parts.import_form = &import_form;
     parts.ftp_export = &publishing;

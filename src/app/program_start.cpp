@@ -35,6 +35,11 @@ void introduce_program(QApplication& application) {
     application.setWindowIcon(icon(QStringLiteral("app")));
 }
 
+QStringList help_folders() {
+    const QString program = QCoreApplication::applicationDirPath();
+    return {program, program + QStringLiteral("/../lib/tavernook")};
+}
+
 bool place_program_files() {
     const QString from = shipped_files_folder();
     const bool placed =

@@ -1,6 +1,8 @@
 // What must be done once before the first window, by every program that shows the screens.
 #pragma once
 
+#include <QStringList>
+
 class QApplication;
 
 namespace tavernook {
@@ -11,6 +13,9 @@ void introduce_program(QApplication& application);
 // Places the files that come with the program among the user's and hands the sample household over.
 // False when one could not be placed.
 [[nodiscard]] bool place_program_files();
+
+// Where the help file may lie: beside the program, or where an installed one has its own files.
+QStringList help_folders();
 
 struct Placing {
     bool complete = true;

@@ -7,8 +7,7 @@
 namespace tavernook {
 
 QtPlatform::QtPlatform()
-    : help_viewer(system_info.program_folder() + "/help"),
-      batch_scanner(serial_line),
+    : batch_scanner(serial_line),
       ftp_session({.pump = [] { QCoreApplication::processEvents(); },
                    .known_hosts = system_info.settings_folder() + "/known_hosts"}),
       web_library(web_library_folders()),
@@ -25,7 +24,6 @@ Platform QtPlatform::platform(ports::SaveProgress* save_progress, ports::Main* m
             .file_associations = &file_associations,
             .project_lock = &project_lock,
             .system_info = &system_info,
-            .help_viewer = &help_viewer,
             .save_progress = save_progress,
             .main = main,
             .screens = screens,

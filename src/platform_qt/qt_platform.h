@@ -7,7 +7,6 @@
 #include "platform_qt/qt_boxes.h"
 #include "platform_qt/qt_clock.h"
 #include "platform_qt/qt_file_dialogs.h"
-#include "platform_qt/qt_help_viewer.h"
 #include "platform_qt/qt_project_lock.h"
 #include "platform_qt/qt_serial_line.h"
 #include "platform_qt/qt_settings_store.h"
@@ -34,7 +33,6 @@ struct QtPlatform {
     QtSettingsStore settings_store;
     QtProjectLock project_lock;
     QtSystemInfo system_info;
-    QtHelpViewer help_viewer;
     QtSerialLine serial_line;
     Cs1504Scanner batch_scanner;
     CabinetFiles cabinets;

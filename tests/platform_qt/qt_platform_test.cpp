@@ -22,7 +22,6 @@ TEST(QtPlatformTest, EveryEntryIsHandedOver) {
     EXPECT_EQ(platform.file_associations, &outside.file_associations);
     EXPECT_EQ(platform.project_lock, &outside.project_lock);
     EXPECT_EQ(platform.system_info, &outside.system_info);
-    EXPECT_EQ(platform.help_viewer, &outside.help_viewer);
     EXPECT_EQ(platform.batch_scanner, &outside.batch_scanner);
     EXPECT_EQ(platform.ftp_session, &outside.ftp_session);
     EXPECT_EQ(platform.html_views, &outside.web_library);

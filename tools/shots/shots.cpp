@@ -33,6 +33,7 @@
 #include "screens/reports/ftpexport.h"
 #include "shots/plain_views.h"
 #include "shots/shots_aids.h"
+#include "shots/shots_help.h"
 #include "shots/shots_inventory.h"
 #include "shots/shots_lookups.h"
 #include "shots/shots_planner.h"
@@ -217,6 +218,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
     const TakePicture take = [&photographer](const QString& name, QWidget& shown) {
         photographer.take(name, shown);
     };
+    take_help(take);
     take_settings(photographer, window);
     take_lookup_screens(window, take);
     take_inventory_screens(window, take);

@@ -335,4 +335,10 @@ void load_search() noexcept {
     });
 }
 
+void load_help_on(const std::string& screen) noexcept {
+    trap_in_main("load_help_on", [&] {
+        if (!help_viewer().show_page(screen)) boxes().message(no_help);
+    });
+}
+
 }  // namespace tavernook

@@ -62,8 +62,10 @@ void give_up_project() noexcept;
 // Loads the item inventory screen.
 void init_forms() noexcept;
 
-// Help contents and the help's search; a box when there is no help.
+// Help contents, the help's search, and the page of a screen by its object name; a box when there
+// is no help.
 void load_help() noexcept;
 void load_search() noexcept;
+void load_help_on(const std::string& screen) noexcept;
 
 }  // namespace tavernook

@@ -19,6 +19,7 @@
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/StartPage.h"
 #include "screens/frame/child_area.h"
+#include "screens/frame/help_key.h"
 #include "screens/frame/main_actions.h"
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/toolbar_keys.h"
@@ -66,6 +67,7 @@ Main::Main()
     children_ = new ChildArea(*ui_->mdi_area, *registry_, this);
     new ToolbarKeys({ui_->toolbar_1, ui_->toolbar_2}, *children_, this);
     new ToolbarRows(*this, *ui_->toolbar_1, *ui_->toolbar_2);
+    new HelpKey(*this, *children_, *progress_);
     connect_parts();
     set_toolbar_captions(true);
     set_geometry(WindowGeometry{});

@@ -50,6 +50,12 @@ QString ChildArea::whole_title() const {
     return fills ? front->windowTitle() : QString();
 }
 
+QString ChildArea::name_in_front() const {
+    const QMdiSubWindow* front = area_.currentSubWindow();
+    const bool is_there = front != nullptr && !front->isHidden() && front->widget() != nullptr;
+    return is_there ? front->widget()->objectName() : QString();
+}
+
 void ChildArea::set_recent_files(const std::vector<std::string>& paths) {
     start_page_->set_recent_files(paths);
     area_.setMinimumSize(start_page_->minimumSizeHint());

@@ -30,6 +30,8 @@ class ChildArea : public QObject {
     bool has_child_window() const;  // in sight
     // Of the screen in front, when it fills the area; empty without one.
     QString whole_title() const;
+    // The object name of the screen in front; empty without one.
+    QString name_in_front() const;
     void set_recent_files(const std::vector<std::string>& paths);
     void refresh(bool project_is_open);
 

@@ -8,6 +8,8 @@ namespace tavernook {
 // The window around the screen, which it owns. Closing either closes both, unless the screen wants
 // to stay.
 class ScreenOverDialog : public QDialog {
+    Q_OBJECT
+
   public:
     ScreenOverDialog(QWidget& screen, QWidget& dialog);
 

@@ -236,13 +236,15 @@ TEST_F(CloseAndExit, HelpIsShownOrSaidToBeMissing) {
     load_search();
     EXPECT_EQ(platform.help.contents_shown, 1);
     EXPECT_EQ(platform.help.searches_shown, 1);
+    load_help_on("MealPlan");
+    EXPECT_EQ(platform.help.pages_shown, std::vector<std::string>{"MealPlan"});
     platform.help.available = false;
     const std::string no_help =
         "Unable to display Help Contents. There is no Help associated with this project.";
-    platform.boxes.expect_message(no_help);
-    platform.boxes.expect_message(no_help);
+    for (int time = 0; time < 3; ++time) platform.boxes.expect_message(no_help);
     load_help();
     load_search();
+    load_help_on("MealPlan");
 }
 
 }  // namespace

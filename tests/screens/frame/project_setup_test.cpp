@@ -386,6 +386,8 @@ TEST_F(ProjectSetupTest, TheProjectsPageComesOverTheSettings) {
             html_views.show();
             settle();
             EXPECT_TRUE(child<QPushButton>(over, "print_button").isEnabled());
+            press_key(child<QPushButton>(over, "print_button"), Qt::Key_F1);
+            EXPECT_EQ(platform.help.pages_shown, std::vector<std::string>{"PP"});
             QTest::mouseClick(&child<QPushButton>(over, "cancel_button"), Qt::LeftButton);
         });
         press_button(setup, "project_info_button");
