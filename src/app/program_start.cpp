@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <string>
 
+#include "aids/lessons.h"
 #include "aids/sample_project.h"
 #include "platform/platform.h"
 #include "platform_qt/program_files.h"
@@ -45,6 +46,7 @@ bool place_program_files() {
     const bool placed =
         install_program_files(qstring_to_path(from), system_info().program_folder());
     set_shipped_sample(shipped_sample());
+    set_shipped_lessons(shipped_lesson_file);
     return placed || from.isEmpty();
 }
 
@@ -53,6 +55,7 @@ void place_sample_and_pages(Placing& placing) {
     QTimer::singleShot(while_the_splash_stands, QCoreApplication::instance(), [&placing] {
         if (!lay_out_sample_project(platform_clock().now())) placing.complete = false;
         if (!lay_out_pages(shipped_page_file)) placing.complete = false;
+        if (!lay_out_lessons()) placing.complete = false;
     });
 }
 

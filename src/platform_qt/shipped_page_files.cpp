@@ -7,10 +7,23 @@
 
 namespace tavernook {
 
-std::string shipped_page_file(const std::string& name) {
-    QFile file(QStringLiteral(":/tavernook/pages/") + path_to_qstring(name));
+namespace {
+
+std::string shipped_file(const char* folder, const std::string& name) {
+    QFile file(QStringLiteral(":/tavernook/%1/").arg(QLatin1String(folder)) +
+               path_to_qstring(name));
     if (!file.open(QIODevice::ReadOnly)) throw Fault(fault_number::file_not_found);
     return file.readAll().toStdString();
+}
+
+}  // namespace
+
+std::string shipped_page_file(const std::string& name) {
+    return shipped_file("pages", name);
+}
+
+std::string shipped_lesson_file(const std::string& name) {
+    return shipped_file("lessons", name);
 }
 
 }  // namespace tavernook

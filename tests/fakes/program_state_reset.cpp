@@ -1,5 +1,6 @@
 #include "fakes/program_state_reset.h"
 
+#include "aids/lessons.h"
 #include "barcodes/barcode_on_show.h"
 #include "barcodes/scan_list.h"
 #include "core/catagories.h"
@@ -63,6 +64,12 @@ void reset_settings() {
     project_name.clear();
 }
 
+void reset_lesson() {
+    tut_pages = {"", ""};
+    tut_page = 1;
+    tut_section = 0;
+}
+
 void reset_status() {
     project_open = i16_false;
     project_modified = i16_false;
@@ -105,6 +112,7 @@ void reset_program_state() {
     reset_tables();
     reset_settings();
     reset_status();
+    reset_lesson();
 }
 
 }  // namespace tavernook

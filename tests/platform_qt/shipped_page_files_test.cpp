@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "aids/lessons.h"
 #include "basics/fault.h"
 #include "fakes/temp_folder.h"
 #include "reports/pages/shipped_pages.h"
@@ -17,8 +18,17 @@ TEST(ShippedPageFiles, TheProgramCarriesEachOfThem) {
     }
 }
 
+TEST(ShippedPageFiles, TheProgramCarriesEachLesson) {
+    for (const i16 section : lesson_sections) {
+        const std::string name = lesson_file_name(section);
+        EXPECT_EQ(shipped_lesson_file(name),
+                  read_whole_file(TAVERNOOK_SOURCE_FOLDER "/assets/lessons/" + name));
+    }
+}
+
 TEST(ShippedPageFiles, WhatItDoesNotCarryIsAFault) {
     EXPECT_THROW((void)shipped_page_file("none.dat"), Fault);
+    EXPECT_THROW((void)shipped_lesson_file("tut800.dat"), Fault);
 }
 
 }  // namespace
