@@ -13,6 +13,7 @@
 #include "screens/frame/register_screens.h"
 #include "screens/parts/screen_switch.h"
 #include "shots/shots_aids.h"
+#include "shots/shots_lessons.h"
 #include "shots/shots_preview.h"
 #include "shots/shots_reports.h"
 #include "shots/shots_scanning.h"
@@ -59,6 +60,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     take_preview_screens(window, take);
     take_scanning_screens(window, take);
     take_aid_screens(window, take);
+    take_lessons(window, take);
     project_modified = i16_false;
     project_close();
     window.resize(size);

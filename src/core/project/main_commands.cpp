@@ -209,22 +209,23 @@ void main_load(const std::string& command_line) noexcept {
     trap_in_main("", [&] { load_main_window(command_line); });
 }
 
-void mnuFile_NewProject() noexcept {
+bool mnuFile_NewProject() noexcept {
     const Date created_before = project_created;
-    if (!replacing_project("mnufile_newproject_click", create_project)) {
-        project_created = created_before;
-    }
+    const bool replaced = replacing_project("mnufile_newproject_click", create_project);
+    if (!replaced) project_created = created_before;
+    return replaced && project_open != 0;
 }
 
 void mnuFile_Open() noexcept {
     main_open();
 }
 
-void main_open() noexcept {
-    replacing_project("Main_Open", [] {
+bool main_open() noexcept {
+    const bool replaced = replacing_project("Main_Open", [] {
         if (!let_go_of_open_project()) return false;
         return replace_open_project(file_dialogs().open_file(project_dialog("Open Project")));
     });
+    return replaced && project_open != 0;
 }
 
 void open_recent_project(const std::string& path) noexcept {

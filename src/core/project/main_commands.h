@@ -16,14 +16,14 @@ namespace tavernook {
 void main_load(const std::string& command_line) noexcept;
 
 // New Project: asks to save, asks for the file, writes the first file. Cancel changes nothing
-// but what saving the old project changed.
-void mnuFile_NewProject() noexcept;
+// but what saving the old project changed. True when the new project is open.
+bool mnuFile_NewProject() noexcept;
 
 void mnuFile_Open() noexcept;
 
 // Open: asks to save, asks for the file, opens it. After a file that cannot be opened the program
-// is idle.
-void main_open() noexcept;
+// is idle. True when another project is open, which may be the same one read again.
+bool main_open() noexcept;
 
 void open_recent_project(const std::string& path) noexcept;
 

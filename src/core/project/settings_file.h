@@ -5,15 +5,12 @@
 #include <string>
 
 #include "core/project/settings_file_format.h"
+#include "core/project/window_state.h"
 
 namespace tavernook {
 
 // A file that is not there reads as all zero and blank. Throws what the file layer throws.
 SettingsRecord read_settings_file();
-
-// hide_welcome_dialog and window_geometry to the file and back.
-void save_window_state() noexcept;
-void load_window_state() noexcept;
 
 // Puts the path at the top of the four. Paths that contain "restored", are empty, do not end in
 // "tvk" or are longer than the file has room for are left out; one that is there stays in place.

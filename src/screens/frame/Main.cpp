@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QShortcut>
 #include <QUrl>
+#include <utility>
 
 #include "aids/sample_project.h"
 #include "core/program_state.h"
@@ -24,6 +25,7 @@
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/toolbar_keys.h"
 #include "screens/frame/toolbar_rows.h"
+#include "screens/frame/tutorial.h"
 #include "screens/frame/window_memory.h"
 #include "screens/parts/shown_text.h"
 #include "screens/scanning/scanned_codes.h"
@@ -165,7 +167,12 @@ void Main::enable_timer(bool enabled) {
 }
 
 void Main::show_welcome_dialog() {
-    registry_->show(QStringLiteral("Dialog"));
+    welcome_wanted_ = true;
+    if (isVisible()) welcome();
+}
+
+void Main::welcome() {
+    if (std::exchange(welcome_wanted_, false)) registry_->show(QStringLiteral("Dialog"));
 }
 
 void Main::unload() {
@@ -267,6 +274,10 @@ void Main::tell_when_not_opened(const std::string& path) {
     children_->set_recent_files(actions_->recent_files());
 }
 
+void Main::focus_screen() {
+    children_->focus_child();
+}
+
 void Main::show_about() {
     auto* about = new About(this);
     about->setAttribute(Qt::WA_DeleteOnClose);
@@ -307,9 +318,13 @@ bool Main::is_spoken() const {
     return screen != nullptr && !screen->parentWidget()->isHidden();
 }
 
-// First toolbar, second toolbar, the screen, and around again.
+// First toolbar, second toolbar, what is docked beneath them, the screen, and around again.
 void Main::focus_next_pane() {
-    if (!actions_->focus_next_toolbar()) children_->focus_child();
+    QWidget* docked = reader_in_sight(*this);
+    const bool is_in_it = docked != nullptr && docked->isAncestorOf(focusWidget());
+    if (!is_in_it && actions_->focus_next_toolbar()) return;
+    if (is_in_it || docked == nullptr) return children_->focus_child();
+    docked->setFocus(Qt::TabFocusReason);
 }
 
 // "[*]" in a file's name is no placeholder for a mark.

@@ -63,6 +63,16 @@ class Main : public QMainWindow, public ports::Main {
     void unload() override;
     void end_program() override;
 
+    // A command, one at a time; what stands in the message panel goes. Windows that belong to this
+    // one run theirs so, too.
+    void run(const Work& command);
+
+    // The welcome dialog, where the load wanted it: it comes over a window that is in sight.
+    void welcome();
+
+    // The keyboard goes into the screen in front, or into the start page.
+    void focus_screen();
+
     void show_about();
     void tile();
     void cascade();
@@ -81,8 +91,6 @@ class Main : public QMainWindow, public ports::Main {
 
     void connect_parts();
 
-    // One at a time; what stands in the message panel goes.
-    void run(const Work& command);
     void run_command(const MainCommand& command);
     void open_recent(int index);
     void open_path(const std::string& path);
@@ -105,6 +113,7 @@ class Main : public QMainWindow, public ports::Main {
     TimerPair timers_;
     std::string title_ = "Tavernook";
     int busy_ = 0;
+    bool welcome_wanted_ = false;
     bool unloading_ = false;
     bool gone_ = false;
 };

@@ -58,8 +58,9 @@ ProjectSetup::ProjectSetup(QWidget* parent)
 
 ProjectSetup::~ProjectSetup() = default;
 
-// The parts know their sizes only once they are shown.
+// The parts know their sizes only once they are shown. A child window has a place of its own.
 void ProjectSetup::showEvent(QShowEvent* event) {
+    if (!isWindow()) return;
     QDialog::showEvent(event);
     if (event->spontaneous()) return;
     QMetaObject::invokeMethod(this, &ProjectSetup::take_room, Qt::QueuedConnection);
@@ -77,6 +78,10 @@ bool ProjectSetup::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::Wheel) return QDialog::eventFilter(watched, event);
     event->ignore();
     return true;
+}
+
+QSize ProjectSetup::sizeHint() const {
+    return QDialog::sizeHint() - ui_->setup_scroll->sizeHint() + ui_->setup_content->sizeHint();
 }
 
 // All of it in sight where the screen has the room for it and for the window's frame; the rest

@@ -1,5 +1,7 @@
-// The project's settings, modal over the main window. Most are written with OK; the check marks
-// and the scanner are written at once and stay on Cancel.
+// The project's settings, modal over the main window, or for a lesson as one of its child windows.
+// Most are written with OK; the check marks and the scanner are written at once and stay on Cancel.
+//
+// As a child window it goes with its project, as by Cancel: nothing of it reaches the next one.
 #pragma once
 
 #include <QDialog>
@@ -21,8 +23,10 @@ class ProjectSetup : public QDialog {
     Q_OBJECT
 
   public:
-    explicit ProjectSetup(QWidget* parent);
+    explicit ProjectSetup(QWidget* parent = nullptr);
     ~ProjectSetup() override;
+
+    QSize sizeHint() const override;  // all of it in sight
 
     void accept() override;
     void reject() override;

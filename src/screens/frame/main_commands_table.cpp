@@ -65,8 +65,14 @@ void help_search(Main&) {
 void about(Main& window) {
     window.show_about();
 }
+// Where a lesson has it open beside itself, that one comes in front.
 void project_setup(Main& window) {
-    ProjectSetup(&window).exec();
+    const QString name = QStringLiteral("ProjectSetup");
+    if (window.registry().loaded(name) != nullptr) {
+        window.registry().show(name);
+    } else {
+        ProjectSetup(&window).exec();
+    }
 }
 void audit(Main&) {
     audit_now();

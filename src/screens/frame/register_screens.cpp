@@ -4,7 +4,9 @@
 #include "screens/aids/VII.h"
 #include "screens/cookbook/Mealbuilder.h"
 #include "screens/frame/Main.h"
+#include "screens/frame/ProjectSetup.h"
 #include "screens/frame/screen_registry.h"
+#include "screens/frame/tutorial.h"
 #include "screens/grocery/ShoppingList.h"
 #include "screens/lookups/StoresForm.h"
 #include "screens/lookups/UnitsForm.h"
@@ -47,6 +49,8 @@ void register_screens(Main& main) {
     add<CS1504GETUPC>(registry, "CS1504GETUPC");
     add<Calculator>(registry, "Calculator", Opens::at_its_size);
     add<VII>(registry, "VII");
+    add<ProjectSetup>(registry, "ProjectSetup", Opens::at_its_size);
+    add_tutorial(main);
 }
 
 }  // namespace tavernook

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QLayout>
 #include <QMdiSubWindow>
 #include <functional>
@@ -93,6 +94,10 @@ void ScreenRegistry::add(const QString& name, Factory factory, Opens opens) {
     kinds_[name] = {std::move(factory), opens};
 }
 
+void ScreenRegistry::add_window(const QString& name, std::function<void()> come_up) {
+    windows_[name] = std::move(come_up);
+}
+
 QWidget* ScreenRegistry::loaded(const QString& name) const {
     const auto found = loaded_.find(name);
     return found == loaded_.end() ? nullptr : found->second.data();
@@ -112,12 +117,19 @@ bool ScreenRegistry::load(const QString& name) {
     child->setWindowTitle(screen->windowTitle());
     child->setWindowIcon(screen->windowIcon());
     area_.addSubWindow(child);
+    if (const auto* dialog = qobject_cast<QDialog*>(screen)) {
+        QObject::connect(dialog, &QDialog::finished, child, &QWidget::close);
+    }
     restore_screen(*screen);
     loaded_[name] = screen;
     return true;
 }
 
 bool ScreenRegistry::show(const QString& name) {
+    if (const auto window = windows_.find(name); window != windows_.end()) {
+        window->second();
+        return true;
+    }
     if (!load(name)) return false;
     QMdiSubWindow* child = child_window(loaded(name));
     if (!child->isVisible()) come_up(name);

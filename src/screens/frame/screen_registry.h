@@ -27,9 +27,15 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
 
     void add(const QString& name, Factory factory, Opens opens = Opens::over_the_area);
 
+    // A window that is none of the area's: `come_up` shows it. It is never loaded here, and what
+    // is asked of all screens does not concern it.
+    void add_window(const QString& name, std::function<void()> come_up);
+
     // `changed` is called when a child window has gone from sight without being closed.
     void when_hidden(std::function<void()> changed) { hidden_ = std::move(changed); }
-    bool knows(const QString& name) const { return kinds_.count(name) > 0; }
+    bool knows(const QString& name) const {
+        return kinds_.count(name) > 0 || windows_.count(name) > 0;
+    }
 
     // Nothing while the screen is not loaded.
     QWidget* loaded(const QString& name) const override;
@@ -68,6 +74,7 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
 
     QMdiArea& area_;
     std::map<QString, Kind> kinds_;
+    std::map<QString, std::function<void()>> windows_;
     std::map<QString, QPointer<QWidget>> loaded_;
     std::function<void()> hidden_;
 };

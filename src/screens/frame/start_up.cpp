@@ -26,6 +26,7 @@ void start_program(Main& main, Splash& splash, const std::string& command_line) 
     main.show();
     guarded([] { file_associations().write(); }, module_message);
     splash.close();
+    main.welcome();
 }
 
 }  // namespace tavernook
