@@ -209,10 +209,7 @@ bool Main::may_close() {
     const Busy busy(*this);
     bool may = false;
     guarded([&] { may = may_leave_project() && main_unload(); });
-    if (may) {
-        actions_->set_toolbars_shown(true);
-        remember_window(*this);
-    }
+    if (may) remember_window(*this);
     return may;
 }
 
