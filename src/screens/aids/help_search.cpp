@@ -37,8 +37,8 @@ int times(const QString& word, const QString& text) {
 
 // Words are not cut.
 QString around(qsizetype place, const QString& text) {
-    constexpr qsizetype before = 30;
-    constexpr qsizetype in_all = 110;
+    constexpr qsizetype before = 20;
+    constexpr qsizetype in_all = 80;
     qsizetype from = place <= before ? 0 : text.indexOf(QLatin1Char(' '), place - before) + 1;
     if (from > place) from = place;
     QString line = text.mid(from, in_all);
@@ -58,6 +58,8 @@ void HelpSearch::add_page(const QUrl& page, const QString& html) {
               document.toPlainText().simplified(),
               {},
               {}};
+    // The heading says the title again.
+    if (read.text.startsWith(read.title)) read.text = read.text.mid(read.title.size() + 1);
     read.plain_title = plain(read.title);
     read.plain_text = plain(read.text);
     pages_.append(read);

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSortFilterProxyModel>
+#include <QTabBar>
 #include <QToolButton>
 #include <QWindow>
 #include <string>
@@ -13,6 +14,7 @@
 #include "screens/aids/help_book.h"
 #include "screens/aids/help_search.h"
 #include "screens/parts/guard.h"
+#include "screens/parts/icons.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_memory.h"
 #include "screens/parts/select_on_entry.h"
@@ -41,7 +43,8 @@ HelpWindow::HelpWindow(HelpBook& book)
     ui_->page->read_from(book_);
     ui_->find_bar->hide();
     ui_->help_splitter->setStretchFactor(1, 1);
-    ui_->help_splitter->setSizes({letters_wide(*this, 34), letters_wide(*this, 80)});
+    ui_->help_tabs->setMinimumWidth(ui_->help_tabs->tabBar()->sizeHint().width());
+    ui_->help_splitter->setSizes({letters_wide(*this, 38), letters_wide(*this, 80)});
     connect_toolbar();
     connect_contents();
     connect_index();
@@ -66,12 +69,14 @@ void HelpWindow::connect_toolbar() {
         button->setAccessibleName(action->text());
     }
     ui_->larger_text->setShortcuts({QKeySequence(tr("Ctrl++")), QKeySequence(tr("Ctrl+="))});
+    ui_->go_back->setIcon(icon(QStringLiteral("previous")));
+    ui_->go_forward->setIcon(icon(QStringLiteral("next")));
     ui_->go_back->setEnabled(false);
     ui_->go_forward->setEnabled(false);
     HelpPage* page = ui_->page;
     connect(page, &QTextBrowser::backwardAvailable, ui_->go_back, &QAction::setEnabled);
     connect(page, &QTextBrowser::forwardAvailable, ui_->go_forward, &QAction::setEnabled);
-    connect(page, &QTextBrowser::sourceChanged, this, &HelpWindow::page_has_changed);
+    connect(page, &QTextBrowser::sourceChanged, this, &HelpWindow::show_where);
     connect(ui_->go_back, &QAction::triggered, page, &QTextBrowser::backward);
     connect(ui_->go_forward, &QAction::triggered, page, &QTextBrowser::forward);
     connect(ui_->go_contents, &QAction::triggered, this, &HelpWindow::show_contents);
@@ -135,6 +140,8 @@ void HelpWindow::connect_search() {
 }
 
 void HelpWindow::connect_find_bar() {
+    constexpr int comfortable_letters = 16;
+    ui_->find_box->setMinimumWidth(letters_wide(*this, comfortable_letters));
     select_on_entry(*ui_->find_box);
     connect(ui_->find_box, &QLineEdit::textChanged, ui_->find_notice, &QLabel::clear);
     connect(ui_->find_box, &QLineEdit::returnPressed, this, [this] { find_in_page(false); });
@@ -240,10 +247,11 @@ void HelpWindow::close_last_opened() {
     ui_->page->setFocus();
 }
 
-void HelpWindow::page_has_changed() {
+void HelpWindow::show_where(const QUrl& page) {
     setWindowTitle(tr("%1 - Tavernook Help").arg(ui_->page->documentTitle()));
     ui_->find_notice->clear();
-    mark_in_contents({}, ui_->page->source());
+    mark_row(*ui_->contents_tree, {});
+    mark_in_contents({}, page);
 }
 
 void HelpWindow::mark_in_contents(const QModelIndex& parent, const QUrl& page) {

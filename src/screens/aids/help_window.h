@@ -48,7 +48,7 @@ class HelpWindow : public QMainWindow {
     void go_to_next_part();
     void close_last_opened();
     QWidget& part_in_front() const;  // of the tab in front
-    void page_has_changed();
+    void show_where(const QUrl& page);
     void mark_in_contents(const QModelIndex& parent, const QUrl& page);
 
     void search();

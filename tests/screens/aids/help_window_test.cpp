@@ -126,6 +126,12 @@ TEST_F(HelpWindowTest, AScreenHasItsPage) {
     EXPECT_EQ(tree.currentIndex().data().toString(), "Item Inventory");
     EXPECT_TRUE(desk->show_page("NoSuchScreen"));
     EXPECT_EQ(shown(), "FoodInventory.html");
+    page_of("keys");
+    EXPECT_EQ(tree.currentIndex().data().toString(), "All keys");
+    press("Alt+Left");
+    EXPECT_EQ(tree.currentIndex().data().toString(), "Item Inventory");
+    press("Alt+Home");  // is none of the tree
+    EXPECT_FALSE(tree.currentIndex().isValid());
 }
 
 TEST_F(HelpWindowTest, AnUnknownScreenBringsUpNoWindow) {
