@@ -12,6 +12,7 @@
 #include <QWindow>
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <unistd.h>
 
 #include "fakes/test_platform.h"
@@ -40,6 +41,7 @@ class HelpWindowTest : public testing::Test {
     }
     template <typename Part>
     static Part& part(const char* name) {
+        if (window() == nullptr) throw std::runtime_error("no window of the help");
         return child<Part>(*window(), name);
     }
     // As the user sees them, with the keyboard in the window.
