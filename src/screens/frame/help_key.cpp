@@ -7,6 +7,7 @@
 #include "core/project/main_commands.h"
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/child_area.h"
+#include "screens/frame/tutorial.h"
 
 namespace tavernook {
 
@@ -52,10 +53,18 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
+// Within the main window the screen in front, or the lesson reader beside it.
+QString HelpKey::screen_around(const QWidget& focused) const {
+    if (focused.window() != &window_) return name_around(focused);
+    const QWidget* reader = reader_in_sight(window_);
+    const bool in_reader =
+        reader != nullptr && (reader == &focused || reader->isAncestorOf(&focused));
+    return in_reader ? reader->objectName() : children_.name_in_front();
+}
+
 void HelpKey::show_help(const QWidget& focused) const {
     if (QApplication::activePopupWidget() != nullptr || progress_.work_is_running()) return;
-    const bool in_main_window = focused.window() == &window_;
-    const QString name = in_main_window ? children_.name_in_front() : name_around(focused);
+    const QString name = screen_around(focused);
     name.isEmpty() ? load_help() : load_help_on(name.toStdString());
 }
 

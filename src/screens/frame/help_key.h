@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class QKeyEvent;
 class QMainWindow;
@@ -26,6 +27,7 @@ class HelpKey : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    QString screen_around(const QWidget& focused) const;
     void show_help(const QWidget& focused) const;
 
     const QMainWindow& window_;

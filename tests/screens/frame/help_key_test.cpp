@@ -29,9 +29,9 @@ TEST_F(HelpKeyTest, WithoutAScreenItShowsTheContents) {
 }
 
 TEST_F(HelpKeyTest, EveryScreenInFrontGetsItsPage) {
-    for (const char* name :
-         {"FoodInventory", "LotView", "Mealbuilder", "ShoppingList", "MealPlan", "Reports",
-          "StoresForm", "UnitsForm", "wam", "PP", "BCBuild", "BCGEN", "CS1504GETUPC"}) {
+    for (const char* name : {"FoodInventory", "LotView", "Mealbuilder", "ShoppingList", "MealPlan",
+                             "Reports", "StoresForm", "UnitsForm", "wam", "PP", "BCBuild", "BCGEN",
+                             "VII", "Calculator", "CS1504GETUPC"}) {
         open(name);
         press("F1");
         EXPECT_EQ(last_page(), name);
@@ -80,6 +80,20 @@ TEST_F(HelpKeyTest, ADialogGetsItsPageAndTheScreenOverItToo) {
     press_key(*window.findChild<About*>(), Qt::Key_F1);
     EXPECT_EQ(last_page(), "About");
     window.findChild<About*>()->close();
+}
+
+TEST_F(HelpKeyTest, TheLessonReaderAndTheWelcomeDialogHaveTheirPages) {
+    open("wam");
+    ASSERT_TRUE(window.registry().show("tut"));
+    press("F1");
+    EXPECT_EQ(last_page(), "tut");
+    screen->setFocus();
+    press("F1");
+    EXPECT_EQ(last_page(), "wam");
+    ASSERT_TRUE(window.registry().show("Dialog"));
+    press_key(*QApplication::activeModalWidget(), Qt::Key_F1);
+    EXPECT_EQ(last_page(), "Dialog");
+    QApplication::activeModalWidget()->close();
 }
 
 TEST_F(HelpKeyTest, InABoxAndInAMenuNothingHappens) {
