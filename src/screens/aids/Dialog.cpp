@@ -83,10 +83,10 @@ std::size_t place_after(std::size_t place, int key) {
                                                                     : static_cast<std::size_t>(to);
 }
 
-bool came_by_key(const QEvent& event) {
+// Not with the dialog itself, which tells its first part of a focus that it only will have.
+bool came_by_key(const QWidget& picture, const QEvent& event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::OtherFocusReason;
+    return picture.hasFocus() && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
 }
 
 }  // namespace
@@ -191,7 +191,7 @@ bool Dialog::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress:
             return handle_key(place, static_cast<QKeyEvent*>(event)->key());
         case QEvent::FocusIn:
-            if (came_by_key(*event))
+            if (came_by_key(**picture, *event))
                 ui_->description_label->setText(tr(lesson_pictures[place].text));
             break;
         case QEvent::Enter:
@@ -210,7 +210,7 @@ bool Dialog::eventFilter(QObject* watched, QEvent* event) {
 bool Dialog::handle_key(std::size_t place, int key) {
     const bool is_arrow =
         key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
-    if (is_arrow) pictures_[place_after(place, key)]->setFocus(Qt::OtherFocusReason);
+    if (is_arrow) pictures_[place_after(place, key)]->setFocus(Qt::TabFocusReason);
     return is_arrow;
 }
 

@@ -10,6 +10,7 @@
 
 #include "barcodes/scan_list.h"
 #include "platform/platform.h"
+#include "screens/frame/late_front.h"
 #include "screens/frame/screen_over_dialog.h"
 #include "screens/parts/running_work.h"
 #include "screens/parts/screen_memory.h"
@@ -85,7 +86,7 @@ QMdiSubWindow* child_window(QWidget* screen) {
 // Each child window keeps its own state: with Qt's habit of handing it on to the next one in front,
 // a screen that goes from sight would shrink the others. Behind one that is closed comes the one
 // that the user was on before.
-ScreenRegistry::ScreenRegistry(QMdiArea& area) : area_(area) {
+ScreenRegistry::ScreenRegistry(QMdiArea& area) : area_(area), front_(*new LateFront(area)) {
     area_.setActivationOrder(QMdiArea::ActivationHistoryOrder);
     area_.setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
 }
@@ -133,7 +134,7 @@ bool ScreenRegistry::show(const QString& name) {
     if (!load(name)) return false;
     QMdiSubWindow* child = child_window(loaded(name));
     if (!child->isVisible()) come_up(name);
-    area_.setActiveSubWindow(child);
+    front_.bring(*child);
     loaded(name)->setFocus();
     return true;
 }

@@ -13,6 +13,8 @@
 
 namespace tavernook {
 
+class LateFront;
+
 // How a screen comes up: over the whole area as long as the user has not arranged the screens
 // otherwise, or as a window in the middle, of the size of what it shows.
 enum class Opens { over_the_area, at_its_size };
@@ -73,6 +75,7 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     const QMdiSubWindow* front_one_over_the_area() const;
 
     QMdiArea& area_;
+    LateFront& front_;
     std::map<QString, Kind> kinds_;
     std::map<QString, std::function<void()>> windows_;
     std::map<QString, QPointer<QWidget>> loaded_;

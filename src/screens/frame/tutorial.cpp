@@ -34,12 +34,11 @@ Tutorial::Tutorial(Main& main) : QObject(&main), main_(main) {
 }
 
 void Tutorial::show_welcome() {
-    if (welcome_ == nullptr) {
-        welcome_ = new Dialog(&main_, [this](const Work& command) { main_.run(command); });
-        welcome_->setAttribute(Qt::WA_DeleteOnClose);
-        connect(welcome_, &Dialog::new_wanted, this, [this] { bring_project(mnuFile_NewProject); });
-        connect(welcome_, &Dialog::open_wanted, this, [this] { bring_project(main_open); });
-    }
+    if (welcome_ != nullptr && welcome_->isVisible()) return;
+    delete welcome_;
+    welcome_ = new Dialog(&main_, [this](const Work& command) { main_.run(command); });
+    connect(welcome_, &Dialog::new_wanted, this, [this] { bring_project(mnuFile_NewProject); });
+    connect(welcome_, &Dialog::open_wanted, this, [this] { bring_project(main_open); });
     welcome_->open();
 }
 
@@ -49,7 +48,7 @@ void Tutorial::bring_project(bool (*command)()) {
     main_.run([&] {
         if (!main_.may_leave_project() || !command()) return;
         project_tag = welcome_tag;
-        if (welcome_ != nullptr) welcome_->accept();
+        welcome_->accept();
     });
 }
 

@@ -7,7 +7,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 
 class QDockWidget;
 class QWidget;
@@ -38,7 +37,7 @@ class Tutorial : public QObject {
     void bring_project(bool (*command)());
 
     Main& main_;
-    QPointer<Dialog> welcome_;
+    Dialog* welcome_ = nullptr;
     QDockWidget* dock_ = nullptr;
     tut* reader_ = nullptr;
 };

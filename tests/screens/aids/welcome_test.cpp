@@ -211,6 +211,7 @@ TEST_F(Welcome, AProjectThatItStartsOrOpensBearsItsTag) {
     EXPECT_EQ(project_tag, 10);
     EXPECT_EQ(project_modified, i16_false);
 
+    bring_in_front(window);
     const std::string other = [&] {
         platform.dialogs.expect_save("New Project", platform.path("other.tvk"));
         project_tag = 0;
@@ -229,6 +230,7 @@ TEST_F(Welcome, AProjectThatItStartsOrOpensBearsItsTag) {
     EXPECT_EQ(project_name, "home.tvk");
     EXPECT_EQ(project_tag, 10);
 
+    bring_in_front(window);
     press("Ctrl+S");
     open_by_keys(other);
     EXPECT_EQ(project_tag, 0);
@@ -266,7 +268,7 @@ TEST_F(WelcomeAtTheStart, ComesOverTheWindowAndTheStartPage) {
     ASSERT_NE(welcome(), nullptr);
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(window.findChild<QWidget*>("StartPage")->isVisible());
-    EXPECT_TRUE(becomes_active(*welcome()));
+    bring_in_front(*welcome());
     press("Escape");
     EXPECT_EQ(welcome(), nullptr);
     EXPECT_EQ(hide_welcome_dialog, i16_false);
