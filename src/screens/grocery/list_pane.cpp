@@ -14,6 +14,7 @@
 #include "screens/parts/list_parts.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/stock_sign.h"
 #include "shopping/list_rows.h"
 #include "ui_list_pane.h"
 
@@ -30,7 +31,11 @@ bool is_amount(ListColumn column) {
            column == ListColumn::cost || column == ListColumn::sub_total;
 }
 
-// All of them are sorted as texts.
+QString attention_words(RowId row) {
+    return stock_words(part_of(row, 0));
+}
+
+// All of them are sorted as texts. Beside the amount stands what wants it.
 std::vector<RowsColumn> columns() {
     std::vector<RowsColumn> made;
     for (const ListColumn column : list_columns) {
@@ -40,6 +45,10 @@ std::vector<RowsColumn> columns() {
              .alignment = is_amount(column) ? on_the_right : on_the_left,
              .title_tip =
                  column == ListColumn::store_order ? QObject::tr("Store order") : QString()});
+        if (column != ListColumn::quantity) continue;
+        made.back().sign = [](RowId row) { return stock_sign_of(part_of(row, 0)); };
+        made.back().tip = attention_words;
+        made.back().description = attention_words;
     }
     return made;
 }
@@ -80,8 +89,8 @@ ListPane::ListPane(QWidget* parent)
       ui_(std::make_unique<Ui::ListPane>()),
       rows_(new RowsModel(columns(), this)),
       list_((ui_->setupUi(this), *ui_->shopping_list)),
-      seen_{Subject::items, Subject::catagories, Subject::units, Subject::stores,
-            Subject::settings} {
+      seen_{Subject::items,  Subject::catagories, Subject::units,
+            Subject::stores, Subject::lots,       Subject::settings} {
     set_up_list();
     set_up_columns();
     set_up_footer();

@@ -10,8 +10,8 @@
 #include "inventory/item_form.h"
 #include "inventory/lots.h"
 #include "screens/parts/drag_text.h"
-#include "screens/parts/icons.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/stock_sign.h"
 
 namespace tavernook {
 
@@ -29,21 +29,9 @@ QString stock_text(i16 item) {
     return (amount + QLatin1Char(' ') + shown_text(unit.name.trimmed())).trimmed();
 }
 
-QString attention_words(i16 item) {
-    return shown_text(attention_text(attention_of(item)));
-}
-
-QVariant attention_icon(i16 item) {
-    const Attention attention = attention_of(item);
-    if (attention.expired) return icon(QStringLiteral("warning"));
-    if (attention.expires_soon) return icon(QStringLiteral("clock"));
-    if (attention.low) return icon(QStringLiteral("low"));
-    return {};
-}
-
 // What wants attention first.
 LeafRank attention_rank(i16 item) {
-    const QString words = attention_words(item);
+    const QString words = stock_words(item);
     return {words.isEmpty() ? 1 : 0, words};
 }
 
@@ -85,8 +73,8 @@ TreeContents item_tree_contents() {
                      .rank = [](i16 item) { return LeafRank(stock_of(item), QString()); },
                      .is_right = true},
                     {.title = QObject::tr("Attention"),
-                     .text = attention_words,
-                     .decoration = attention_icon,
+                     .text = stock_words,
+                     .sign = stock_sign_of,
                      .rank = attention_rank}},
         .drag_text = text_of_dragged_item,
         .rename_catagory = [](i16 row,

@@ -25,8 +25,7 @@ QString day_of_lot(Date date) {
 
 LotRows::LotRows()
     : ordinary_mark_(icon(QStringLiteral("lot"))),
-      current_mark_(icon(QStringLiteral("lot_current"))),
-      expired_mark_(icon(QStringLiteral("warning"))) {}
+      current_mark_(icon(QStringLiteral("lot_current"))) {}
 
 LotRows::Line LotRows::read_line(i16 item, i16 place, const QString& unit) {
     const LotRecord& record = lots[item];
@@ -87,7 +86,7 @@ std::vector<RowsColumn> LotRows::columns() const {
              .alignment = Qt::AlignCenter},
             {.title = QObject::tr("Note"),
              .text = [this](RowId row) { return line(row).note; },
-             .icon = [this](RowId row) { return warning(row); }}};
+             .sign = [this](RowId row) { return sign(row); }}};
 }
 
 }  // namespace tavernook

@@ -8,6 +8,7 @@
 
 #include "core/records.h"
 #include "screens/parts/rows_model.h"
+#include "screens/parts/stock_sign.h"
 
 namespace tavernook {
 
@@ -38,12 +39,13 @@ class LotRows {
     static Line read_line(i16 item, i16 place, const QString& unit);
     const Line& line(RowId row) const { return lines_.at(static_cast<std::size_t>(row - 1)); }
     QIcon mark(RowId row) const { return line(row).is_current ? current_mark_ : ordinary_mark_; }
-    QIcon warning(RowId row) const { return line(row).is_expired ? expired_mark_ : QIcon(); }
+    StockSign sign(RowId row) const {
+        return line(row).is_expired ? StockSign::past_date : StockSign::none;
+    }
 
     std::vector<Line> lines_;
     QIcon ordinary_mark_;
     QIcon current_mark_;
-    QIcon expired_mark_;
 };
 
 }  // namespace tavernook

@@ -8,6 +8,7 @@
 #include "screens/parts/guard.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/stock_sign.h"
 
 namespace tavernook {
 
@@ -23,6 +24,12 @@ QVariant asked(const std::function<Answer(i16)>& of, i16 leaf) {
     QVariant answer;
     if (of) quietly([&] { answer = QVariant(of(leaf)); });
     return answer;
+}
+
+QVariant sign_answer(const std::function<StockSign(i16)>& of, i16 leaf, int role) {
+    StockSign sign = StockSign::none;
+    if (of) quietly([&] { sign = of(leaf); });
+    return sign_data(sign, role);
 }
 
 }  // namespace
@@ -190,7 +197,10 @@ QVariant CatagoryTreeModel::leaf_data(i16 leaf, const TreeColumn& column, int ro
         case Qt::ToolTipRole:
             return asked(column.text, leaf);
         case Qt::DecorationRole:
-            return asked(column.decoration, leaf);
+            if (column.decoration) return asked(column.decoration, leaf);
+            return sign_answer(column.sign, leaf, role);
+        case Qt::ForegroundRole:
+            return sign_answer(column.sign, leaf, role);
         case Qt::TextAlignmentRole:
             return column.is_right ? QVariant(int{Qt::AlignRight | Qt::AlignVCenter}) : QVariant();
         default:

@@ -33,12 +33,15 @@
 
 namespace tavernook {
 
+enum class StockSign;  // stock_sign.h
+
 struct TreeColumn {
     QString title;
     std::function<QString(i16 leaf)> text;
     std::function<QVariant(i16 leaf)> decoration = {};
-    std::function<LeafRank(i16 leaf)> rank = {};  // none: sorted by name
-    bool is_right = false;                        // as amounts stand
+    std::function<StockSign(i16 leaf)> sign = {};  // its icon, unless decorated, and its colour
+    std::function<LeafRank(i16 leaf)> rank = {};   // none: sorted by name
+    bool is_right = false;                         // as amounts stand
 };
 
 struct TreeContents {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "screens/parts/row_ranks.h"
+#include "screens/parts/stock_sign.h"
 
 namespace tavernook {
 
@@ -148,7 +149,10 @@ QVariant RowsModel::cell(const RowsColumn& column, RowId row, int role) const {
         case Qt::TextAlignmentRole:
             return int(column.alignment);
         case Qt::DecorationRole:
-            return column.icon ? QVariant(asked(column.icon, row)) : QVariant();
+            if (column.icon) return asked(column.icon, row);
+            return sign_data(asked(column.sign, row), role);
+        case Qt::ForegroundRole:
+            return sign_data(asked(column.sign, row), role);
         case Qt::ToolTipRole:
             return column.tip ? QVariant(asked(column.tip, row)) : QVariant();
         case Qt::AccessibleDescriptionRole:

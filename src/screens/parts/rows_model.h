@@ -34,6 +34,8 @@
 
 namespace tavernook {
 
+enum class StockSign;  // stock_sign.h
+
 using RowId = std::int64_t;
 inline constexpr RowId no_row = 0;
 
@@ -59,6 +61,7 @@ struct RowsColumn {
     std::function<QString(RowId)> tip = {};
     std::function<QString(RowId)> description = {};  // for assistive technology
     QString title_tip = {};
+    std::function<StockSign(RowId)> sign = {};  // its icon, unless there is another, and its colour
     int part = -1;  // of the row's number, which alone decides text and number; -1 = all of it
 };
 

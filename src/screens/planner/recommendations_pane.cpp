@@ -14,6 +14,7 @@
 #include "screens/parts/plan_names.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/stock_sign.h"
 #include "screens/planner/planner_parts.h"
 #include "screens/planner/selected_day.h"
 #include "ui_recommendations_pane.h"
@@ -69,6 +70,7 @@ std::vector<RowsColumn> RecommendationsPane::columns() {
     const auto quantity = [this](RowId row) {
         return expiring_[static_cast<std::size_t>(item_of(row))];
     };
+    const auto past = [](RowId) { return tr("Expired"); };
     return {{.title = tr("Meal"),
              .text = [](RowId row) { return recipe_name(recipe_of(row)); },
              .icon = [recipe](RowId) { return recipe; },
@@ -80,6 +82,9 @@ std::vector<RowsColumn> RecommendationsPane::columns() {
              .text = [quantity](RowId row) { return shown_text(number_text(quantity(row))); },
              .number = quantity,
              .alignment = on_the_right,
+             .tip = past,
+             .description = past,
+             .sign = [](RowId) { return StockSign::past_date; },
              .part = item_part}};
 }
 

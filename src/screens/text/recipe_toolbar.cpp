@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "screens/parts/checked_line.h"
 #include "screens/parts/choice_box.h"
 #include "screens/parts/icons.h"
 #include "screens/text/ink_menu.h"
@@ -159,6 +160,7 @@ void RecipeToolbar::name_buttons() {
         button->setObjectName(action->objectName() + QLatin1String("_button"));
         button->setAccessibleName(action->text());
         button->setFocusPolicy(action == bold_ ? Qt::TabFocus : Qt::NoFocus);
+        if (action->isCheckable()) new CheckedLine(*button);
         if (action == colour_) button->setPopupMode(QToolButton::InstantPopup);
     }
     auto* more = bar_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
