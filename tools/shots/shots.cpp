@@ -34,6 +34,7 @@
 #include "shots/plain_views.h"
 #include "shots/shots_aids.h"
 #include "shots/shots_help.h"
+#include "shots/shots_icons.h"
 #include "shots/shots_inventory.h"
 #include "shots/shots_lookups.h"
 #include "shots/shots_planner.h"
@@ -219,6 +220,7 @@ void take_screens(Photographer& photographer, Main& window, const QString& proje
         photographer.take(name, shown);
     };
     take_help(take);
+    take_icons(take);
     take_settings(photographer, window);
     take_lookup_screens(window, take);
     take_inventory_screens(window, take);

@@ -4,6 +4,7 @@
 
 #include "screens/grocery/shopping_list_fixture.h"
 #include "screens/pantry/FoodInventory.h"
+#include "screens/parts/house_colours.h"
 #include "screens/parts/list_font.h"
 
 namespace tavernook {
@@ -51,6 +52,30 @@ TEST_F(ShoppingListScreen, ShowsWhatIsOnTheListByNumberWithAllColumns) {
     };
     for (const int amount : {3, 4, 5, 7}) EXPECT_TRUE(alignment(amount) & Qt::AlignRight);
     for (const int text : {0, 1, 2, 6}) EXPECT_TRUE(alignment(text) & Qt::AlignLeft);
+}
+
+TEST_F(ShoppingListScreen, TellsWhatIsLowOrPastItsDateByIconColourAndWord) {
+    items[apples].stock_quantity = 5;
+    items[milk].storage_time = 7;
+    lots[milk].lot_quantity[0] = 1;
+    lots[milk].expiration_date[0] = 45420;
+    open_list();
+    const auto amount = [this](int row, int role) {
+        return list().model()->index(row, 4).data(role);
+    };
+    EXPECT_EQ(amount(0, Qt::AccessibleDescriptionRole), "Low");
+    EXPECT_EQ(amount(0, Qt::ToolTipRole), "Low");
+    EXPECT_EQ(amount(0, Qt::ForegroundRole).value<QColor>(),
+              house_colour(HouseColour::low, list().palette()));
+    EXPECT_EQ(amount(1, Qt::AccessibleDescriptionRole), "Expired");
+    EXPECT_EQ(amount(1, Qt::ForegroundRole).value<QColor>(),
+              house_colour(HouseColour::past_date, list().palette()));
+    for (const int row : {0, 1}) {
+        EXPECT_FALSE(amount(row, Qt::DecorationRole).value<QIcon>().isNull());
+    }
+    EXPECT_EQ(amount(2, Qt::AccessibleDescriptionRole), "");
+    EXPECT_FALSE(amount(2, Qt::DecorationRole).isValid());
+    EXPECT_FALSE(amount(2, Qt::ForegroundRole).isValid());
 }
 
 // 2.50 + 3.00 + 4.00 = 9.50; with 7.5 % on top 10.2125.

@@ -10,6 +10,7 @@
 #include "inventory/replacement.h"
 #include "screens/pantry/food_inventory_fixture.h"
 #include "screens/parts/guard.h"
+#include "screens/parts/house_colours.h"
 #include "support/table_snapshot.h"
 
 namespace tavernook {
@@ -90,6 +91,33 @@ TEST_F(ItemThatChanges, TheFormShowsIt) {
     EXPECT_EQ(text("last_restock"), "05/15/2024");
     choose_row("c2");  // nothing that the user has changed
     EXPECT_EQ(screen().getindex(), 2);
+}
+
+TEST_F(ItemThatChanges, TheFormTellsWhatWantsAttentionByIconColourAndWord) {
+    auto& words = part<QLabel>("attention_words");
+    auto& button = part<QWidget>("exp_date");
+    EXPECT_TRUE(words.isHidden());
+    EXPECT_EQ(button.accessibleDescription(), "");
+    items[1].storage_time = 10;
+    items[1].stock_quantity = 50;
+    items[1].restock_quantity = 20;
+    lots[1].lot_quantity[0] = 2;
+    lots[1].expiration_date[0] = 45420;
+    end_of_step();
+    EXPECT_FALSE(words.isHidden());
+    EXPECT_EQ(words.text(), "Expired, low");
+    EXPECT_EQ(words.palette().color(QPalette::WindowText),
+              house_colour(HouseColour::past_date, screen().palette()));
+    EXPECT_FALSE(part<QWidget>("attention_line").findChild<QLabel*>()->pixmap().isNull());
+    EXPECT_EQ(button.accessibleDescription(), "Expired, low");
+    choose_row("c2");
+    EXPECT_TRUE(words.isHidden());
+    choose_row("c1");
+    EXPECT_EQ(words.text(), "Expired, low");
+    platform.boxes.expect_input("Please Enter New Item Name", "New Item", "", "Oats");
+    command("item_toolbar_1_1");
+    EXPECT_TRUE(words.isHidden());
+    EXPECT_EQ(button.accessibleDescription(), "");
 }
 
 TEST_F(ItemThatChanges, WhatWasTypedStaysAndTheOtherBoxesFollow) {

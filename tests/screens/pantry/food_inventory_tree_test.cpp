@@ -6,6 +6,7 @@
 #include <QMimeData>
 
 #include "screens/pantry/food_inventory_fixture.h"
+#include "screens/parts/house_colours.h"
 
 namespace tavernook {
 namespace {
@@ -174,7 +175,7 @@ TEST_F(ItemTree, NarrowsTenThousandItems) {
     EXPECT_EQ(rows(), "[Group 40] Food number 9999 ");
 }
 
-TEST_F(ItemTree, WhatWantsAttentionIsMarkedByIconAndWord) {
+TEST_F(ItemTree, WhatWantsAttentionIsMarkedByIconColourAndWord) {
     put_household();
     expiration_warning_days = 3;
     items[1].storage_time = 30;
@@ -194,6 +195,21 @@ TEST_F(ItemTree, WhatWantsAttentionIsMarkedByIconAndWord) {
     EXPECT_EQ(attention("c1"), "Expired");
     EXPECT_EQ(attention("c2"), "Expires soon");
     EXPECT_EQ(attention("c3"), "Low");
+    const auto colour = [this](const char* key, int column) {
+        return model()
+            .index_of(QLatin1String(key))
+            .siblingAtColumn(column)
+            .data(Qt::ForegroundRole);
+    };
+    const auto of_the_house = [this](HouseColour which) {
+        return house_colour(which, tree().palette());
+    };
+    EXPECT_EQ(colour("c1", item_attention_column).value<QColor>(),
+              of_the_house(HouseColour::past_date));
+    EXPECT_EQ(colour("c2", item_attention_column).value<QColor>(), of_the_house(HouseColour::low));
+    EXPECT_EQ(colour("c3", item_attention_column).value<QColor>(), of_the_house(HouseColour::low));
+    EXPECT_FALSE(colour("c1", item_name_column).isValid());
+    EXPECT_FALSE(colour("c1", item_stock_column).isValid());
     const QModelIndex stock = model().index_of("c1").siblingAtColumn(item_stock_column);
     EXPECT_EQ(stock.data().toString(), "2.00");
     EXPECT_TRUE(stock.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);

@@ -8,6 +8,7 @@
 #include "inventory/lots.h"
 #include "screens/child_screen_fixture.h"
 #include "screens/pantry/LotView.h"
+#include "screens/parts/house_colours.h"
 
 namespace tavernook {
 namespace {
@@ -121,6 +122,20 @@ TEST_F(LotViewScreen, ShowsDatesAndQuantities) {
     EXPECT_EQ(part<QLabel>("total_label").text(), "In stock: 6.5 quart(s), in 2 lots");
     const QVariant alignment = list().model()->index(0, 2).data(Qt::TextAlignmentRole);
     EXPECT_TRUE(alignment.toInt() & Qt::AlignRight);
+}
+
+TEST_F(LotViewScreen, ALotPastItsDateIsToldByIconColourAndWord) {
+    open_lots();
+    const auto note = [this](int row, int role) {
+        return list().model()->index(row, 4).data(role);
+    };
+    EXPECT_EQ(note(0, Qt::DisplayRole), "Expired");
+    EXPECT_FALSE(note(0, Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_EQ(note(0, Qt::ForegroundRole).value<QColor>(),
+              house_colour(HouseColour::past_date, list().palette()));
+    EXPECT_EQ(note(2, Qt::DisplayRole), "Current lot");
+    EXPECT_FALSE(note(2, Qt::DecorationRole).isValid());
+    EXPECT_FALSE(note(2, Qt::ForegroundRole).isValid());
 }
 
 TEST_F(LotViewScreen, TheCurrentLotHasItsOwnMarkAndIsSelected) {

@@ -3,12 +3,17 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QImage>
+#include <QMenu>
 #include <QPalette>
+#include <QRegularExpression>
+#include <QSvgRenderer>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 
 #include "gui_support/warning_guard.h"
 #include "screens/frame/main_commands_table.h"
+#include "screens/parts/house_colours.h"
 
 namespace tavernook {
 namespace {
@@ -26,6 +31,36 @@ class Icons : public testing::Test {
             }
         }
         return {};
+    }
+
+    static QColor accent() { return house_colour(HouseColour::accent, QGuiApplication::palette()); }
+
+    // The colours of all fully covered pixels, at a size where every part of a drawing has some.
+    static std::set<QRgb> colours(const QString& name, QIcon::Mode mode) {
+        const QImage image = icon(name).pixmap(QSize(96, 96), 1.0, mode).toImage();
+        std::map<QRgb, int> found;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y).alpha() == 255) ++found[image.pixelColor(x, y).rgb()];
+            }
+        }
+        // Where two colours meet there are a few pixels of both.
+        std::set<QRgb> many;
+        for (const auto& [colour, count] : found) {
+            if (count > 12) many.insert(colour);
+        }
+        return many;
+    }
+
+    static QStringList names() {
+        QStringList found =
+            QDir(QStringLiteral(TAVERNOOK_SOURCE_FOLDER "/assets/icons")).entryList({"*.svg"});
+        for (QString& name : found) name.chop(4);
+        return found;
+    }
+    static QByteArray text_of(const QString& name) {
+        QFile file(QStringLiteral(TAVERNOOK_SOURCE_FOLDER "/assets/icons/%1.svg").arg(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     static void use_text_colours(const QColor& normal, const QColor& disabled,
@@ -89,6 +124,77 @@ TEST_F(Icons, AreOneFamily) {
             EXPECT_TRUE(text.contains(part)) << name.toStdString() << " lacks " << part;
         }
     }
+}
+
+TEST_F(Icons, AreListedOneByOneAndHaveNoColourButThoseThatAreReplaced) {
+    QFile list(QStringLiteral(TAVERNOOK_SOURCE_FOLDER "/assets/icons/icons.qrc"));
+    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
+    const QByteArray listed = list.readAll();
+    const QRegularExpression paint(QStringLiteral("(?:stroke|fill|color)=\"([^\"]*)\""));
+    for (const QString& name : names()) {
+        EXPECT_TRUE(listed.contains("<file>" + name.toLatin1() + ".svg</file>"))
+            << name.toStdString();
+        EXPECT_TRUE(QSvgRenderer(text_of(name)).isValid()) << name.toStdString();
+        const QString text = QString::fromLatin1(text_of(name));
+        EXPECT_FALSE(text.contains("style=")) << name.toStdString();
+        auto found = paint.globalMatch(text);
+        while (found.hasNext()) {
+            const QString colour = found.next().captured(1);
+            const QStringList known{"none", "currentColor", "#a84f2c", "#b3142e", "#8a6100"};
+            EXPECT_TRUE(known.contains(colour)) << name.toStdString() << " " << qPrintable(colour);
+        }
+    }
+}
+
+// Arrows of controls are lines alone, signs of stock have their own colour alone.
+TEST_F(Icons, EveryCommandHasALineAndAPartInTheAccentColour) {
+    const QPalette palette = QGuiApplication::palette();
+    const QRgb text = palette.color(QPalette::WindowText).rgb();
+    const QRgb past = house_colour(HouseColour::past_date, palette).rgb();
+    const QRgb low = house_colour(HouseColour::low, palette).rgb();
+    const std::map<QString, std::set<QRgb>> others = {{"more", {text}},     {"next", {text}},
+                                                      {"previous", {text}}, {"past_date", {past}},
+                                                      {"clock", {low}},     {"low", {low}}};
+    for (const QString& name : names()) {
+        const auto other = others.find(name);
+        const bool is_command = other == others.end();
+        EXPECT_EQ(colours(name, QIcon::Normal),
+                  is_command ? std::set<QRgb>({text, accent().rgb()}) : other->second)
+            << name.toStdString();
+    }
+}
+
+TEST_F(Icons, HaveOneToneWhenTheyAreDisabledOrSelected) {
+    use_text_colours(Qt::black, Qt::green, Qt::blue);
+    for (const QString& name : names()) {
+        EXPECT_EQ(colours(name, QIcon::Disabled), std::set<QRgb>{QColor(Qt::green).rgb()})
+            << name.toStdString();
+        EXPECT_EQ(colours(name, QIcon::Selected), std::set<QRgb>{QColor(Qt::blue).rgb()})
+            << name.toStdString();
+    }
+}
+
+TEST_F(Icons, KeepTheirAccentUnderThePointerButNotInAnOpenMenu) {
+    const QRgb text = QGuiApplication::palette().color(QPalette::WindowText).rgb();
+    EXPECT_TRUE(colours("save", QIcon::Active).contains(accent().rgb()));
+    QMenu menu;
+    menu.addAction("Copy");
+    menu.popup(QPoint(0, 0));
+    EXPECT_EQ(colours("save", QIcon::Active), std::set<QRgb>{text});
+    EXPECT_TRUE(colours("save", QIcon::Normal).contains(accent().rgb()));
+    menu.close();
+}
+
+TEST_F(Icons, TheAccentFollowsThePalette) {
+    QPalette dark(QColor("#2d2d30"), QColor("#252528"));
+    dark.setColor(QPalette::Base, QColor("#1e1e20"));
+    dark.setColor(QPalette::WindowText, QColor("#e6e6e6"));
+    const QRgb on_light = accent().rgb();
+    EXPECT_TRUE(colours("save", QIcon::Normal).contains(on_light));
+    QGuiApplication::setPalette(dark);
+    ASSERT_NE(accent().rgb(), on_light);
+    EXPECT_TRUE(colours("save", QIcon::Normal).contains(accent().rgb()));
+    EXPECT_FALSE(colours("save", QIcon::Normal).contains(on_light));
 }
 
 TEST_F(Icons, AnUnknownOneDrawsNothing) {

@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
+#include "screens/parts/house_colours.h"
 #include "screens/parts/rows_model.h"
 #include "screens/parts/screen_switch.h"
 #include "screens/planner/meal_plan_fixture.h"
@@ -54,6 +55,21 @@ TEST_F(PlannerRecommendations, AreShownByOpeningTheScreen) {
     EXPECT_EQ(recommended().model()->headerData(1, Qt::Horizontal).toString(), "Item");
     EXPECT_EQ(recommended().model()->headerData(2, Qt::Horizontal).toString(), "Quantity");
     EXPECT_EQ(focused(), "Text1");
+}
+
+TEST_F(PlannerRecommendations, TellWhatIsPastItsDateByIconColourAndWord) {
+    expire(milk);
+    open_planner();
+    const auto cell = [this](int column, int role) {
+        return recommended().model()->index(0, column).data(role);
+    };
+    EXPECT_EQ(cell(2, Qt::DisplayRole), "6");
+    EXPECT_FALSE(cell(2, Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_EQ(cell(2, Qt::ForegroundRole).value<QColor>(),
+              house_colour(HouseColour::past_date, recommended().palette()));
+    EXPECT_EQ(cell(2, Qt::AccessibleDescriptionRole), "Expired");
+    EXPECT_EQ(cell(2, Qt::ToolTipRole), "Expired");
+    EXPECT_FALSE(cell(1, Qt::ForegroundRole).isValid());
 }
 
 TEST_F(PlannerRecommendations, WithoutAnyTheCaptionSaysSo) {
