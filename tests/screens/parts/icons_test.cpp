@@ -156,11 +156,13 @@ TEST_F(Icons, EveryCommandHasALineAndAPartInTheAccentColour) {
                                                       {"previous", {text}}, {"past_date", {past}},
                                                       {"clock", {low}},     {"low", {low}}};
     for (const QString& name : names()) {
-        const auto other = others.find(name);
-        const bool is_command = other == others.end();
-        EXPECT_EQ(colours(name, QIcon::Normal),
-                  is_command ? std::set<QRgb>({text, accent().rgb()}) : other->second)
-            << name.toStdString();
+        const std::set<QRgb> seen = colours(name, QIcon::Normal);
+        if (const auto other = others.find(name); other != others.end()) {
+            EXPECT_EQ(seen, other->second) << name.toStdString();
+        } else {
+            EXPECT_TRUE(seen.contains(text)) << name.toStdString();
+            EXPECT_TRUE(seen.contains(accent().rgb())) << name.toStdString();
+        }
     }
 }
 
