@@ -8,13 +8,13 @@
 
 #include "core/project_data.h"
 #include "platform/platform.h"
+#include "screens/grocery/list_columns.h"
 #include "screens/parts/drag_text.h"
 #include "screens/parts/guard.h"
 #include "screens/parts/list_font.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/shown_text.h"
-#include "screens/parts/stock_sign.h"
 #include "shopping/list_rows.h"
 #include "ui_list_pane.h"
 
@@ -25,33 +25,6 @@ namespace {
 constexpr const char* section = "Screens";
 constexpr const char* sort_key = "ShoppingList.Sort";
 constexpr int name_letters = 16;  // at least
-
-bool is_amount(ListColumn column) {
-    return column == ListColumn::store_order || column == ListColumn::quantity ||
-           column == ListColumn::cost || column == ListColumn::sub_total;
-}
-
-QString attention_words(RowId row) {
-    return stock_words(part_of(row, 0));
-}
-
-// All of them are sorted as texts. Beside the amount stands what wants it.
-std::vector<RowsColumn> columns() {
-    std::vector<RowsColumn> made;
-    for (const ListColumn column : list_columns) {
-        made.push_back(
-            {.title = shown_text(column_title(column)),
-             .text = [column](RowId row) { return shown_text(cell_text(column, part_of(row, 0))); },
-             .alignment = is_amount(column) ? on_the_right : on_the_left,
-             .title_tip =
-                 column == ListColumn::store_order ? QObject::tr("Store order") : QString()});
-        if (column != ListColumn::quantity) continue;
-        made.back().sign = [](RowId row) { return stock_sign_of(part_of(row, 0)); };
-        made.back().tip = attention_words;
-        made.back().description = attention_words;
-    }
-    return made;
-}
 
 // "3,4-": by column 3, on top of it by column 4 downwards.
 std::string text_of(const std::vector<RowsModel::SortStep>& steps) {
@@ -87,7 +60,7 @@ QFont larger(QFont font, double times) {
 ListPane::ListPane(QWidget* parent)
     : QWidget(parent),
       ui_(std::make_unique<Ui::ListPane>()),
-      rows_(new RowsModel(columns(), this)),
+      rows_(new RowsModel(shopping_list_columns(), this)),
       list_((ui_->setupUi(this), *ui_->shopping_list)),
       seen_{Subject::items,  Subject::catagories, Subject::units,
             Subject::stores, Subject::lots,       Subject::settings} {
@@ -110,7 +83,7 @@ void ListPane::set_up_list() {
     list_.setDropIndicatorShown(false);
     follow_font_size(list_);
     list_.viewport()->installEventFilter(this);
-    const int letters[] = {name_letters, 19, 15, 5, 10, 10, 12, 10};
+    const int letters[] = {name_letters, 19, 15, 5, 12, 10, 12, 10};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         list_.header()->resizeSection(column, letters_wide(*this, letters[column]));
     }

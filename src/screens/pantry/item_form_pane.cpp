@@ -145,7 +145,6 @@ void ItemFormPane::show_item(i16 item) {
     emptied.dismiss();
     ui_->expiry_field->close_calendar();
     item_ = RowRef(Subject::items, item);
-    show_attention(item);
     put_on(On::item);
 }
 
@@ -162,7 +161,6 @@ void ItemFormPane::show_nothing() {
     ui_->code_field->give_up_scanning();
     ui_->expiry_field->close_calendar();
     fields_.show(0);
-    show_attention(0);
     put_on(On::nothing);
 }
 
@@ -180,7 +178,6 @@ void ItemFormPane::follow(i16 item) {
     refresh_units();
     refresh_stores();
     if (item != 0) fields_.follow(item);
-    show_attention(item);
     if (on_ != On::nothing) ui_->item_category->fill();
     update_labels();
 }
@@ -214,12 +211,7 @@ void ItemFormPane::update_labels() {
     ui_->stock_units->setText(unit);
     ui_->restock_units->setText(unit);
     ui_->serving->show_stock(on_ != On::nothing, ui_->quantity->value(), behind);
-}
-
-// As it is stored, whatever is being typed. Who goes from box to box hears it at the date.
-void ItemFormPane::show_attention(i16 item) {
-    ui_->attention_line->show_item(item);
-    ui_->expiry_field->button().setAccessibleDescription(stock_words(item));
+    ui_->attention_line->show_item(on_ == On::item ? item_.now() : i16{0});
 }
 
 // --- and back --------------------------------------------------------------------------------
@@ -301,8 +293,7 @@ void ItemFormPane::rename() {
 }
 
 void ItemFormPane::go_to_first_blank() {
-    const bool is_named = !ui_->item_name->text().isEmpty();
-    QLineEdit* first = is_named ? ui_->quantity : ui_->item_name;
+    QLineEdit* first = ui_->item_name->text().isEmpty() ? ui_->item_name : ui_->quantity;
     first->setFocus(Qt::TabFocusReason);
 }
 

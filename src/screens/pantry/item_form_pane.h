@@ -86,7 +86,6 @@ class ItemFormPane : public QWidget {
     void put_on(On shown);
     void show_dates(i16 item);
     void update_labels();
-    void show_attention(i16 item);
     std::vector<QComboBox*> unit_boxes() const;
     void go_to_next_box(QWidget* box);
 

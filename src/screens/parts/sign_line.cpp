@@ -22,7 +22,15 @@ void SignLine::show_item(i16 item) {
     sign_ = stock_sign_of(item);
     words_->setText(stock_words(item));
     for (QLabel* label : {picture_, words_}) label->setVisible(sign_ != StockSign::none);
+    tell_beside();
     draw();
+}
+
+void SignLine::tell_beside() {
+    const QString name = property("describes").toString();
+    if (name.isEmpty()) return;
+    auto* described = parentWidget()->findChild<QWidget*>(name);
+    if (described != nullptr) described->setAccessibleDescription(words_->text());
 }
 
 void SignLine::draw() {

@@ -1,5 +1,6 @@
 // The sign of an item's stock and its words beside each other, as a form shows them. They are heard
-// as "Attention: Expired".
+// as "Attention: Expired"; who goes from box to box hears the words with the widget beside it that
+// the property "describes" names.
 #pragma once
 
 #include <QWidget>
@@ -23,6 +24,7 @@ class SignLine : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    void tell_beside();
     void draw();
 
     QLabel* picture_;
