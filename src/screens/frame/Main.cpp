@@ -21,6 +21,7 @@
 #include "screens/frame/StartPage.h"
 #include "screens/frame/child_area.h"
 #include "screens/frame/help_key.h"
+#include "screens/frame/front_mark.h"
 #include "screens/frame/main_actions.h"
 #include "screens/frame/main_commands_table.h"
 #include "screens/frame/toolbar_keys.h"
@@ -70,6 +71,7 @@ Main::Main()
     new ToolbarKeys({ui_->toolbar_1, ui_->toolbar_2}, *children_, this);
     new ToolbarRows(*this, *ui_->toolbar_1, *ui_->toolbar_2);
     new HelpKey(*this, *children_, *progress_);
+    new FrontMark(*this, *registry_, *ui_->mdi_area);
     connect_parts();
     set_toolbar_captions(true);
     set_geometry(WindowGeometry{});
