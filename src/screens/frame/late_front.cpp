@@ -15,8 +15,9 @@ LateFront::LateFront(QMdiArea& area) : QObject(&area), area_(area) {
 
 void LateFront::bring(QMdiSubWindow& child) {
     area_.setActiveSubWindow(&child);
-    late_ = area_.activeSubWindow() == &child ? nullptr : &child;
-    if (late_ != nullptr) late_->raise();
+    const bool is_active = area_.isActiveWindow() && area_.activeSubWindow() == &child;
+    late_ = is_active ? nullptr : &child;
+    if (!is_active) child.raise();
 }
 
 // Later, when the area has heard of it, too.

@@ -43,6 +43,7 @@ class TutorialTest : public ChildScreenTest {
             const QWidget* focus = QApplication::focusWidget();
             return wanted.isActiveWindow() && focus != nullptr && focus->window() == &wanted;
         }));
+        settle();
     }
 
     Dialog* welcome() {
