@@ -53,6 +53,7 @@ ProjectSetup::ProjectSetup(QWidget* parent)
     show_settings();
     connect_settings();
     keep_lists_from_wheel();
+    setFocusProxy(ui_->hour_list);
     ui_->hour_list->setFocus();
 }
 
