@@ -313,8 +313,9 @@ TEST_F(NewcomersTour, YourSettings) {
     begin_lesson("lesson_setup");
     on("ProjectSetup");
     told("F6");
+    in_reader<QPushButton>("next_button").setFocus();
     press("F6");
-    EXPECT_TRUE(screen->isAncestorOf(QApplication::focusWidget()));
+    EXPECT_TRUE(screen->isAncestorOf(QApplication::focusWidget())) << focused();
     read_to("\"Daily Inventory Update Time:\"");
     part<QComboBox>("hour_list").setCurrentIndex(7);
     part<QComboBox>("half_list").setCurrentIndex(1);
