@@ -137,7 +137,7 @@ TEST_F(MainWindow, IdleOnlyWhatNeedsNoProjectIsEnabled) {
     }
     EXPECT_EQ(enabled,
               (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Restore",
-                                     "mnuFile_Unpack", "mnuFile_Exit", "mnu_tvkhelp",
+                                     "mnuFile_Unpack", "mnuFile_Exit", "mnu_tvkhelp", "mnu_tut",
                                      "mnuhelp_search", "mnu_about", "toolbar_1_1", "toolbar_1_2",
                                      "toolbar_1_11", "toolbar_2_7"}));
 }
@@ -179,6 +179,7 @@ TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
                                               "mnu_reports",
                                               "mnu_audit",
                                               "mnu_tvkhelp",
+                                              "mnu_tut",
                                               "mnuhelp_search",
                                               "mnu_about",
                                               "toolbar_1_1",
@@ -302,8 +303,8 @@ TEST_F(MainWindow, EveryEnabledMenuEntryIsReachedByTheKeyboard) {
         }
     }
     // Six commands and the submenu of File; settings, items, recipes, planner, measures, list,
-    // labels, publishing, reports, the audit and the spoken interface; Help without the lessons.
-    EXPECT_EQ(reached, 7 + 11 + 3);
+    // labels, publishing, reports, the audit and the spoken interface; Help.
+    EXPECT_EQ(reached, 7 + 11 + 4);
 }
 
 TEST_F(MainWindow, F6GoesRoundThePanesAndTabThroughTheButtons) {
