@@ -5,7 +5,6 @@
 #include <QDragEnterEvent>
 #include <QMetaObject>
 #include <QMimeData>
-#include <QShortcut>
 #include <QUrl>
 #include <utility>
 
@@ -20,13 +19,13 @@
 #include "screens/frame/SaveProgress.h"
 #include "screens/frame/StartPage.h"
 #include "screens/frame/child_area.h"
-#include "screens/frame/help_key.h"
 #include "screens/frame/front_mark.h"
+#include "screens/frame/help_key.h"
 #include "screens/frame/main_actions.h"
 #include "screens/frame/main_commands_table.h"
+#include "screens/frame/pane_keys.h"
 #include "screens/frame/toolbar_keys.h"
 #include "screens/frame/toolbar_rows.h"
-#include "screens/frame/tutorial.h"
 #include "screens/frame/window_memory.h"
 #include "screens/parts/shown_text.h"
 #include "screens/scanning/scanned_codes.h"
@@ -69,6 +68,7 @@ Main::Main()
     actions_ = new MainActions(*this, *registry_);
     children_ = new ChildArea(*ui_->mdi_area, *registry_, this);
     new ToolbarKeys({ui_->toolbar_1, ui_->toolbar_2}, *children_, this);
+    new PaneKeys(*this, *actions_, *children_);
     new ToolbarRows(*this, *ui_->toolbar_1, *ui_->toolbar_2);
     new HelpKey(*this, *children_, *progress_);
     new FrontMark(*this, *registry_, *ui_->mdi_area);
@@ -96,13 +96,6 @@ void Main::connect_parts() {
     connect(&start, &StartPage::open_wanted, ui_->mnuFile_Open, &QAction::trigger);
     connect(&start, &StartPage::sample_wanted, this, [this] { run(SeedProject); });
     connect(&start, &StartPage::recent_wanted, this, &Main::open_recent);
-    auto* next_pane = new QShortcut(Qt::Key_F6, this);
-    next_pane->setObjectName(QStringLiteral("next_pane"));
-    connect(next_pane, &QShortcut::activated, this, &Main::focus_next_pane);
-    auto* menus = new QShortcut(Qt::Key_F10, this);
-    menus->setObjectName(QStringLiteral("menus"));
-    connect(menus, &QShortcut::activated, this,
-            [this] { menuBar()->setActiveAction(menuBar()->actions().first()); });
 }
 
 // --- what the logic tells ------------------------------------------------------------------------
@@ -315,15 +308,6 @@ void Main::refresh() {
 bool Main::is_spoken() const {
     const QWidget* screen = registry_->loaded(QStringLiteral("VII"));
     return screen != nullptr && !screen->parentWidget()->isHidden();
-}
-
-// First toolbar, second toolbar, what is docked beneath them, the screen, and around again.
-void Main::focus_next_pane() {
-    QWidget* docked = reader_in_sight(*this);
-    const bool is_in_it = docked != nullptr && docked->isAncestorOf(focusWidget());
-    if (!is_in_it && actions_->focus_next_toolbar()) return;
-    if (is_in_it || docked == nullptr) return children_->focus_child();
-    docked->setFocus(Qt::TabFocusReason);
 }
 
 // "[*]" in a file's name is no placeholder for a mark.

@@ -98,7 +98,6 @@ class Main : public QMainWindow, public ports::Main {
 
     void refresh();
     void refresh_title();
-    void focus_next_pane();
     bool is_spoken() const;  // the spoken interface has the window to itself
 
     void first_tick();
