@@ -170,6 +170,7 @@ TEST_F(ShoppingListScreen, ThePopupHasItsFourCommands) {
     }
     EXPECT_EQ(captions,
               (Texts{"Add Item", "Remove Item", "Adjust Quantity", "Adjust Store Order"}));
+    list().setFocus();
     press("Shift+F10");
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);  // no row is selected
     choose_row(1);
