@@ -1,6 +1,7 @@
 #include "screens/aids/help_window.h"
 
 #include <QApplication>
+#include <QHideEvent>
 #include <QScreen>
 #include <QShortcut>
 #include <QSortFilterProxyModel>

@@ -1,6 +1,7 @@
 #include "screens/parts/stock_sign.h"
 
 #include <QGuiApplication>
+#include <QPalette>
 
 #include "inventory/item_form.h"
 #include "screens/parts/house_colours.h"
