@@ -34,7 +34,7 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     project_close();
     if (!place_program_files()) return;
     const QSize size = window.size();
-    window.resize(1200, 800);
+    window.resize(1366, 768);  // what a small laptop has
     window.findChild<QPushButton*>(QStringLiteral("start_sample"))->click();
     window.set_status(activity_panel, "Ready");  // as the next tick of the timer does
     take(QStringLiteral("sample_open"), window);
