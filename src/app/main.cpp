@@ -37,12 +37,9 @@ int main(int argc, char** argv) {
     QObject::connect(&main_window, &Main::unloaded, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
 
-    Placing placing{place_program_files()};
-    place_sample_and_pages(placing);
+    if (!place_program_files()) tell_not_placed();
+    place_sample_and_pages();
     Splash splash;
     start_program(main_window, splash, project_argument(QCoreApplication::arguments().mid(1)));
-    if (!placing.complete) {
-        main_window.set_status(1, "Some files that come with Tavernook could not be put in place.");
-    }
     return QApplication::exec();
 }

@@ -50,13 +50,19 @@ bool place_program_files() {
     return placed || from.isEmpty();
 }
 
-void place_sample_and_pages(Placing& placing) {
+void place_sample_and_pages() {
     constexpr int while_the_splash_stands = 200;
-    QTimer::singleShot(while_the_splash_stands, QCoreApplication::instance(), [&placing] {
-        if (!lay_out_sample_project(platform_clock().now())) placing.complete = false;
-        if (!lay_out_pages(shipped_page_file)) placing.complete = false;
-        if (!lay_out_lessons()) placing.complete = false;
+    QTimer::singleShot(while_the_splash_stands, QCoreApplication::instance(), [] {
+        const bool has_sample = lay_out_sample_project(platform_clock().now());
+        const bool has_pages = lay_out_pages(shipped_page_file);
+        const bool has_lessons = lay_out_lessons();
+        if (!has_sample || !has_pages || !has_lessons) tell_not_placed();
     });
+}
+
+void tell_not_placed() {
+    main_window().set_status(message_panel,
+                             "Some files that come with Tavernook could not be put in place.");
 }
 
 }  // namespace tavernook

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <new>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
@@ -118,7 +119,8 @@ void EspeakSpeech::say_one_after_the_other() {
     }
 }
 
-void EspeakSpeech::begin(const std::string& text) {
+// What there is no memory for is not said.
+void EspeakSpeech::begin(const std::string& text) noexcept try {
     const TextFile file(text);
     if (!file.is_there()) return;
     const OpenFiles open(file);
@@ -129,6 +131,7 @@ void EspeakSpeech::begin(const std::string& text) {
     const int failed =
         ::posix_spawnp(&started, words[0], &open.actions(), nullptr, words.data(), environ);
     if (failed == 0) voice_ = started;
+} catch (const std::bad_alloc&) {
 }
 
 // Others may stop it meanwhile.

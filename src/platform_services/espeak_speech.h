@@ -33,7 +33,7 @@ class EspeakSpeech : public Speech {
 
   private:
     void say_one_after_the_other();
-    void begin(const std::string& text);
+    void begin(const std::string& text) noexcept;
     void wait_for_end(std::unique_lock<std::mutex>& lock);
     void silence();
 

@@ -1,9 +1,12 @@
 // What `cmake --install` puts in place, looked at by the programs that will read it.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "fakes/temp_folder.h"
 
@@ -25,6 +28,12 @@ Outcome run(const std::string& command) {
     }
     outcome.status = pclose(pipe);
     return outcome;
+}
+
+std::ptrdiff_t count_pages(const std::string& folder) {
+    const auto files = std::filesystem::directory_iterator(folder);
+    return std::count_if(begin(files), end(files),
+                         [](const auto& file) { return file.path().extension() == ".html"; });
 }
 
 bool is_installed(const char* program) {
@@ -49,10 +58,11 @@ class Installation : public testing::Test {
 
 TEST_F(Installation, EverythingLiesWhereSystemsLookForIt) {
     for (const char* name :
-         {"bin/tavernook", "share/applications/tavernook.desktop",
-          "share/mime/packages/tavernook.xml", "share/man/man1/tavernook.1.gz",
-          "share/metainfo/org.tavernook.tavernook.metainfo.xml", "share/doc/tavernook/copyright",
-          "share/doc/tavernook/changelog.gz", "share/icons/hicolor/scalable/apps/tavernook.svg",
+         {"bin/tavernook", "lib/tavernook/tvk.hlp", "lib/tavernook/tvk.qhc",
+          "share/applications/tavernook.desktop", "share/mime/packages/tavernook.xml",
+          "share/man/man1/tavernook.1.gz", "share/metainfo/org.tavernook.tavernook.metainfo.xml",
+          "share/doc/tavernook/copyright", "share/doc/tavernook/changelog.gz",
+          "share/icons/hicolor/scalable/apps/tavernook.svg",
           "share/icons/hicolor/scalable/mimetypes/application-x-tavernook-project.svg",
           "share/icons/hicolor/scalable/mimetypes/application-x-tavernook-recipe.svg"}) {
         EXPECT_TRUE(std::filesystem::is_regular_file(path(name))) << name;
@@ -66,6 +76,26 @@ TEST_F(Installation, EveryLibraryIsFoundAndNoneInTheBuildFolder) {
         EXPECT_EQ(libraries.status, 0) << libraries.words;
         EXPECT_EQ(libraries.words.find("not found"), std::string::npos) << libraries.words;
         EXPECT_EQ(libraries.words.find(TAVERNOOK_BUILD_FOLDER), std::string::npos);
+    }
+}
+
+// The database that the help is, as others read it.
+TEST_F(Installation, TheHelpHasItsPages) {
+    if (!is_installed("sqlite3")) GTEST_SKIP() << "without sqlite3";
+    const Outcome pages = run("sqlite3 \"" + path("lib/tavernook/tvk.hlp") +
+                              "\" \"select count(*) from FileNameTable where Name like '%.html'\"");
+    EXPECT_EQ(pages.words, std::to_string(count_pages(TAVERNOOK_SOURCES "/assets/help")) + "\n");
+}
+
+TEST_F(Installation, EveryTextTellsTheSameVersion) {
+    const std::string version = TAVERNOOK_VERSION;
+    for (const auto& [name, words] : std::initializer_list<std::pair<const char*, std::string>>{
+             {"assets/desktop/tavernook.metainfo.xml", "<release version=\"" + version + "\""},
+             {"packaging/tavernook.1", "Tavernook " + version},
+             {"packaging/deb/changelog", "tavernook (" + version + ")"},
+             {"docs/user/install.md", "tavernook_" + version + "_amd64.deb"}}) {
+        const std::string text = read_whole_file(TAVERNOOK_SOURCES "/" + std::string(name));
+        EXPECT_NE(text.find(words), std::string::npos) << name << "\n" << text;
     }
 }
 

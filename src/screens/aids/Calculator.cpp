@@ -43,7 +43,10 @@ Calculator::Calculator(QWidget* parent) : Screen(parent), ui_(laid_out<Ui::Calcu
     setWindowIcon(icon(QStringLiteral("calculator")));
     setFocusProxy(ui_->Readout);
     dress(*ui_->Readout);
-    for (auto* button : findChildren<QPushButton*>()) dress(*button);
+    for (auto* button : findChildren<QPushButton*>()) {
+        dress(*button);
+        button->installEventFilter(this);
+    }
     ui_->Readout->installEventFilter(this);
     connect_keys();
     show_readout();
@@ -75,7 +78,8 @@ void Calculator::connect_keys() {
 
 // --- keys ----------------------------------------------------------------------------------------
 
-// What a display can do with a key by itself, the calculator does otherwise.
+// What a display can do with a key by itself, the calculator does otherwise. On some desktops
+// Enter presses the button that has the focus: here it is "=" everywhere.
 bool Calculator::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && take(*static_cast<QKeyEvent*>(event))) return true;
     return Screen::eventFilter(watched, event);

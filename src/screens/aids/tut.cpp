@@ -61,22 +61,27 @@ QSize tut::sizeHint() const {
 }
 
 void tut::show_next() {
-    if (tut_page >= lesson_page_count()) say(tr("This is the last page of the lesson."));
+    const i16 last = lesson_page_count();
+    if (last > 0 && tut_page >= last) say(tr("This is the last page of the lesson."));
     show_next_page();
 }
 
 void tut::show_previous() {
-    if (tut_page <= 1) say(tr("This is the first page of the lesson."));
+    if (lesson_page_count() > 0 && tut_page <= 1) {
+        say(tr("This is the first page of the lesson."));
+    }
     show_previous_page();
 }
 
 tut::Shown tut::present() {
-    return {lesson_title(), lesson_page(tut_page), tut_page, lesson_page_count(), font_size};
+    return {tut_section, lesson_title(),      lesson_page(tut_page),
+            tut_page,    lesson_page_count(), font_size};
 }
 
 void tut::follow_changes() {
     const Shown now = present();
-    const bool has_turned = now.page != shown_.page || now.number != shown_.number;
+    const bool has_turned =
+        now.section != shown_.section || now.page != shown_.page || now.number != shown_.number;
     if (now == shown_ && !ui_->text_box->toPlainText().isEmpty()) return;
     shown_ = now;
     ui_->title_label->setText(

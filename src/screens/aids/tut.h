@@ -37,6 +37,7 @@ class tut : public Screen {
   private:
     // What is drawn now.
     struct Shown {
+        i16 section = 0;
         std::string title;
         std::string page;
         i16 number = 0;

@@ -19,8 +19,8 @@ About::About(QWidget* parent) : QDialog(parent) {
     ui.about_name->setFont(large);
     ui.about_version->setText(tr("Version %1").arg(QStringLiteral(TAVERNOOK_VERSION)));
     ui.about_licence->setText(
-        tr("Built with Qt %1, which is used under the GNU Lesser General Public License (LGPL) "
-           "version 3.")
+        tr("Built with Qt %1, used under the GNU Lesser General Public License (LGPL) version 3, "
+           "with libmspack and libgcab (LGPL version 2.1), and with libcurl (curl licence).")
             .arg(QLatin1String(qVersion())));
     constexpr int comfortable_letters = 46;
     const int width = fontMetrics().averageCharWidth() * comfortable_letters;

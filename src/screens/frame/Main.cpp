@@ -71,7 +71,7 @@ Main::Main()
     new PaneKeys(*this, *actions_, *children_);
     new ToolbarRows(*this, *ui_->toolbar_1, *ui_->toolbar_2);
     new HelpKey(*this, *children_, *progress_);
-    new FrontMark(*this, *registry_, *ui_->mdi_area);
+    front_mark_ = std::make_unique<FrontMark>(*this, *registry_, *ui_->mdi_area);
     connect_parts();
     set_toolbar_captions(true);
     set_geometry(WindowGeometry{});

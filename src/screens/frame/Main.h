@@ -21,6 +21,7 @@
 namespace tavernook {
 
 class ChildArea;
+class FrontMark;
 class MainActions;
 class SaveProgress;
 struct MainCommand;
@@ -105,6 +106,7 @@ class Main : public QMainWindow, public ports::Main {
 
     std::unique_ptr<Ui::Main> ui_;
     std::unique_ptr<ScreenRegistry> registry_;
+    std::unique_ptr<FrontMark> front_mark_;
     std::unique_ptr<MainStatusBar> status_bar_;
     SaveProgress* progress_;
     MainActions* actions_;

@@ -12,7 +12,7 @@
 namespace tavernook {
 
 FrontMark::FrontMark(QMainWindow& window, const ScreenRegistry& registry, const QMdiArea& area)
-    : QObject(&window), registry_(registry), area_(area) {
+    : registry_(registry), area_(area) {
     for (const MainCommand& command : main_commands()) {
         const QString name = QLatin1String(command.name);
         auto* button = window.findChild<QToolButton*>(name + QLatin1String("_button"));

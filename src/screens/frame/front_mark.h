@@ -16,8 +16,7 @@ class ScreenRegistry;
 
 class FrontMark : public QObject {
   public:
-    // The toolbars are filled. Window, registry and area live as long as this, which the window
-    // lets go.
+    // The toolbars are filled. Window, registry and area live longer than this.
     FrontMark(QMainWindow& window, const ScreenRegistry& registry, const QMdiArea& area);
 
   private:

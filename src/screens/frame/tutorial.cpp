@@ -65,13 +65,14 @@ void Tutorial::make_reader() {
         dock_->close();
         main_.focus_screen();
     });
-    main_.addDockWidget(Qt::TopDockWidgetArea, dock_);
 }
 
-// At most a third of the window is the lesson's, as the screens are what it is about.
+// Wherever it was when it was closed, it comes up under the toolbars. At most a third of the window
+// is the lesson's, as the screens are what it is about.
 void Tutorial::show_reader() {
     const bool was_in_sight = dock_ != nullptr && dock_->isVisible();
     if (dock_ == nullptr) make_reader();
+    if (!was_in_sight) main_.addDockWidget(Qt::TopDockWidgetArea, dock_);
     dock_->show();
     reader_->setFocus(Qt::TabFocusReason);
     if (was_in_sight) return;

@@ -100,6 +100,26 @@ TEST_F(CalculatorScreen, EnterIsAlwaysEquals) {
     EXPECT_EQ(display(), "10");
 }
 
+// On some desktops a button takes them for a press.
+TEST_F(CalculatorScreen, NoButtonGetsToSeeEnter) {
+    struct Passed : QObject {
+        int keys = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            keys += event->type() == QEvent::KeyPress ? 1 : 0;
+            return false;
+        }
+    } behind_the_buttons;
+    screen->installEventFilter(&behind_the_buttons);
+    for (auto* button : screen->findChildren<QPushButton*>()) {
+        button->setFocus();
+        press("Return");
+        press("Enter");
+        EXPECT_EQ(behind_the_buttons.keys, 0) << button->objectName().toStdString();
+    }
+    press("Tab");
+    EXPECT_EQ(display(), "0.");
+}
+
 TEST_F(CalculatorScreen, EscapeCancelsAndThenCloses) {
     keys("8+1");
     press("Escape");

@@ -130,6 +130,17 @@ TEST_F(Reader, LiesUnderTheToolbarsAcrossTheWindowAndCoversNoScreen) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(Reader, ComesBackUnderTheToolbarsWhereverItWasClosed) {
+    begin_lesson("lesson_new");
+    auto* dock = window.findChild<QDockWidget*>();
+    window.addDockWidget(Qt::BottomDockWidgetArea, dock);
+    begin_lesson("lesson_open");
+    EXPECT_EQ(window.dockWidgetArea(dock), Qt::BottomDockWidgetArea);
+    click_in_reader("close_button");
+    begin_lesson("lesson_new");
+    EXPECT_EQ(window.dockWidgetArea(dock), Qt::TopDockWidgetArea);
+}
+
 TEST_F(Reader, MenuShowsTheLessonsAgain) {
     begin_lesson("lesson_new");
     click_in_reader("menu_button");
@@ -182,8 +193,21 @@ TEST_F(Reader, ALessonThatCannotBeReadSaysSo) {
     EXPECT_FALSE(in_reader<QLabel>("page_label").isVisible());
     EXPECT_EQ(panel(1), "The lesson could not be read from the file \"tut100.dat\".");
     click_in_reader("next_button");
+    EXPECT_EQ(panel(1), "");
     click_in_reader("prev_button");
+    EXPECT_EQ(panel(1), "");
     EXPECT_EQ(tut_page, 1);
+}
+
+TEST_F(Reader, OneThatCannotBeReadBehindAnotherIsNamed) {
+    for (const char* name : {"tut100.dat", "tut200.dat"}) {
+        std::filesystem::remove(in_program(name));
+        std::filesystem::create_directory(in_program(name));
+    }
+    begin_lesson("lesson_new");
+    begin_lesson("lesson_open");
+    EXPECT_EQ(page_shown(),
+              "This lesson has no pages: its file \"tut200.dat\" is missing or damaged.");
 }
 
 // --- the settings beside a lesson ---------------------------------------------------------------
