@@ -1,10 +1,11 @@
 #include "shots/shots_help.h"
 
+#include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QTabWidget>
-#include <QTimer>
 
 #include "screens/aids/help_desk.h"
 #include "screens/aids/help_window.h"
@@ -25,11 +26,10 @@ Part& part(const char* name) {
     return *help_window().findChild<Part*>(QLatin1String(name));
 }
 
-// The contents and the index come a moment later.
-void settle() {
-    QEventLoop loop;
-    QTimer::singleShot(300, &loop, &QEventLoop::quit);
-    loop.exec();
+// The contents and the index are read beside what the window does.
+void wait_for_rows(const char* list) {
+    const QAbstractItemModel& rows = *part<QAbstractItemView>(list).model();
+    while (rows.rowCount() == 0) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 }  // namespace
@@ -37,7 +37,8 @@ void settle() {
 void take_help(const TakePicture& take) {
     HelpDesk desk({QStringLiteral(TAVERNOOK_HELP_FOLDER)});
     desk.show_contents();
-    settle();
+    wait_for_rows("contents_tree");
+    wait_for_rows("index_list");
     take(QStringLiteral("help_contents"), help_window());
     desk.show_page("MealPlan");
     take(QStringLiteral("help_page"), help_window());
@@ -46,7 +47,6 @@ void take_help(const TakePicture& take) {
     part<QTabWidget>("help_tabs").setCurrentIndex(1);
     part<QLineEdit>("index_box").setText(QStringLiteral("lot"));
     part<QAction>("find_in_page").trigger();
-    settle();
     take(QStringLiteral("help_index"), help_window());
     desk.show_search();
     part<QLineEdit>("search_box").setText(QStringLiteral("grocery list"));

@@ -45,11 +45,12 @@ void take_sample_screens(Main& window, const TakePicture& take) {
     food_inventory()->populate_Alpha();
     take_item(window, take, "Whole Milk", "sample_item_list");
     screen->parentWidget()->close();
-    show_screen(QStringLiteral("Mealbuilder"));
+    QWidget* recipes = show_screen(QStringLiteral("Mealbuilder"));
     for (const char* recipe : {"Buttermilk Pancakes", "Tomato Soup"}) {
         mealbuilder()->set_meal(find_meal_by_name(recipe));
         take(QStringLiteral("sample_recipe_") + QLatin1String(recipe).left(4), window);
     }
+    recipes->parentWidget()->close();
     show_screen(QStringLiteral("ShoppingList"));
     take(QStringLiteral("sample_shopping_list"), window);
     take_report_screens(window, take);

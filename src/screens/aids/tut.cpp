@@ -1,12 +1,12 @@
 #include "screens/aids/tut.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QShortcut>
 #include <algorithm>
 
 #include "aids/lessons.h"
 #include "core/project_data.h"
+#include "screens/parts/label_access.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
 #include "screens/parts/screen_switch.h"
@@ -104,8 +104,7 @@ void tut::show_text_size() {
 // Who listens hears the number of the page, and its text behind it.
 void tut::announce_page() {
     ui_->page_label->setAccessibleDescription(ui_->text_box->toPlainText());
-    QAccessibleEvent event(ui_->page_label, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    announce(*ui_->page_label);
 }
 
 }  // namespace tavernook

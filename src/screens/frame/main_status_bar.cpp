@@ -9,6 +9,7 @@
 #include <QStyle>
 
 #include "platform/main_window.h"
+#include "screens/parts/label_access.h"
 #include "screens/parts/shown_text.h"
 
 namespace tavernook {
@@ -38,16 +39,12 @@ class Sentence : public QLabel {
     }
 };
 
-void tell(QLabel& panel, QAccessible::Event what) {
-    QAccessibleEvent event(&panel, what);
-    QAccessible::updateAccessibility(&event);
-}
-
 }  // namespace
 
 MainStatusBar::MainStatusBar(QStatusBar& bar) : bar_(bar) {
     for (std::size_t place = 0; place < panels_.size(); ++place) add_panel(place);
     panels_[message_panel - 1]->setAccessibleName(QObject::tr("Messages"));
+    panels_[message_panel - 1]->setProperty("announces", true);
     panels_[audit_time_panel - 1]->setAccessibleName(QObject::tr("Daily audit"));
     QLabel& activity = *panels_[activity_panel - 1];
     activity.setAccessibleName(QObject::tr("Present activity"));
@@ -79,8 +76,12 @@ void MainStatusBar::set_text(int panel, std::string_view text) {
     if (label.text() == shown) return;
     label.setText(shown);
     if (panel == message_panel) label.setToolTip(shown);
-    tell(label, QAccessible::NameChanged);
-    if (panel == message_panel && !shown.isEmpty()) tell(label, QAccessible::Alert);
+    if (panel == message_panel && !shown.isEmpty()) {
+        announce(label);
+    } else {
+        QAccessibleEvent changed(&label, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&changed);
+    }
     // An empty panel needs no line before it.
     if (auto* line = bar_.findChild<QFrame*>(line_name(place))) line->setVisible(!shown.isEmpty());
     if (!bar_.window()->isVisible()) return;

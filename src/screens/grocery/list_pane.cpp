@@ -15,6 +15,7 @@
 #include "screens/parts/list_parts.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/sign_words.h"
 #include "shopping/list_rows.h"
 #include "ui_list_pane.h"
 
@@ -82,8 +83,9 @@ void ListPane::set_up_list() {
     recall_sort();
     list_.setDropIndicatorShown(false);
     follow_font_size(list_);
+    show_sign_words(list_);
     list_.viewport()->installEventFilter(this);
-    const int letters[] = {name_letters, 19, 15, 5, 12, 10, 12, 10};
+    const int letters[] = {name_letters, 19, 15, 5, 17, 10, 12, 10};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         list_.header()->resizeSection(column, letters_wide(*this, letters[column]));
     }

@@ -18,6 +18,8 @@
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/scan_entry.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/sign_words.h"
+#include "screens/parts/stock_sign.h"
 #include "shopping/list_rows.h"
 #include "ui_pick_pane.h"
 
@@ -33,7 +35,11 @@ std::vector<RowsColumn> columns() {
     const auto text = [](RowId row) {
         return shown_text(cell_text(ListColumn::item, part_of(row, 0)));
     };
-    return {{.title = shown_text(column_title(ListColumn::item)), .text = text}};
+    const auto words = [](RowId row) { return stock_words(part_of(row, 0)); };
+    return {{.title = shown_text(column_title(ListColumn::item)),
+             .text = text,
+             .description = words,
+             .sign = [](RowId row) { return stock_sign_of(part_of(row, 0)); }}};
 }
 
 bool is_plain(const QKeyEvent& key) {
@@ -47,7 +53,7 @@ PickPane::PickPane(QWidget* parent)
       ui_(std::make_unique<Ui::PickPane>()),
       rows_(new RowsModel(columns(), this)),
       list_((ui_->setupUi(this), *ui_->quick_pick_list)),
-      seen_{Subject::items} {
+      seen_{Subject::items, Subject::lots, Subject::settings} {
     set_up_list();
     ui_->find_box->setMinimumWidth(letters_wide(*this, 14));
     ui_->find_box->installEventFilter(this);
@@ -65,6 +71,7 @@ void PickPane::set_up_list() {
     list_.header()->setSectionResizeMode(0, QHeaderView::Stretch);
     list_.setMouseTracking(true);
     follow_font_size(list_);
+    show_sign_words(list_);
     connect(&list_, &QTreeView::activated, this, &PickPane::pick);
     connect(&list_, &QTreeView::entered, this, &PickPane::show_tip);
     connect(&list_, &QTreeView::viewportEntered, this, [this] { show_tip({}); });

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <utility>
 
-
 namespace tavernook {
 
 namespace {
@@ -51,15 +50,25 @@ DatePopup::DatePopup(QWidget& parent, const Names& names)
 
 // For assistive technology.
 void DatePopup::name_parts() {
-    const std::pair<const char*, QString> names[] = {
-        {"qt_calendar_prevmonth", tr("Month before")}, {"qt_calendar_nextmonth", tr("Month after")},
-        {"qt_calendar_monthbutton", tr("Month")},      {"qt_calendar_yearbutton", tr("Year")},
-        {"qt_calendar_yearedit", tr("Year")},          {"qt_calendar_calendarview", tr("Days")}};
-    for (const auto& [name, shown] : names) {
-        if (auto* part = calendar_->findChild<QWidget*>(QLatin1String(name))) {
-            part->setAccessibleName(shown);
-        }
-    }
+    const std::pair<const char*, QString> names[] = {{"qt_calendar_prevmonth", tr("Month before")},
+                                                     {"qt_calendar_nextmonth", tr("Month after")},
+                                                     {"qt_calendar_yearedit", tr("Year")},
+                                                     {"qt_calendar_calendarview", tr("Days")}};
+    for (const auto& [name, shown] : names) name_part(name, shown);
+    connect(calendar_, &QCalendarWidget::currentPageChanged, this, &DatePopup::name_page);
+    name_page(calendar_->yearShown(), calendar_->monthShown());
+}
+
+// The buttons that show month and year are heard with what they show.
+void DatePopup::name_page(int year, int month) {
+    name_part("qt_calendar_monthbutton",
+              tr("Month: %1").arg(calendar_->locale().standaloneMonthName(month)));
+    name_part("qt_calendar_yearbutton", tr("Year: %1").arg(year));
+}
+
+void DatePopup::name_part(const char* name, const QString& shown) {
+    auto* part = calendar_->findChild<QWidget*>(QLatin1String(name));
+    if (part != nullptr) part->setAccessibleName(shown);
 }
 
 void DatePopup::set_heading(const QString& heading) {

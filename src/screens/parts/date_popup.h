@@ -40,6 +40,8 @@ class DatePopup : public QFrame {
 
   private:
     void name_parts();
+    void name_page(int year, int month);
+    void name_part(const char* name, const QString& shown);
     void pick(const QDate& day);
 
     QLabel* heading_;

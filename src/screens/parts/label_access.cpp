@@ -2,8 +2,11 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTextDocumentFragment>
+#include <algorithm>
 
 namespace tavernook {
 
@@ -32,6 +35,11 @@ class LabelAccess : public QAccessibleWidget {
     explicit LabelAccess(QLabel& label)
         : QAccessibleWidget(&label, QAccessible::StaticText), label_(label) {}
 
+    QAccessible::Role role() const override {
+        return label_.property("announces").toBool() ? QAccessible::Notification
+                                                     : QAccessible::StaticText;
+    }
+
     QString text(QAccessible::Text kind) const override {
         if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
         const QString caption = caption_of(label_);
@@ -54,8 +62,31 @@ class LabelAccess : public QAccessibleWidget {
     const QLabel& label_;
 };
 
-// A picture is left to Qt.
+QLabel* label_of(const QComboBox& box) {
+    const auto beside = box.parentWidget()->findChildren<QLabel*>();
+    const auto found = std::find_if(beside.begin(), beside.end(),
+                                    [&box](const QLabel* label) { return label->buddy() == &box; });
+    return found == beside.end() ? nullptr : *found;
+}
+
+// The label out of sight is no part of any layout.
+void label_box(QComboBox& box) {
+    if (box.parentWidget() == nullptr) return;
+    QLabel* label = label_of(box);
+    if (label == nullptr) {
+        label = new QLabel(box.accessibleName(), box.parentWidget());
+        label->setBuddy(&box);
+        label->hide();
+    }
+    QLineEdit* line = box.lineEdit();
+    if (line == nullptr || !line->accessibleName().isEmpty()) return;
+    line->setAccessibleName(box.accessibleName().isEmpty() ? seen_text(*label)
+                                                           : box.accessibleName());
+}
+
+// A picture is left to Qt, and so is a box once it has its label.
 QAccessibleInterface* access_of(const QString& kind, QObject* object) {
+    if (kind == QLatin1String("QComboBox")) label_box(*qobject_cast<QComboBox*>(object));
     if (kind != QLatin1String("QLabel")) return nullptr;
     auto* label = qobject_cast<QLabel*>(object);
     const bool has_words = label != nullptr && label->pixmap(Qt::ReturnByValue).isNull();
@@ -70,6 +101,14 @@ void install_label_access() {
         return true;
     }();
     Q_UNUSED(installed);
+}
+
+void announce(QLabel& label) {
+    for (const auto what :
+         {QAccessible::NameChanged, QAccessible::Alert, QAccessible::ObjectShow}) {
+        QAccessibleEvent event(&label, what);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 }  // namespace tavernook

@@ -155,6 +155,9 @@ QVariant RowsModel::cell(const RowsColumn& column, RowId row, int role) const {
             return sign_data(asked(column.sign, row), role);
         case Qt::ToolTipRole:
             return column.tip ? QVariant(asked(column.tip, row)) : QVariant();
+        case sign_words_role:
+            if (!column.sign) return {};
+            [[fallthrough]];
         case Qt::AccessibleDescriptionRole:
             return column.description ? QVariant(asked(column.description, row)) : QVariant();
         case key_role:

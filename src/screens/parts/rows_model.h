@@ -71,7 +71,8 @@ class RowsModel : public QAbstractTableModel {
   public:
     enum Role {
         key_role = Qt::UserRole,  // the row's key as text, see set_key
-        row_role                  // the row's number
+        row_role,                 // the row's number
+        sign_words_role           // the description of a column with a sign
     };
 
     struct SortStep {

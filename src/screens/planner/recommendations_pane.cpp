@@ -14,6 +14,7 @@
 #include "screens/parts/plan_names.h"
 #include "screens/parts/rows_in_view.h"
 #include "screens/parts/shown_text.h"
+#include "screens/parts/sign_words.h"
 #include "screens/parts/stock_sign.h"
 #include "screens/planner/planner_parts.h"
 #include "screens/planner/selected_day.h"
@@ -39,6 +40,10 @@ i16 recipe_of(RowId row) {
 QString key_of(RowId row) {
     return shown_text(
         recommendation_key({.item = item_of(row), .recipe = recipe_of(row), .quantity = 0}));
+}
+
+QString hint() {
+    return RecommendationsPane::tr("Recipes that use up what is past its date come here.");
 }
 
 // Rows that are equal stand in the order of the recommendations, whatever they were sorted by
@@ -92,13 +97,14 @@ void RecommendationsPane::set_up_list() {
     dress_list(list_);
     follow_font_size(list_);
     list_.setModel(rows_);
-    hint_when_empty(list_, tr("Recipes that use up what is past its date come here."));
+    hint_when_empty(list_, hint());
+    show_sign_words(list_);
     list_.setMinimumHeight(list_.fontMetrics().height() * 4);
     list_.setMinimumWidth(letters_wide(*this, 30));
     QHeaderView& header = *list_.header();
     header.setStretchLastSection(false);
     header.setSectionResizeMode(meal_column, QHeaderView::Stretch);
-    give_columns_room(list_, {{item_column, 32}, {quantity_column, 12}});
+    give_columns_room(list_, {{item_column, 32}, {quantity_column, 17}});
     open_menu_by_keys(list_);
     mark_first_row_when_entered(list_);
     ui_->Label4->installEventFilter(this);
@@ -146,7 +152,8 @@ void RecommendationsPane::fill() {
     ui_->Label4->setText(shown_text(found.caption));
     keep_caption_whole();
     show_rows(std::move(rows));
-    list_.setAccessibleDescription(ui_->Label4->text());
+    const QString behind = rows_->rows().empty() ? QLatin1Char(' ') + hint() : QString();
+    list_.setAccessibleDescription(ui_->Label4->text() + behind);
     drawn_on_ = todays_date();
     seen_.renew();
 }

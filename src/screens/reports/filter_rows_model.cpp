@@ -68,6 +68,10 @@ bool FilterRowsModel::searches(int row) const {
     return shown_.search_strings[static_cast<std::size_t>(row)] != "*";
 }
 
+bool FilterRowsModel::is_checked(int row) const {
+    return shown_.row_checked[static_cast<std::size_t>(row)] != i16_false;
+}
+
 QVariant FilterRowsModel::data(const QModelIndex& index, int role) const {
     const int row = row_at(index);
     if (row < 1 || row > report_rows) return {};
@@ -76,8 +80,10 @@ QVariant FilterRowsModel::data(const QModelIndex& index, int role) const {
             return text(row, index.column());
         case Qt::CheckStateRole:
             if (index.column() != 0) return {};
-            return shown_.row_checked[static_cast<std::size_t>(row)] != i16_false ? Qt::Checked
-                                                                                  : Qt::Unchecked;
+            return is_checked(row) ? Qt::Checked : Qt::Unchecked;
+        case Qt::AccessibleDescriptionRole:
+            if (index.column() != 0) return {};
+            return is_checked(row) ? tr("Checked") : tr("Not checked");
         case Qt::ForegroundRole:
             return row == item_row ? QVariant(colour_of_item_row()) : QVariant();
         case Qt::FontRole:

@@ -34,6 +34,7 @@ class FilterRowsModel : public QAbstractTableModel {
   private:
     QString text(int row, int column) const;
     bool searches(int row) const;
+    bool is_checked(int row) const;
 
     ReportFilter shown_;
 };

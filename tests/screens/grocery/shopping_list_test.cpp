@@ -5,6 +5,7 @@
 #include "screens/grocery/shopping_list_fixture.h"
 #include "screens/pantry/FoodInventory.h"
 #include "screens/parts/house_colours.h"
+#include "screens/parts/rows_model.h"
 #include "screens/parts/list_font.h"
 
 namespace tavernook {
@@ -76,6 +77,27 @@ TEST_F(ShoppingListScreen, TellsWhatIsLowOrPastItsDateByIconColourAndWord) {
     EXPECT_EQ(amount(2, Qt::AccessibleDescriptionRole), "");
     EXPECT_FALSE(amount(2, Qt::DecorationRole).isValid());
     EXPECT_FALSE(amount(2, Qt::ForegroundRole).isValid());
+    EXPECT_EQ(amount(1, RowsModel::sign_words_role), "Expired");
+}
+
+TEST_F(ShoppingListScreen, TheQuickPickListTellsIt) {
+    items[apples].stock_quantity = 5;
+    open_list();
+    auto& list = part<QTreeView>("quick_pick_list");
+    const auto cell_of = [&list](const char* name, int role) {
+        const auto found = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, name, 1);
+        return found.isEmpty() ? QVariant("no such row") : found.first().data(role);
+    };
+    EXPECT_EQ(cell_of("Apples", Qt::AccessibleDescriptionRole), "Low");
+    EXPECT_EQ(cell_of("Apples", RowsModel::sign_words_role), "Low");
+    EXPECT_FALSE(cell_of("Apples", Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_EQ(cell_of("Milk", RowsModel::sign_words_role), "");
+    EXPECT_FALSE(cell_of("Milk", Qt::DecorationRole).isValid());
+    items[milk].storage_time = 7;
+    lots[milk].lot_quantity[0] = 1;
+    lots[milk].expiration_date[0] = 45420;
+    end_of_step();
+    EXPECT_EQ(cell_of("Milk", RowsModel::sign_words_role), "Expired");
 }
 
 // 2.50 + 3.00 + 4.00 = 9.50; with 7.5 % on top 10.2125.

@@ -1,7 +1,11 @@
 // Assistive technology hears the value that a label shows, and what it is the value of.
+#include "screens/parts/label_access.h"
+
+#include <QComboBox>
 #include <QLineEdit>
 
 #include "screens/child_screen_fixture.h"
+#include "screens/heard.h"
 
 namespace tavernook {
 namespace {
@@ -45,6 +49,53 @@ TEST(LabelAccess, ALabelOfAFieldStillNamesIt) {
         QAccessible::queryAccessibleInterface(&label)->relations(QAccessible::Labelled);
     ASSERT_EQ(relations.size(), 1);
     EXPECT_EQ(relations.first().first->object(), &field);
+}
+
+// What screen readers take for the name of a box to choose from; Qt tells its choice as the name.
+std::string label_heard_of(QWidget& box) {
+    const auto relations =
+        QAccessible::queryAccessibleInterface(&box)->relations(QAccessible::Label);
+    return relations.isEmpty() ? ""
+                               : relations.first().first->text(QAccessible::Name).toStdString();
+}
+
+TEST(LabelAccess, ABoxToChooseFromHasALabelEvenWithoutOne) {
+    QWidget form;
+    QComboBox box(&form);
+    box.addItems({"gram(s)", "kcal"});
+    box.setEditable(true);
+    box.setAccessibleName("Unit of Fat");
+    form.show();
+    EXPECT_EQ(label_heard_of(box), "Unit of Fat");
+    EXPECT_EQ(label_heard_of(box), "Unit of Fat");
+    const auto labels = form.findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_TRUE(labels.first()->isHidden());
+    EXPECT_EQ(spoken(*box.lineEdit()), "Unit of Fat");
+}
+
+TEST(LabelAccess, ABoxKeepsTheLabelThatItHas) {
+    QWidget form;
+    QLabel label("&Store:", &form);
+    QComboBox box(&form);
+    box.setEditable(true);
+    label.setBuddy(&box);
+    EXPECT_EQ(label_heard_of(box), "Store:");
+    EXPECT_EQ(form.findChildren<QLabel*>().size(), 1);
+    EXPECT_EQ(spoken(*box.lineEdit()), "Store:");
+}
+
+TEST(LabelAccess, AnAnnouncementIsANotificationThatComesUp) {
+    QLabel label("Copied.");
+    label.setObjectName("news");
+    label.setProperty("announces", true);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::Notification);
+    const Hearing hearing;
+    announce(label);
+    std::vector<QAccessible::Event> events;
+    for (const Heard& one : heard()) events.push_back(one.event);
+    EXPECT_EQ(events, (std::vector<QAccessible::Event>{QAccessible::NameChanged, QAccessible::Alert,
+                                                       QAccessible::ObjectShow}));
 }
 
 TEST(LabelAccess, TextsAreHeardAsTheyAreSeen) {

@@ -2,6 +2,7 @@
 #include "screens/parts/stock_sign.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QTreeView>
 #include <map>
@@ -16,6 +17,7 @@
 #include "screens/parts/list_parts.h"
 #include "screens/parts/rows_model.h"
 #include "screens/parts/sign_line.h"
+#include "screens/parts/sign_words.h"
 
 namespace tavernook {
 namespace {
@@ -128,6 +130,47 @@ TEST_F(StockSigns, ASelectedRowHasTheColoursOfWhatIsSelected) {
     list.setCurrentIndex(model.index(0, 0));
     EXPECT_EQ(pixels_of(list, past), 0);
     EXPECT_GT(pixels_of(list, list.palette().color(QPalette::HighlightedText)), 20);
+}
+
+// A list of one column with a sign and its word.
+struct SignList {
+    SignList(Qt::Alignment alignment, int width, const QString& word)
+        : model({{.title = "Amount",
+                  .text = [](RowId) { return QString("12"); },
+                  .alignment = alignment,
+                  .description = [word](RowId) { return word; },
+                  .sign = [](RowId) { return StockSign::past_date; }}},
+                nullptr) {
+        model.set_rows({1});
+        dress_list(view);
+        view.setModel(&model);
+        show_sign_words(view);
+        view.resize(width, 100);
+        view.header()->resizeSection(0, width - 20);
+    }
+
+    RowsModel model;
+    QTreeView view;
+};
+
+TEST_F(StockSigns, TheWordStandsInTheCellWhereThereIsRoom) {
+    for (const Qt::Alignment side : {on_the_left, on_the_right}) {
+        const auto picture = [&](int width, const QString& word) {
+            SignList list(side, width, word);
+            return list.view.grab().toImage();
+        };
+        EXPECT_NE(picture(300, "Expired"), picture(300, ""));
+        EXPECT_NE(picture(300, "Expired"), picture(300, "Low"));
+        EXPECT_EQ(picture(80, "Expired"), picture(80, ""));
+    }
+}
+
+TEST_F(StockSigns, TheWordIsNoPartOfTheText) {
+    SignList list(on_the_right, 300, "Expired");
+    EXPECT_EQ(list.model.index(0, 0).data().toString(), "12");
+    EXPECT_EQ(list.model.index(0, 0).data(RowsModel::sign_words_role).toString(), "Expired");
+    list.view.setCurrentIndex(list.model.index(0, 0));
+    EXPECT_EQ(pixels_of(list.view, ink(StockSign::past_date)), 0);
 }
 
 TEST_F(StockSigns, AFormShowsThemInALine) {
