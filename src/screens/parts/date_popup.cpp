@@ -52,18 +52,18 @@ DatePopup::DatePopup(QWidget& parent, const Names& names)
 void DatePopup::name_parts() {
     const std::pair<const char*, QString> names[] = {{"qt_calendar_prevmonth", tr("Month before")},
                                                      {"qt_calendar_nextmonth", tr("Month after")},
-                                                     {"qt_calendar_yearedit", tr("Year")},
-                                                     {"qt_calendar_calendarview", tr("Days")}};
+                                                     {"qt_calendar_yearedit", tr("Year")}};
     for (const auto& [name, shown] : names) name_part(name, shown);
     connect(calendar_, &QCalendarWidget::currentPageChanged, this, &DatePopup::name_page);
     name_page(calendar_->yearShown(), calendar_->monthShown());
 }
 
-// The buttons that show month and year are heard with what they show.
+// The buttons that show month and year are heard with what they show, and the days with both.
 void DatePopup::name_page(int year, int month) {
-    name_part("qt_calendar_monthbutton",
-              tr("Month: %1").arg(calendar_->locale().standaloneMonthName(month)));
+    const QString name = calendar_->locale().standaloneMonthName(month);
+    name_part("qt_calendar_monthbutton", tr("Month: %1").arg(name));
     name_part("qt_calendar_yearbutton", tr("Year: %1").arg(year));
+    name_part("qt_calendar_calendarview", tr("Days of %1 %2").arg(name).arg(year));
 }
 
 void DatePopup::name_part(const char* name, const QString& shown) {

@@ -50,6 +50,19 @@ TEST_F(DatePopupTest, ComesUpUnderTheFieldWithTodayMarked) {
     EXPECT_GE(popup.y(), field.mapToGlobal(QPoint(0, 0)).y());
 }
 
+TEST_F(DatePopupTest, TellsTheMonthThatItShows) {
+    ask();
+    const auto name_of = [this](const char* part) {
+        return calendar().findChild<QWidget*>(QLatin1String(part))->accessibleName().toStdString();
+    };
+    EXPECT_EQ(name_of("qt_calendar_monthbutton"), "Month: May");
+    EXPECT_EQ(name_of("qt_calendar_yearbutton"), "Year: 2024");
+    EXPECT_EQ(name_of("qt_calendar_calendarview"), "Days of May 2024");
+    QTest::keyClick(&days_shown(), Qt::Key_PageDown);
+    EXPECT_EQ(name_of("qt_calendar_monthbutton"), "Month: June");
+    EXPECT_EQ(name_of("qt_calendar_calendarview"), "Days of June 2024");
+}
+
 TEST_F(DatePopupTest, StaysOnTheScreen) {
     const QRect all = screen.screen()->availableGeometry();
     screen.move(all.right() - 60, all.bottom() - 60);
