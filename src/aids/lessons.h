@@ -27,8 +27,8 @@ std::string lesson_file_name(i16 section) noexcept;
 void set_shipped_lessons(
     std::function<std::string(const std::string& name)> bytes_of_file) noexcept;
 
-// Places the files that are missing, each whole or not at all. False when one could not be placed;
-// the others are.
+// Places the files that are missing, and those that an older program has placed and nobody has
+// changed, each whole or not at all. False when one could not be placed; the others are.
 [[nodiscard]] bool lay_out_lessons() noexcept;
 
 // Makes a lesson the present one, at its first page.

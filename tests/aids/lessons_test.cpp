@@ -142,6 +142,41 @@ TEST_F(Lessons, WhatIsMissingIsLaidOutAndWhatIsThereStays) {
     EXPECT_EQ(lesson_title(), "tut100.dat");
 }
 
+TEST_F(Lessons, ANewerProgramRenewsTheOnesThatItPlaced) {
+    set_shipped_lessons([](const std::string&) { return "Old/b/One/b/"; });
+    EXPECT_TRUE(lay_out_lessons());
+    put("Mine/b/My own page/b/");
+    set_shipped_lessons([](const std::string&) { return "New/b/One/b/"; });
+    EXPECT_TRUE(lay_out_lessons());
+    set_section(100);
+    EXPECT_EQ(lesson_title(), "New");
+    set_section(300);
+    EXPECT_EQ(lesson_title(), "Mine");  // changed by the user
+    set_shipped_lessons([](const std::string&) { return "Newest/b/One/b/"; });
+    set_section(100);
+    EXPECT_EQ(lesson_title(), "Newest");
+    set_section(300);
+    EXPECT_EQ(lesson_title(), "Mine");
+}
+
+// One that lay there before the sums were kept is the program's where it is just what it places.
+TEST_F(Lessons, OneThatIsJustAsItComesCountsAsPlaced) {
+    put("Items/b/One/b/");
+    set_shipped_lessons([](const std::string&) { return "Items/b/One/b/"; });
+    EXPECT_TRUE(lay_out_lessons());
+    set_shipped_lessons([](const std::string&) { return "New/b/One/b/"; });
+    EXPECT_TRUE(lay_out_lessons());
+    set_section(300);
+    EXPECT_EQ(lesson_title(), "New");
+}
+
+TEST_F(Lessons, OneThatCannotBeReadIsLeftAlone) {
+    std::filesystem::create_directory(file("tut300.dat"));
+    set_shipped_lessons([](const std::string&) { return "Items/b/One/b/"; });
+    EXPECT_TRUE(lay_out_lessons());
+    EXPECT_TRUE(std::filesystem::is_directory(file("tut300.dat")));
+}
+
 TEST_F(Lessons, OneThatWasDeletedComesBackWhenItIsWanted) {
     set_shipped_lessons([](const std::string&) { return "Items/b/One/b/"; });
     set_section(300);

@@ -51,6 +51,14 @@ TEST_F(ShippedPages, WhatTheUserHasChangedStays) {
     EXPECT_TRUE(is_there("reports/list.jpg"));
 }
 
+TEST_F(ShippedPages, ANewerProgramRenewsWhatNobodyHasChanged) {
+    EXPECT_TRUE(lay_out());
+    put_file("dat/cal.dat", "my own");
+    EXPECT_TRUE(lay_out_pages([](const std::string& name) { return shipped(name) + " "; }));
+    EXPECT_EQ(page("dat/cal.dat"), "my own");
+    EXPECT_EQ(page("dat/calm.dat"), shipped("calm.dat") + " ");
+}
+
 TEST_F(ShippedPages, NothingIsWrittenWhereAllIsThere) {
     EXPECT_TRUE(lay_out());
     platform.files.start_over();

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QCheckBox>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -130,6 +131,7 @@ class ChildScreenTest : public MainWindowTest {
     QStringList texts_with_mnemonics() {
         QStringList texts;
         for (const auto* button : screen->findChildren<QPushButton*>()) texts << button->text();
+        for (const auto* box : screen->findChildren<QCheckBox*>()) texts << box->text();
         for (const auto* label : screen->findChildren<QLabel*>()) {
             if (label->buddy() != nullptr) texts << label->text();
         }

@@ -26,9 +26,9 @@ inline constexpr std::array<ShippedPage, 12> shipped_pages = {{{"dat", "cal.dat"
                                                                {"reports", "mv.jpg"},
                                                                {"barcode", "labeldat.dat"}}};
 
-// Places those that are missing, each whole or not at all; `bytes` gives the content of a name and
-// may throw a Fault. What is there stays, whatever it holds. False when one could not be placed;
-// the others are.
+// Places those that are missing, and those that an older program has placed and nobody has changed
+// (`core/shipped_file`), each whole or not at all; `bytes` gives the content of a name and may throw
+// a Fault. What the user has changed stays. False when one could not be placed; the others are.
 [[nodiscard]] bool lay_out_pages(
     const std::function<std::string(const std::string& name)>& bytes) noexcept;
 

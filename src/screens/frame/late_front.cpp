@@ -17,7 +17,12 @@ void LateFront::bring(QMdiSubWindow& child) {
     area_.setActiveSubWindow(&child);
     const bool is_active = area_.isActiveWindow() && area_.activeSubWindow() == &child;
     late_ = is_active ? nullptr : &child;
+    focus_ = nullptr;
     if (!is_active) child.raise();
+}
+
+void LateFront::note_keyboard() {
+    if (!area_.isActiveWindow()) focus_ = area_.window()->focusWidget();
 }
 
 // Later, when the area has heard of it, too.
@@ -31,7 +36,8 @@ bool LateFront::eventFilter(QObject* watched, QEvent* event) {
 void LateFront::catch_up() {
     QMdiSubWindow* child = std::exchange(late_, nullptr);
     if (child == nullptr || child->isHidden()) return;
-    const QPointer<QWidget> focus = QApplication::focusWidget();
+    QPointer<QWidget> focus = std::exchange(focus_, nullptr);
+    if (focus == nullptr) focus = QApplication::focusWidget();
     area_.setActiveSubWindow(child);
     if (focus != nullptr && !area_.isAncestorOf(focus)) {
         focus->setFocus(Qt::ActiveWindowFocusReason);

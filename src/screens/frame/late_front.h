@@ -18,6 +18,10 @@ class LateFront : public QObject {
     // In front now; active now or later. The keyboard goes with it only when it is now.
     void bring(QMdiSubWindow& child);
 
+    // Behind a part of the window that came up behind the child, as the reader of a lesson does:
+    // the keyboard stays with that, whatever the child does with it as it becomes active.
+    void note_keyboard();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -26,6 +30,7 @@ class LateFront : public QObject {
 
     QMdiArea& area_;
     QPointer<QMdiSubWindow> late_;
+    QPointer<QWidget> focus_;  // noted; none for where the keyboard happens to be
 };
 
 }  // namespace tavernook

@@ -129,6 +129,7 @@ bool ScreenRegistry::load(const QString& name) {
 bool ScreenRegistry::show(const QString& name) {
     if (const auto window = windows_.find(name); window != windows_.end()) {
         window->second();
+        front_.note_keyboard();
         return true;
     }
     if (!load(name)) return false;

@@ -136,7 +136,7 @@ void ListPane::set_up_commands() {
     connect(ui_->pop2_qty, &QAction::triggered, this, &ListPane::quantity_wanted);
     connect(ui_->pop2_so, &QAction::triggered, this, &ListPane::store_order_wanted);
     connect(&list_, &QTreeView::activated, this, &ListPane::view_wanted);
-    connect(&list_, &QTreeView::customContextMenuRequested, this, &ListPane::show_popup_at);
+    connect(&list_, &QTreeView::customContextMenuRequested, this, &ListPane::show_popup);
     connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ListPane::follow_selection);
     connect(list_.selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -145,7 +145,6 @@ void ListPane::set_up_commands() {
     on_keys(list_, Qt::Key_F2, [this] { ui_->pop2_qty->trigger(); });
     on_keys(list_, QKeySequence::Delete, [this] { ui_->pop2_remove->trigger(); });
     on_keys(list_, Qt::Key_Insert, [this] { ui_->pop2_add->trigger(); });
-    on_keys(list_, QKeySequence(Qt::SHIFT | Qt::Key_F10), [this] { show_popup(); });
 }
 
 // --- what is shown -------------------------------------------------------------------------------
@@ -230,14 +229,7 @@ void ListPane::follow_selection() {
     }
 }
 
-// Beneath the selected row.
-void ListPane::show_popup() {
-    const QModelIndex row = rows_->index(std::max(0, rows_->place_of(selected_list_item)), 0);
-    list_.scrollTo(row);
-    show_popup_at(list_.visualRect(row).bottomLeft());
-}
-
-void ListPane::show_popup_at(const QPoint& place) {
+void ListPane::show_popup(const QPoint& place) {
     if (selected_list_item == 0) return;
     ui_->popmenu2->popup(list_.viewport()->mapToGlobal(place));
 }

@@ -84,8 +84,7 @@ class ListPane : public QWidget {
     void show_totals();
     void mark_wanted();
     void follow_selection();
-    void show_popup();
-    void show_popup_at(const QPoint& place);
+    void show_popup(const QPoint& place);
 
     void fit_names();
     void switch_column(int column, bool shown);

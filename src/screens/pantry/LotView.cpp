@@ -98,14 +98,13 @@ void LotView::connect_commands() {
     bind(ui_->lot_current, ui_->current_button, &LotView::set_current);
     on_command(ui_->close_button, [this] { close_screen(*this); });
     connect(ui_->lot_list, &QTreeView::activated, ui_->lot_quantity, &QAction::trigger);
-    connect(ui_->lot_list, &QTreeView::customContextMenuRequested, this, &LotView::show_popup_at);
+    connect(ui_->lot_list, &QTreeView::customContextMenuRequested, this, &LotView::show_popup);
     connect(ui_->lot_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &LotView::update_commands);
     connect(calendar_, &DatePopup::picked, this,
             [this](const QDate& day) { run([&] { take_date(day); }); });
     on_keys(*ui_->lot_list, Qt::Key_F2, [this] { ui_->lot_quantity->trigger(); });
     on_keys(*ui_->lot_list, QKeySequence::Delete, [this] { ui_->lot_delete->trigger(); });
-    on_keys(*ui_->lot_list, QKeySequence(Qt::SHIFT | Qt::Key_F10), [this] { show_popup(); });
     on_keys(*this, QKeySequence::Refresh, [this] { run([this] { fill_list(); }); });
     on_keys(*this, Qt::Key_Escape, [this] { escape(); });
 }
@@ -258,12 +257,7 @@ void LotView::escape() {
     }
 }
 
-// Beneath the selected lot.
-void LotView::show_popup() {
-    show_popup_at(ui_->lot_list->visualRect(ui_->lot_list->currentIndex()).bottomLeft());
-}
-
-void LotView::show_popup_at(const QPoint& place) {
+void LotView::show_popup(const QPoint& place) {
     if (selected_place() < 0) return;
     ui_->LotviewpOP->popup(ui_->lot_list->viewport()->mapToGlobal(place));
 }

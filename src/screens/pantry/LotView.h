@@ -73,8 +73,7 @@ class LotView : public Screen {
     void ask_date(EditedDate which, i16 place);
     void take_date(const QDate& day);
     void escape();
-    void show_popup();
-    void show_popup_at(const QPoint& place);
+    void show_popup(const QPoint& place);
 
     std::unique_ptr<Ui::LotView> ui_;
     LotRows lots_shown_;

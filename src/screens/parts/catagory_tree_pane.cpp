@@ -103,10 +103,6 @@ void CatagoryTreePane::connect_tree() {
     connect(tree_, &QTreeView::customContextMenuRequested, this, [this](const QPoint& place) {
         Q_EMIT menu_wanted(tree_->viewport()->mapToGlobal(place));
     });
-    on_keys(*tree_, QKeySequence(Qt::SHIFT | Qt::Key_F10), [this] {
-        const QPoint place = tree_->visualRect(tree_->currentIndex()).bottomLeft();
-        Q_EMIT menu_wanted(tree_->viewport()->mapToGlobal(place));
-    });
     connect(tree_, &QTreeView::expanded, this,
             [this](const QModelIndex& index) { note_turned(index, true); });
     connect(tree_, &QTreeView::collapsed, this,

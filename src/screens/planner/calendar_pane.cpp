@@ -14,8 +14,8 @@
 #include "screens/parts/icons.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"
+#include "screens/parts/menu_key.h"
 #include "screens/parts/toolbar_parts.h"
-#include "screens/planner/planner_parts.h"
 #include "screens/planner/selected_day.h"
 #include "ui_calendar_pane.h"
 
@@ -24,10 +24,6 @@ namespace tavernook {
 namespace {
 
 constexpr int months_in_year = 12;
-
-bool is_menu_key(const QKeyEvent& key) {
-    return key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier;
-}
 
 }  // namespace
 
@@ -81,7 +77,6 @@ void CalendarPane::set_up_grid() {
     });
     connect(&grid, &CalendarGrid::dropped, this,
             [this](int cell, const QString& text) { Q_EMIT dropped(date_at(cell), text); });
-    open_menu_by_keys(grid);
     grid.installEventFilter(this);
 }
 
@@ -189,7 +184,7 @@ bool CalendarPane::shortcut(const QObject& watched, const QKeyEvent& key) {
         Q_EMIT cut_wanted();
     } else if (key.matches(QKeySequence::Paste) && !pastes_text(watched)) {
         Q_EMIT paste_wanted();
-    } else if (&watched == box_ && is_menu_key(key)) {
+    } else if (&watched == box_ && are_menu_keys(key)) {
         ask_for_menu(*ui_->calendar_grid);
     } else {
         return false;

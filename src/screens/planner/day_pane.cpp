@@ -136,7 +136,6 @@ void DayPane::set_up_list() {
     });
     connect(&day_list_, &QTreeView::customContextMenuRequested, this, &DayPane::show_popup);
     connect(rows_, &RowsModel::dropped, this, &DayPane::dropped);
-    open_menu_by_keys(day_list_);
     mark_first_row_when_entered(day_list_);
 }
 

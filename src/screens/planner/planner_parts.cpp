@@ -1,7 +1,5 @@
 #include "screens/planner/planner_parts.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QTreeView>
 #include <algorithm>
@@ -78,15 +76,6 @@ class ColumnRoom : public QObject {
 };
 
 }  // namespace
-
-void ask_for_menu(QWidget& part) {
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), part.mapToGlobal(QPoint()));
-    QApplication::sendEvent(&part, &event);
-}
-
-void open_menu_by_keys(QWidget& part) {
-    on_keys(part, QKeySequence(Qt::SHIFT | Qt::Key_F10), [&part] { ask_for_menu(part); });
-}
 
 void give_columns_room(QTreeView& list, const std::vector<std::pair<int, int>>& letters) {
     new ColumnRoom(list, letters);

@@ -7,7 +7,6 @@
 #include <vector>
 
 class QTreeView;
-class QWidget;
 
 namespace tavernook {
 
@@ -25,12 +24,6 @@ void on_wish(Screen& screen, const Pane& pane, Signal signal, Command command) {
         });
     });
 }
-
-// As the key for it does.
-void ask_for_menu(QWidget& part);
-
-// Shift+F10 asks for the context menu; not every system does so by itself.
-void open_menu_by_keys(QWidget& part);
 
 // So many letters for each of these columns, also when the text of the list gets larger later on;
 // what is wider by then stays. No column can be made narrower than the title "Quantity".

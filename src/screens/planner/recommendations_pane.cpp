@@ -105,7 +105,6 @@ void RecommendationsPane::set_up_list() {
     header.setStretchLastSection(false);
     header.setSectionResizeMode(meal_column, QHeaderView::Stretch);
     give_columns_room(list_, {{item_column, 32}, {quantity_column, 17}});
-    open_menu_by_keys(list_);
     mark_first_row_when_entered(list_);
     ui_->Label4->installEventFilter(this);
 }

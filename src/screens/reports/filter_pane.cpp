@@ -57,8 +57,6 @@ void FilterPane::set_up_commands() {
     connect(ui_->reset, &QPushButton::clicked, this, &FilterPane::reset_wanted);
     on_keys(rows_, Qt::Key_F2, asks_search);
     on_keys(rows_, Qt::Key_Space, [this] { toggle_check(); });
-    on_keys(rows_, QKeySequence(Qt::SHIFT | Qt::Key_F10),
-            [this] { show_menu(rows_.visualRect(rows_.currentIndex()).bottomLeft()); });
     connect(&rows_, &QWidget::customContextMenuRequested, this, &FilterPane::show_menu);
 }
 

@@ -110,9 +110,10 @@ void ReportPane::set_up_commands() {
             &ReportPane::selection_changed);
     connect(ui_->report_view, &QAction::triggered, this, &ReportPane::view_wanted);
     connect(ui_->report_usage, &QAction::triggered, this, &ReportPane::usage_wanted);
+    connect(ui_->sort_item_name, &QAction::triggered, this, [this] { Q_EMIT sort_wanted(0); });
+    connect(ui_->sort_manufacturer, &QAction::triggered, this,
+            [this] { Q_EMIT sort_wanted(manufacturer_column()); });
     connect(&view_, &QWidget::customContextMenuRequested, this, &ReportPane::show_menu);
-    on_keys(view_, QKeySequence(Qt::SHIFT | Qt::Key_F10),
-            [this] { show_menu(view_.visualRect(view_.currentIndex()).bottomLeft()); });
 }
 
 // --- what is shown -------------------------------------------------------------------------------
@@ -243,21 +244,37 @@ void ReportPane::store_sort() const {
 
 // --- the menu ------------------------------------------------------------------------------------
 
-// The columns to sort by as they stand: a header cannot be reached by keys.
 void ReportPane::show_menu(const QPoint& place) {
     for (QAction* action : {ui_->report_view, ui_->report_usage}) {
         action->setEnabled(has_selection());
     }
-    ui_->sort_menu->clear();
+    fill_sort_menu();
+    ui_->report_menu->popup(view_.viewport()->mapToGlobal(place));
+}
+
+// Name and manufacturer, which can be had by letters, and then the other columns as they stand: a
+// header cannot be reached by keys.
+void ReportPane::fill_sort_menu() {
+    QMenu& menu = *ui_->Reports_Popup;
+    menu.clear();
+    menu.addActions({ui_->sort_item_name, ui_->sort_manufacturer});
+    menu.addSeparator();
+    const int maker = manufacturer_column();
+    ui_->sort_manufacturer->setEnabled(maker != 0);
     for (int at = 0; at < header_.count(); ++at) {
         const int column = header_.logicalIndex(at);
-        if (header_.isSectionHidden(column)) continue;
-        QAction* entry =
-            ui_->sort_menu->addAction(without_mnemonics(shown_text(list().title(column))));
+        if (header_.isSectionHidden(column) || column == 0 || column == maker) continue;
+        QAction* entry = menu.addAction(without_mnemonics(shown_text(list().title(column))));
         connect(entry, &QAction::triggered, this, [this, column] { Q_EMIT sort_wanted(column); });
     }
-    ui_->sort_menu->setEnabled(!ui_->sort_menu->isEmpty());
-    ui_->report_menu->popup(view_.viewport()->mapToGlobal(place));
+    menu.setEnabled(list().columns() > 0);
+}
+
+int ReportPane::manufacturer_column() const {
+    for (int column = 1; column < list().columns(); ++column) {
+        if (list().title(column) == "Manufacturer") return column;
+    }
+    return 0;
 }
 
 }  // namespace tavernook

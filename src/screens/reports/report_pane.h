@@ -68,6 +68,8 @@ class ReportPane : public QWidget {
     void show_sort();
     void show_count(const QString& remark);
     void show_menu(const QPoint& place);
+    void fill_sort_menu();
+    int manufacturer_column() const;  // 0 where the report does not show it
     void recall_sort();
     void store_sort() const;
 

@@ -86,7 +86,7 @@ void ScanRowsPane::set_up_commands() {
     connect(ui_->modify_quantity, &QAction::triggered, this, &ScanRowsPane::quantity_wanted);
     connect(ui_->change_lot, &QAction::triggered, this, &ScanRowsPane::lot_wanted);
     connect(&list_, &QTreeView::doubleClicked, this, &ScanRowsPane::open_wanted);
-    connect(&list_, &QTreeView::customContextMenuRequested, this, &ScanRowsPane::show_popup_at);
+    connect(&list_, &QTreeView::customContextMenuRequested, this, &ScanRowsPane::show_popup);
     connect(list_.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ScanRowsPane::follow_selection);
     connect(list_.selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -97,7 +97,6 @@ void ScanRowsPane::set_up_commands() {
     }
     on_keys(list_, Qt::Key_F2, [this] { ui_->modify_quantity->trigger(); });
     on_keys(list_, QKeySequence::Delete, [this] { Q_EMIT remove_wanted(); });
-    on_keys(list_, QKeySequence(Qt::SHIFT | Qt::Key_F10), [this] { show_popup(); });
 }
 
 // --- what is shown -------------------------------------------------------------------------------
@@ -167,14 +166,7 @@ i32 ScanRowsPane::marked_one() const {
     return among ? row : marked.empty() ? 0 : marked.front();
 }
 
-// Beneath the current row.
-void ScanRowsPane::show_popup() {
-    const QModelIndex row = rows_->index(std::max(0, rows_->place_of(current())), 0);
-    list_.scrollTo(row);
-    show_popup_at(list_.visualRect(row).bottomLeft());
-}
-
-void ScanRowsPane::show_popup_at(const QPoint& place) {
+void ScanRowsPane::show_popup(const QPoint& place) {
     if (current() == 0) return;
     ui_->ScanList_POP->popup(list_.viewport()->mapToGlobal(place));
 }

@@ -57,8 +57,7 @@ class ScanRowsPane : public QWidget {
     void follow_selection();
     void follow_current();
     void press_enter();
-    void show_popup();
-    void show_popup_at(const QPoint& place);
+    void show_popup(const QPoint& place);
 
     std::unique_ptr<Ui::ScanRowsPane> ui_;
     RowsModel* rows_;

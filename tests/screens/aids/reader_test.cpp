@@ -97,6 +97,28 @@ TEST_F(Reader, EscapeClosesItAndTheScreenHasTheKeyboard) {
     EXPECT_TRUE(screen->isAncestorOf(QApplication::focusWidget()));
 }
 
+// However the screen of the lesson came up: with the sample, which was not open yet, too.
+TEST_F(Reader, ItHasTheKeyboardWhenALessonBegins) {
+    const std::pair<const char*, const char*> lessons[] = {{"lesson_items", "FoodInventory"},
+                                                           {"lesson_planner", "MealPlan"},
+                                                           {"lesson_recipes", "Mealbuilder"},
+                                                           {"lesson_setup", "ProjectSetup"},
+                                                           {"lesson_reports", "Reports"}};
+    for (const auto& [picture, name] : lessons) {
+        begin_lesson(picture);
+        EXPECT_EQ(focused(), "next_button") << name;
+        EXPECT_TRUE(is_in_front(name)) << name;
+        press("Return");
+        EXPECT_EQ(place_shown().substr(0, 6), "Page 2") << name;
+        press("F6");
+        EXPECT_TRUE(on(name).isAncestorOf(QApplication::focusWidget())) << name << focused();
+        press("Alt+Right");
+        EXPECT_EQ(place_shown().substr(0, 6), "Page 3") << name;
+        action("mnuFile_Close").trigger();
+        settle();
+    }
+}
+
 TEST_F(Reader, F6LeadsFromTheToolbarsToItAndOnToTheScreen) {
     SeedProject();
     begin_lesson("lesson_items");
@@ -242,6 +264,19 @@ TEST_F(SetupLesson, StandsBesideTheReaderAndBothCanBeUsed) {
     EXPECT_FALSE(is_open("ProjectSetup"));
     EXPECT_EQ(expiration_warning_days, 9);
     EXPECT_NE(reader(), nullptr);
+}
+
+// Beside the lesson it stands in the main window, whose menus have letters, too.
+TEST_F(SetupLesson, ItsLettersAreNoMenus) {
+    begin();
+    expect_unique_mnemonics();
+    press("F6");
+    press("Alt+B");
+    EXPECT_EQ(focused(), "show_toolbar_text");
+    press("Alt+W");
+    EXPECT_EQ(QApplication::activePopupWidget(), window.findChild<QMenu*>("mnuWindow"));
+    press("Escape");
+    press("Escape");
 }
 
 TEST_F(SetupLesson, TheMenuBringsTheSameOneInFront) {

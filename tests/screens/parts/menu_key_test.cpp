@@ -2,6 +2,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -47,6 +48,44 @@ TEST_F(MenuKey, APartThatTakesTheKeysGoesFirst) {
     part.takes_keys = true;
     QTest::keyClick(&part, Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_EQ(part.menus, 0);
+}
+
+// Beneath the row that it is about, in sight, in the measures of a right click.
+TEST(MenuKeyOfAList, TheRowComesInSightAndTheMenuStandsBeneathIt) {
+    QListWidget list;
+    for (int row = 0; row < 100; ++row) list.addItem(QString::number(row));
+    list.setContextMenuPolicy(Qt::CustomContextMenu);
+    std::vector<QPoint> places;
+    QObject::connect(&list, &QWidget::customContextMenuRequested, &list,
+                     [&places](const QPoint& place) { places.push_back(place); });
+    list.resize(200, 200);
+    list.show();
+    ASSERT_TRUE(becomes_active(list));
+    list.setFocus();
+    list.setCurrentRow(90);
+    list.scrollToTop();
+    QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_EQ(places.size(), 1u);
+    EXPECT_EQ(places[0], list.visualItemRect(list.item(90)).bottomLeft());
+    EXPECT_TRUE(list.viewport()->rect().contains(places[0]));
+}
+
+// A row may be selected without being the current one.
+TEST(MenuKeyOfAList, WithoutACurrentRowItIsTheSelectedOne) {
+    QListWidget list;
+    for (int row = 0; row < 5; ++row) list.addItem(QString::number(row));
+    list.setContextMenuPolicy(Qt::CustomContextMenu);
+    std::vector<QPoint> places;
+    QObject::connect(&list, &QWidget::customContextMenuRequested, &list,
+                     [&places](const QPoint& place) { places.push_back(place); });
+    list.show();
+    ASSERT_TRUE(becomes_active(list));
+    list.setFocus();
+    list.selectionModel()->clearCurrentIndex();
+    list.selectionModel()->select(list.model()->index(3, 0), QItemSelectionModel::ClearAndSelect);
+    QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_EQ(places.size(), 1u);
+    EXPECT_EQ(places[0], list.visualItemRect(list.item(3)).bottomLeft());
 }
 
 }  // namespace
