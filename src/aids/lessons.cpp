@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "basics/code_page.h"
 #include "core/program_folders.h"
 #include "core/shipped_file.h"
 #include "core/trap.h"
@@ -30,14 +31,23 @@ bool place(i16 section) {
     return place_shipped_file(name, [&] { return shipped(name); });
 }
 
+// In a folder where nothing can be placed the program has the lesson all the same.
 std::string read_lesson(i16 section) {
-    (void)place(section);
-    const auto file = files().open(in_program_folder(lesson_file_name(section)), OpenMode::read);
+    const std::string path = in_program_folder(lesson_file_name(section));
+    if (!place(section) && !files().is_taken(path)) return shipped(lesson_file_name(section));
+    const auto file = files().open(path, OpenMode::read);
     const i64 length = file->length();
     if (length > longest_file) throw Fault(fault_number::device_io_error);
     std::string bytes(static_cast<std::size_t>(length), '\0');
     bytes.resize(file->read(0, bytes.data(), bytes.size()));
     return bytes;
+}
+
+// In the code page. Editors that write UTF-8 may say so in front.
+std::string in_code_page(const std::string& bytes) {
+    constexpr std::string_view utf8_mark = "\xef\xbb\xbf";
+    if (!bytes.starts_with(utf8_mark)) return bytes;
+    return text_from_utf8(std::string_view(bytes).substr(utf8_mark.size()));
 }
 
 // Every line ends with "\n", whatever ended it in the file; no zero bytes.
@@ -102,7 +112,8 @@ void set_section(i16 section) noexcept {
 void populate_array(i16 section) noexcept {
     tut_section = section;
     std::string text;
-    const bool was_read = tried([&] { text = with_plain_lines(read_lesson(section)); });
+    const bool was_read =
+        tried([&] { text = with_plain_lines(in_code_page(read_lesson(section))); });
     tut_pages = pages_of(text);
     if (!was_read) tell_unread(section);
 }

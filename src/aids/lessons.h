@@ -34,7 +34,8 @@ void set_shipped_lessons(
 // Makes a lesson the present one, at its first page.
 void set_section(i16 section) noexcept;
 
-// Fills tut_pages from the lesson's file, which is laid out first where it has been deleted. A file
+// Fills tut_pages from the lesson's file, which is laid out first where it has been deleted; where
+// that cannot be, from what the program carries. A file
 // that cannot be read or is longer than 256 KB gives a lesson without title and pages, and the
 // message panel tells so.
 void populate_array(i16 section) noexcept;

@@ -67,6 +67,13 @@ TEST_F(Lessons, LettersAreThoseOfTheCodePageAndZerosArePassedOver) {
               "e \x80 5");
 }
 
+TEST_F(Lessons, Utf8ThatSaysSoIsReadAsSuch) {
+    EXPECT_EQ(read("\xef\xbb\xbf"
+                   "Caf\xc3\xa9/b/Cr\xc3\xa8me/b/"),
+              (Pages{"Caf\xe9", "Cr\xe8me", ""}));
+    EXPECT_EQ(read("Caf\xc3\xa9/b/One/b/").front(), "Caf\xc3\xa9");
+}
+
 TEST_F(Lessons, AnEmptyPageEndsTheWay) {
     read("Items/b/One/b/ \n /b/Three/b/");
     EXPECT_EQ(lesson_page_count(), 1);
@@ -182,6 +189,16 @@ TEST_F(Lessons, OneThatWasDeletedComesBackWhenItIsWanted) {
     set_section(300);
     EXPECT_EQ(lesson_page(1), "One");
     EXPECT_TRUE(std::filesystem::exists(file("tut300.dat")));
+}
+
+TEST_F(Lessons, WhereNothingCanBePlacedTheProgramHasThemAllTheSame) {
+    set_shipped_lessons([](const std::string&) { return std::string("Items/b/One/b/"); });
+    platform.system.program += "/is no folder";
+    write_whole_file(platform.system.program, "");
+    EXPECT_FALSE(lay_out_lessons());
+    set_section(300);
+    EXPECT_EQ(tut_pages, (Pages{"Items", "One", ""}));
+    EXPECT_EQ(status(), "");
 }
 
 TEST_F(Lessons, OneThatCannotBePlacedIsToldAndTheOthersArePlaced) {

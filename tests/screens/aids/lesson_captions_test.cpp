@@ -29,6 +29,16 @@ const LessonScreens lessons[] = {
     {700, {"Reports"}},
 };
 
+// The toolbars stand in one row or in two, as there is room.
+TEST_F(TutorialTest, LessonsDoNotTellToolbarsByTheirPlace) {
+    for (const i16 section : lesson_sections) {
+        const std::string text = shipped_lesson_file(lesson_file_name(section));
+        for (const char* words : {"upper toolbar", "lower toolbar"}) {
+            EXPECT_EQ(text.find(words), std::string::npos) << section << words;
+        }
+    }
+}
+
 class LessonCaptions : public TutorialTest {
   protected:
     void add(const QString& text) { captions_.insert(QString(text).remove(QLatin1Char('&'))); }
