@@ -16,6 +16,7 @@ namespace {
 
 std::array<std::uint32_t, subject_count> revisions{};
 std::uint64_t present_era = 0;  // a project is opened, another one comes
+std::uint32_t looks = 0;
 
 std::size_t place_of(Subject subject) {
     return static_cast<std::size_t>(subject);
@@ -257,7 +258,12 @@ std::uint32_t revision_of(Subject subject) noexcept {
     return revisions[place_of(subject)];
 }
 
+std::uint32_t looks_so_far() noexcept {
+    return looks;
+}
+
 void look_for_changes() noexcept {
+    ++looks;
     Changed changed{};
     try {
         follow_all(changed);

@@ -37,6 +37,9 @@ std::uint32_t revision_of(Subject subject) noexcept;
 // there is no memory for the copy, everything counts as changed.
 void look_for_changes() noexcept;
 
+// How many looks there have been.
+std::uint32_t looks_so_far() noexcept;
+
 // Every row that is remembered has gone: the tables hold another project from now on.
 void forget_rows() noexcept;
 

@@ -88,6 +88,9 @@ void drop_waiting_audit() noexcept {
 void audit_now() noexcept {
     trap_in_main("Audit_Now", [] {
         if (ports::MealPlan* planner = meal_plan()) planner->CalendarUpdate(ports::month_in_view);
+        if (count_due_days() == 0) {
+            main_window().set_status(message_panel, "No planned day was left to audit.");
+        }
         audit_and_list();
         ports::MealPlan* planner = meal_plan();
         if (planner == nullptr) return;

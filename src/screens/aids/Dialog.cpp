@@ -83,10 +83,13 @@ std::size_t place_after(std::size_t place, int key) {
                                                                     : static_cast<std::size_t>(to);
 }
 
-// Not with the dialog itself, which tells its first part of a focus that it only will have.
+// Or with the dialog itself, but not while that tells its first part of a focus that it only will
+// have.
 bool came_by_key(const QWidget& picture, const QEvent& event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
-    return picture.hasFocus() && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
+    return picture.hasFocus() &&
+           (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+            reason == Qt::ActiveWindowFocusReason);
 }
 
 }  // namespace
@@ -97,6 +100,7 @@ Dialog::Dialog(QWidget* parent, std::function<void(const Work&)> run)
     keep_room_for_texts();
     ui_->hide_box->setChecked(hide_welcome_dialog != 0);
     connect_parts();
+    setAttribute(Qt::WA_KeyboardFocusChange);  // the frame around the first picture is seen
     pictures_.front()->setFocus(Qt::ActiveWindowFocusReason);
 }
 
@@ -164,6 +168,10 @@ void Dialog::store_wish(bool hidden) {
 // fits into the room that is left.
 void Dialog::choose(const LessonPicture& lesson) {
     run_([this, &lesson] {
+        if (lesson.section == 0 && project_open != 0) {
+            main_window().set_status(message_panel,
+                                     "The project that is open stays; close it to see the sample.");
+        }
         if (lesson.takes_sample) {
             SeedProject();
             if (project_open == 0) return;

@@ -180,6 +180,9 @@ void HelpWindow::show_search() {
 }
 
 void HelpWindow::show_page(const QUrl& page) {
+    if (ui_->help_tabs->currentWidget() == ui_->search_tab) {
+        ui_->help_tabs->setCurrentWidget(ui_->contents_tab);  // what was searched is no more asked
+    }
     ui_->page->setSource(page);
     come_up();
     ui_->page->setFocus();
@@ -249,7 +252,9 @@ void HelpWindow::close_last_opened() {
 }
 
 void HelpWindow::show_where(const QUrl& page) {
-    setWindowTitle(tr("%1 - Tavernook Help").arg(ui_->page->documentTitle()));
+    const QString page = ui_->page->documentTitle();
+    const QString name = tr("Tavernook Help");
+    setWindowTitle(page == name ? name : tr("%1 - %2").arg(page, name));
     ui_->find_notice->clear();
     mark_row(*ui_->contents_tree, {});
     mark_in_contents({}, page);

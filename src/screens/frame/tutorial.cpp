@@ -1,6 +1,7 @@
 #include "screens/frame/tutorial.h"
 
 #include <QDockWidget>
+#include <QEvent>
 #include <algorithm>
 
 #include "core/project/main_commands.h"
@@ -61,10 +62,15 @@ void Tutorial::make_reader() {
     dock_->setAllowedAreas(Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
     dock_->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
     dock_->toggleViewAction()->setVisible(false);  // without a lesson there is nothing to read
-    connect(reader_, &tut::close_wanted, this, [this] {
-        dock_->close();
-        main_.focus_screen();
-    });
+    dock_->installEventFilter(this);
+    connect(reader_, &tut::close_wanted, dock_, &QDockWidget::close);
+}
+
+// The screen in front gets the keyboard back, before Qt looks for the next part that could have it:
+// that may be one of another screen, which would come in front by it.
+bool Tutorial::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Close) main_.focus_screen();
+    return QObject::eventFilter(watched, event);
 }
 
 // Wherever it was when it was closed, it comes up under the toolbars. At most a third of the window

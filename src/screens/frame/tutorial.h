@@ -28,6 +28,9 @@ class Tutorial : public QObject {
   public:
     explicit Tutorial(Main& main);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void show_welcome();
     void show_reader();

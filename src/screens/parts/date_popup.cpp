@@ -22,6 +22,11 @@ QPoint place_beside(const QWidget& field, const QRect& cell, const QSize& size) 
     return {std::clamp(place.x(), screen.left(), furthest), std::max(place.y(), screen.top())};
 }
 
+// Days that can be typed, digit by digit. Between any two of them are fewer than 32,768, which is as
+// long as anything keeps.
+const QDate earliest(1990, 1, 1);
+const QDate latest(2078, 12, 31);
+
 }  // namespace
 
 DatePopup::DatePopup(QWidget& parent, const Names& names)
@@ -33,6 +38,7 @@ DatePopup::DatePopup(QWidget& parent, const Names& names)
     calendar_->setObjectName(QLatin1String(names.calendar));
     heading_->setObjectName(calendar_->objectName() + QLatin1String("_label"));
     heading_->setTextFormat(Qt::PlainText);
+    calendar_->setDateRange(earliest, latest);
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     // Red weekends are hard to read on a dark palette, and mean nothing here.
     calendar_->setWeekdayTextFormat(Qt::Saturday, {});

@@ -1,10 +1,12 @@
 #include "screens/parts/name_boxes.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCompleter>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <memory>
 
@@ -33,7 +35,11 @@ class NameCompleter : public QCompleter {
     bool eventFilter(QObject* watched, QEvent* event) override {
         const bool is_key = event->type() == QEvent::KeyPress && watched != &box_;
         if (is_key && take_key(*static_cast<QKeyEvent*>(event))) return true;
-        return QCompleter::eventFilter(watched, event);
+        const bool is_press = event->type() == QEvent::MouseButtonPress && watched == popup();
+        const QPoint place = is_press ? static_cast<QMouseEvent*>(event)->globalPosition().toPoint() : QPoint();
+        const bool taken = QCompleter::eventFilter(watched, event);
+        if (is_press && popup()->isHidden()) go_where_was_clicked(place);
+        return taken;
     }
 
   private:
@@ -41,6 +47,14 @@ class NameCompleter : public QCompleter {
         setCompletionPrefix(typed);
         if (typed.isEmpty()) return popup()->hide();
         complete();
+    }
+
+    // The click that closes the list goes no further; what is typed behind it is meant for the part
+    // that was clicked.
+    static void go_where_was_clicked(const QPoint& place) {
+        QWidget* part = QApplication::widgetAt(place);
+        if (part == nullptr || (part->focusPolicy() & Qt::ClickFocus) != Qt::ClickFocus) return;
+        part->setFocus(Qt::MouseFocusReason);
     }
 
     bool take_key(QKeyEvent& key) {

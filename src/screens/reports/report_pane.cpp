@@ -129,7 +129,7 @@ void ReportPane::fill(const ReportFilter& filter) {
         dress_columns();
         return true;
     });
-    is_new_ = true;
+    filled_at_look_ = looks_so_far();
     show_count({});
 }
 
@@ -142,8 +142,7 @@ void ReportPane::show_outdated() {
 }
 
 void ReportPane::follow_changes() {
-    const bool has_changed = seen_.is_stale() && !is_new_;
-    is_new_ = false;
+    const bool has_changed = seen_.is_stale() && looks_so_far() != filled_at_look_ + 1;
     seen_.renew();
     if (!has_changed) return;
     show_count(tr(" - the stock has changed since, press Run (F5)"));

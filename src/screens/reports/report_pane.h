@@ -78,7 +78,7 @@ class ReportPane : public QWidget {
     QTreeView& view_;
     QHeaderView& header_;
     Seen seen_{Subject::items, Subject::lots, Subject::catagories, Subject::units, Subject::stores};
-    bool is_new_ = false;  // what the step changed in which it was filled is in it
+    std::uint32_t filled_at_look_ = 0;  // what the next one finds changed is in it already
     bool is_dressing_ = false;
 };
 
