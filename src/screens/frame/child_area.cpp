@@ -99,7 +99,8 @@ void ChildArea::focus_child() {
     QMdiSubWindow* child = front();
     if (child == nullptr) return focus_start_page();
     QWidget* part = child->focusWidget();
-    const bool can_take_it = part != nullptr && part->isVisible() && part->isEnabled();
+    const bool can_take_it = part != nullptr && child->widget()->isAncestorOf(part) &&
+                             part->isVisible() && part->isEnabled();
     (can_take_it ? part : child->widget())->setFocus(Qt::ActiveWindowFocusReason);
 }
 

@@ -16,8 +16,6 @@
 namespace tavernook {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class MainWindow : public MainWindowTest {
   protected:
     void SetUp() override {
@@ -27,20 +25,6 @@ class MainWindow : public MainWindowTest {
 
     QMenu& menu(const char* name) { return *window.findChild<QMenu*>(QLatin1String(name)); }
     QToolBar& bar(const char* name) { return *window.findChild<QToolBar*>(QLatin1String(name)); }
-
-    // "name|caption", "-" for a separator, hidden entries left out.
-    static Texts entries(const QMenu& menu) {
-        Texts found;
-        for (const QAction* entry : menu.actions()) {
-            if (!entry->isVisible()) continue;
-            found.push_back(
-                entry->isSeparator() ? "-"
-                : entry->menu()
-                    ? entry->menu()->objectName().toStdString() + "|" + entry->text().toStdString()
-                    : entry->objectName().toStdString() + "|" + entry->text().toStdString());
-        }
-        return found;
-    }
 
     // Every command, submenus included.
     std::vector<QAction*> all_commands() {
@@ -59,55 +43,6 @@ class MainWindow : public MainWindowTest {
         press("Ctrl+N");
     }
 };
-
-TEST_F(MainWindow, TheMenusStandInTheirOrder) {
-    Texts titles;
-    for (const QAction* one : window.menuBar()->actions()) {
-        titles.push_back(one->text().toStdString());
-    }
-    EXPECT_EQ(titles, (Texts{"&File", "&Project", "&Window", "&Help"}));
-    EXPECT_EQ(entries(menu("mnuFile")),
-              (Texts{"mnuFile_NewProject|&New Project", "mnuFile_Open|&Open Project",
-                     "mnuFile_Save|&Save Project", "mnuFile_SaveAs|S&ave Project As",
-                     "mnuFile_Close|&Close Project", "-", "mnuProjectTransfer|Project &Transfer",
-                     "-", "mnuFile_Exit|&Exit", "-"}));
-    EXPECT_EQ(entries(menu("mnuProjectTransfer")),
-              (Texts{"mnuFile_Backup|&Back-up Project...", "mnuFile_Restore|&Restore Project...",
-                     "mnuFile_Package|&Package Project...", "mnuFile_Unpack|&Unpack Project...",
-                     "mnuFile_CSVExport|&CSV Export...", "mnuFile_Merge|&Merge Project..."}));
-    EXPECT_EQ(
-        entries(menu("mnuProject")),
-        (Texts{"mnuProject_MealPlanning|&Meal Planning", "mnuProject_FoodInventory|&Item Inventory",
-               "mnuProject_MealBuilder|&Recipe Manager", "Project_Setup|&Project Setup",
-               "Project_ScanList|&Scan List", "Project_ShoppingList|&Grocery List",
-               "mnu_wam|&Weights and Measures", "mnu_barcode|&Barcode List",
-               "Project_Calculator|&Calculator", "Project_SendtoWeb|Send to W&eb", "-",
-               "mnu_reports|Rep&orts", "mnu_audit|&Audit Now", "mnu_vii|Spoken Inter&face"}));
-    EXPECT_EQ(entries(menu("mnuWindow")), (Texts{"mnu_tile|&Tile", "mnu_cascade|&Cascade"}));
-    EXPECT_EQ(entries(menu("mnuHelp")),
-              (Texts{"mnu_tvkhelp|Tavernook &Help", "mnu_tut|Tavernook &Tutorial",
-                     "mnuhelp_search|&Search Help", "mnu_about|&About Tavernook"}));
-}
-
-TEST_F(MainWindow, TheToolbarsStandByPosition) {
-    const auto captions = [](const QToolBar& toolbar) {
-        Texts found;
-        for (const QAction* one : toolbar.actions()) {
-            found.push_back(one->isSeparator() ? "-" : one->iconText().trimmed().toStdString());
-        }
-        return found;
-    };
-    EXPECT_EQ(captions(bar("toolbar_1")),
-              (Texts{"New Project", "Open Project", "Save Project", "-", "Project Setup", "-",
-                     "Item Inventory", "Meal Planning", "Recipes", "-", "Help"}));
-    EXPECT_EQ(captions(bar("toolbar_2")), (Texts{"Reports", "Scan List", "Grocery List", "Barcodes",
-                                                 "Measures", "Audit Now", ""}));
-    const QList<QAction*> first = bar("toolbar_1").actions();
-    for (qsizetype i = 0; i < first.size(); ++i) {
-        if (first[i]->isSeparator()) continue;
-        EXPECT_EQ(first[i]->objectName(), QStringLiteral("toolbar_1_%1").arg(i + 1));
-    }
-}
 
 TEST_F(MainWindow, CaptionsComeAndGoAndTooltipsStay) {
     const auto check = [&](Qt::ToolButtonStyle style) {
@@ -128,82 +63,6 @@ TEST_F(MainWindow, CaptionsComeAndGoAndTooltipsStay) {
     EXPECT_LT(bar("toolbar_1").sizeHint().height(), with_captions);
     window.set_toolbar_captions(true);
     check(Qt::ToolButtonTextUnderIcon);
-}
-
-TEST_F(MainWindow, IdleOnlyWhatNeedsNoProjectIsEnabled) {
-    std::set<std::string> enabled;
-    for (const QAction* one : all_commands()) {
-        if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
-    }
-    EXPECT_EQ(enabled,
-              (std::set<std::string>{"mnuFile_NewProject", "mnuFile_Open", "mnuFile_Restore",
-                                     "mnuFile_Unpack", "mnuFile_Exit", "mnu_tvkhelp", "mnu_tut",
-                                     "mnuhelp_search", "mnu_about", "toolbar_1_1", "toolbar_1_2",
-                                     "toolbar_1_11", "toolbar_2_7"}));
-}
-
-TEST_F(MainWindow, WithAProjectItsCommandsAreEnabledAsFarAsTheyAreThere) {
-    bring_project();
-    std::set<std::string> enabled;
-    for (const QAction* one : all_commands()) {
-        if (one->isEnabled()) enabled.insert(one->objectName().toStdString());
-    }
-    EXPECT_EQ(enabled, (std::set<std::string>{"mnuFile_NewProject",
-                                              "mnuFile_Open",
-                                              "mnuFile_Save",
-                                              "mnuFile_SaveAs",
-                                              "mnuFile_Close",
-                                              "mnuFile_Backup",
-                                              "mnuFile_Restore",
-                                              "mnuFile_Package",
-                                              "mnuFile_Unpack",
-                                              "mnuFile_CSVExport",
-                                              "mnuFile_Merge",
-                                              "mnuFile_Exit",
-                                              "mnuProject_FoodInventory",
-                                              "mnuProject_MealBuilder",
-                                              "toolbar_1_9",
-                                              "toolbar_1_7",
-                                              "Project_ShoppingList",
-                                              "toolbar_2_1",
-                                              "toolbar_2_2",
-                                              "toolbar_2_3",
-                                              "toolbar_2_4",
-                                              "mnu_barcode",
-                                              "mnu_wam",
-                                              "Project_Setup",
-                                              "Project_SendtoWeb",
-                                              "toolbar_1_5",
-                                              "mnuProject_MealPlanning",
-                                              "toolbar_1_8",
-                                              "mnu_reports",
-                                              "mnu_audit",
-                                              "mnu_tvkhelp",
-                                              "mnu_tut",
-                                              "mnuhelp_search",
-                                              "mnu_about",
-                                              "toolbar_1_1",
-                                              "toolbar_1_2",
-                                              "toolbar_1_3",
-                                              "toolbar_1_11",
-                                              "toolbar_2_5",
-                                              "toolbar_2_6",
-                                              "toolbar_2_7",
-                                              "mnu_vii"}));
-}
-
-TEST_F(MainWindow, ADisabledCommandSaysWhy) {
-    EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project. Open a project first.");
-    EXPECT_EQ(action("mnu_tile").statusTip(),
-              "Arrange the open screens side by side. No screen is open.");
-    EXPECT_EQ(action("mnu_vii").statusTip(),
-              "Work by ear: everything is spoken. Open a project first.");
-    EXPECT_EQ(action("Project_ScanList").statusTip(),
-              "Use the \"Scan List\" button of the toolbar, or Ctrl+5.");
-    EXPECT_EQ(action("Project_Calculator").statusTip(),
-              "Use the \"Calculator\" button of the toolbar, or Ctrl+9.");
-    bring_project();
-    EXPECT_EQ(action("mnuFile_Save").statusTip(), "Save the open project.");
 }
 
 TEST_F(MainWindow, EveryCommandHasTextAndTips) {
@@ -227,16 +86,6 @@ TEST_F(MainWindow, EveryPartHasAnAccessibleName) {
     }
 }
 
-TEST_F(MainWindow, EveryMenuEntryHasItsLetter) {
-    for (const QMenu* one : window.menuBar()->findChildren<QMenu*>()) {
-        for (const QAction* entry : one->actions()) {
-            if (entry->isSeparator() || !entry->isVisible()) continue;
-            EXPECT_FALSE(QKeySequence::mnemonic(entry->text()).isEmpty())
-                << entry->text().toStdString();
-        }
-    }
-}
-
 TEST_F(MainWindow, TheDigitsShowTheScreensInTheOrderOfTheToolbars) {
     bring_project();
     const std::vector<std::pair<const char*, const char*>> screens = {
@@ -257,21 +106,6 @@ TEST_F(MainWindow, F10OpensTheFirstMenu) {
     EXPECT_EQ(window.menuBar()->activeAction(), menu("mnuFile").menuAction());
     press("Escape");
     press("Escape");
-}
-
-TEST_F(MainWindow, MnemonicsAreUniqueInEachMenu) {
-    window.set_recent_files({"/a/one.tvk", "/a/two.tvk", "/a/three.tvk"});
-    QList<const QWidget*> places{window.menuBar()};
-    for (const QMenu* one : window.findChildren<QMenu*>()) places.append(one);
-    for (const QWidget* place : places) {
-        std::set<QString> seen;
-        for (const QAction* entry : place->actions()) {
-            const QString keys = QKeySequence::mnemonic(entry->text()).toString();
-            if (keys.isEmpty() || !entry->isVisible()) continue;
-            EXPECT_TRUE(seen.insert(keys).second)
-                << place->objectName().toStdString() << ": " << entry->text().toStdString();
-        }
-    }
 }
 
 TEST_F(MainWindow, NoTwoCommandsShareAShortcut) {

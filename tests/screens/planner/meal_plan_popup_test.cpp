@@ -51,15 +51,6 @@ class PlannerPopup : public MealPlanTest {
     }
 };
 
-TEST_F(PlannerPopup, HasItsEntriesInTheirOrder) {
-    open_planner();
-    Texts texts;
-    for (const QAction* entry : part<QMenu>("popmenu").actions()) {
-        texts.push_back(plain(entry->text()));
-    }
-    EXPECT_EQ(texts, (Texts{"Cut", "Paste", "Delete", "Copy", "Add Item", "Add Meal"}));
-}
-
 TEST_F(PlannerPopup, ARightClickSelectsTheCellAndNothingIsChosenYet) {
     open_planner();
     const QPoint place = grid().cell_rect(may_20).center();

@@ -132,16 +132,6 @@ TEST_F(PlannerRecommendations, ARecipeDeletedWhileThePopupAsksIsNotPlanned) {
     EXPECT_EQ(panel(1), "This recipe is not there any more.");
 }
 
-TEST_F(PlannerRecommendations, ThePopupHasItsThreeEntries) {
-    open_planner();
-    Texts texts;
-    for (const QAction* entry : part<QMenu>("Recommendations_POPUP").actions()) {
-        texts.push_back(plain(entry->text()));
-    }
-    EXPECT_EQ(texts,
-              (Texts{"Add Meal to Meal Plan", "View Item Information", "View Meal Information"}));
-}
-
 TEST_F(PlannerRecommendations, ItemAndRecipeOfARowAreShown) {
     expire(milk);
     open_planner();
