@@ -1,12 +1,44 @@
 #include "screens/parts/toolbar_parts.h"
 
 #include <QAction>
+#include <QResizeEvent>
 #include <QToolBar>
 #include <QToolButton>
 
 #include "screens/parts/icons.h"
 
 namespace tavernook {
+
+namespace {
+
+// Beside the icons, where the toolbar is one line high, as long as all of them have room so.
+class CaptionPlace : public QObject {
+  public:
+    explicit CaptionPlace(QToolBar& bar) : QObject(&bar), bar_(bar) {
+        bar.installEventFilter(this);
+        fit();
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FontChange) fit();
+        if (event->type() == QEvent::Resize) {
+            const auto& resize = *static_cast<QResizeEvent*>(event);
+            if (resize.size().width() != resize.oldSize().width()) fit();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void fit() {
+        bar_.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        if (bar_.sizeHint().width() <= bar_.width()) return;
+        bar_.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    }
+
+    QToolBar& bar_;
+};
+
+}  // namespace
 
 void fill_toolbar(QWidget& screen, QToolBar& bar,
                   const std::vector<std::pair<int, const char*>>& icons) {
@@ -34,7 +66,7 @@ void fill_toolbar(QWidget& screen, QToolBar& bar,
 void show_captions(QToolBar& bar) {
     const int line = bar.fontMetrics().height();
     bar.setIconSize(QSize(line * 3 / 2, line * 3 / 2));
-    bar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    new CaptionPlace(bar);
 }
 
 void enlarge_command(QToolBar& bar, QAction& action) {

@@ -15,7 +15,8 @@ namespace tavernook {
 void fill_toolbar(QWidget& screen, QToolBar& bar,
                   const std::vector<std::pair<int, const char*>>& icons);
 
-// Large pictures, each with its words below.
+// Large pictures with their words: beside them, which leaves more of the screen to what it is for,
+// or below where the toolbar is too narrow for that.
 void show_captions(QToolBar& bar);
 
 // The most frequent command of a screen: larger than the others, its text beside the icon.
