@@ -51,11 +51,12 @@ void write_down(const Walk& walk) {
     write_whole_file(TAVERNOOK_TREE_FILE, all.toStdString());
 }
 
-QString last_focus(const std::vector<FarEvent>& events) {
-    const auto last = std::find_if(events.rbegin(), events.rend(), [](const FarEvent& event) {
-        return event.kind == QLatin1String("focused");
-    });
-    return last == events.rend() ? QString() : last->path;
+QStringList came_up(const std::vector<FarEvent>& events) {
+    QStringList paths;
+    for (const FarEvent& event : events) {
+        if (event.kind == QLatin1String("showing")) paths << event.path;
+    }
+    return paths;
 }
 
 Walk walk_all() {
@@ -77,7 +78,7 @@ Walk walk_all() {
         seen.events = events.take();
         if (scene->is_popup) {
             seen.tree =
-                read_far_popup(desktop.accessible(), program, last_focus(seen.events), seen.tree);
+                read_far_popup(desktop.accessible(), program, came_up(seen.events), seen.tree);
         }
         walk.scenes.push_back(std::move(seen));
     }

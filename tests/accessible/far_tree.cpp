@@ -257,14 +257,14 @@ FarPart read_far_tree(const QDBusConnection& bus, const QString& program,
     return read_from(reader, root_path, reading);
 }
 
-FarPart read_far_popup(const QDBusConnection& bus, const QString& program, QString path,
-                       const FarPart& known) {
+FarPart read_far_popup(const QDBusConnection& bus, const QString& program,
+                       const QStringList& came_up, const FarPart& known) {
     Reader reader(bus, program);
-    QString parent = read_parent(reader, path);
-    while (!parent.isEmpty() && parent != root_path && !has_path(known, parent)) {
-        path = std::exchange(parent, read_parent(reader, parent));
+    for (auto path = came_up.rbegin(); path != came_up.rend(); ++path) {
+        const bool is_new = !has_path(known, *path) && has_path(known, read_parent(reader, *path));
+        if (is_new) return read_from(reader, *path, {});
     }
-    return read_from(reader, path, {});
+    return {};
 }
 
 QString written(const FarPart& part, int depth) {

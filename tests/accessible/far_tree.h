@@ -3,6 +3,7 @@
 
 #include <QDBusConnection>
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <vector>
 
@@ -75,10 +76,10 @@ struct FarReading {
 FarPart read_far_tree(const QDBusConnection& bus, const QString& program,
                       const FarReading& reading);
 
-// The part with that path, or what it is part of, that is the first not in `known`: a list or a
-// calendar that has come up over its window, and that no window tells of.
-FarPart read_far_popup(const QDBusConnection& bus, const QString& program, QString path,
-                       const FarPart& known);
+// What has come up over its window, a calendar beside a field, that no window tells of: of the
+// paths of parts that came up, the last one that is not in `known` and belongs to a part that is.
+FarPart read_far_popup(const QDBusConnection& bus, const QString& program,
+                       const QStringList& came_up, const FarPart& known);
 
 // A line a part, each further in than what it is a part of.
 QString written(const FarPart& part, int depth = 0);

@@ -13,12 +13,15 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QSocketNotifier>
 #include <QTabBar>
 #include <QTextDocumentFragment>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
+#include <vector>
 
 namespace tavernook {
 
@@ -84,11 +87,37 @@ QJsonArray screens_in(const QWidget& shown) {
     return names;
 }
 
+// A popup belongs to the window that it has come up over.
 QString title_in_front(const QWidget& shown) {
-    const auto* area = shown.findChild<QMdiArea*>();
+    const QWidget* window = &shown;
+    if (window->parentWidget() != nullptr) window = window->parentWidget()->window();
+    const auto* area = window->findChild<QMdiArea*>();
     const QMdiSubWindow* front = area == nullptr ? nullptr : area->activeSubWindow();
     return front == nullptr ? QString() : front->windowTitle();
 }
+
+// The clock of the main window does not tick as long as this lives: what is looked at stays as it
+// is.
+class StandStill {
+  public:
+    StandStill() {
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            for (const char* name : {"timer_1", "timer_2"}) {
+                auto* timer = window->findChild<QTimer*>(QLatin1String(name));
+                if (timer != nullptr && timer->isActive()) stopped_ = timer;
+            }
+        }
+        if (stopped_ != nullptr) stopped_->stop();
+    }
+    ~StandStill() {
+        if (stopped_ != nullptr) stopped_->start();
+    }
+    StandStill(const StandStill&) = delete;
+    StandStill& operator=(const StandStill&) = delete;
+
+  private:
+    QPointer<QTimer> stopped_;
+};
 
 void wait_for_line() {
     QEventLoop loop;
@@ -105,6 +134,7 @@ void wait_for_line() {
 
 void show_scene(const QString& name, QWidget& shown) {
     if (!shown.isVisible()) return;
+    const StandStill still;
     const QJsonObject told{{"scene", name},
                            {"screens", screens_in(shown)},
                            {"seen", seen_on(shown)},
