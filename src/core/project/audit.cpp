@@ -30,10 +30,9 @@ void consume_due_days() {
 
 void tell_audited(int count) {
     if (count == 0) return;
-    main_window().set_status(message_panel, count == 1
-                                                ? "1 planned day was audited."
-                                                : std::to_string(count) +
-                                                      " planned days were audited.");
+    main_window().set_status(message_panel,
+                             count == 1 ? "1 planned day was audited."
+                                        : std::to_string(count) + " planned days were audited.");
 }
 
 void rebuild_expiring_items() {

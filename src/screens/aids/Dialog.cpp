@@ -11,6 +11,7 @@
 #include "aids/sample_project.h"
 #include "core/program_state.h"
 #include "core/project/window_state.h"
+#include "platform/platform.h"
 #include "screens/parts/icons.h"
 #include "screens/parts/laid_out.h"
 #include "screens/parts/list_parts.h"

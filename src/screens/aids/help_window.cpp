@@ -252,9 +252,9 @@ void HelpWindow::close_last_opened() {
 }
 
 void HelpWindow::show_where(const QUrl& page) {
-    const QString page = ui_->page->documentTitle();
+    const QString title = ui_->page->documentTitle();
     const QString name = tr("Tavernook Help");
-    setWindowTitle(page == name ? name : tr("%1 - %2").arg(page, name));
+    setWindowTitle(title == name ? name : tr("%1 - %2").arg(title, name));
     ui_->find_notice->clear();
     mark_row(*ui_->contents_tree, {});
     mark_in_contents({}, page);

@@ -250,7 +250,7 @@ void Mealbuilder::delete_marked() {
 void Mealbuilder::delete_recipe(i16 recipe) {
     if (recipe != sheet_.recipe()) show_recipe(recipe);
     if (recipe != sheet_.recipe()) return;
-    const QString next = recipes_.key_around_marked();
+    const QString next = recipes_.key_beside_marked();
     const std::string name = name_of(recipe);
     if (delete_meal(recipe, false) != meal_deleted) return;
     project_modified = i16_true;

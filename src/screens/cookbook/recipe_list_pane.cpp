@@ -98,10 +98,6 @@ i16 RecipeListPane::catagory_for_new() const {
     return recipe != 0 ? home_recipe_catagory(recipe) : marked_catagory();
 }
 
-QString RecipeListPane::key_around_marked() const {
-    return ui_->recipe_tree->currentIndex().parent().data(CatagoryTreeModel::key_role).toString();
-}
-
 void RecipeListPane::take_drop(const QMimeData& data, i16 catagory) {
     if (is_link(data)) return Q_EMIT link_dropped();
     Q_EMIT files_dropped(dropped_files(data), catagory);

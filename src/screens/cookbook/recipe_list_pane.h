@@ -31,9 +31,6 @@ class RecipeListPane : public CatagoryTreePane {
     // Where something new goes: into what is marked, a recipe standing for the category it is in.
     i16 catagory_for_new() const;
 
-    // The key of the row in which the marked one stands.
-    QString key_around_marked() const;
-
     // Reads anew what has changed since the last time, as soon as no name is being typed.
     void follow_changes();
 

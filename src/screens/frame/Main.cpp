@@ -283,6 +283,10 @@ void Main::cascade() {
     children_->cascade();
 }
 
+void Main::give_full_size() {
+    children_->give_full_size();
+}
+
 void Main::dragEnterEvent(QDragEnterEvent* event) {
     if (busy_ == 0 && !dragged_project(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }

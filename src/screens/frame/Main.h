@@ -77,6 +77,7 @@ class Main : public QMainWindow, public ports::Main {
     void show_about();
     void tile();
     void cascade();
+    void give_full_size();
 
   Q_SIGNALS:
     // The window has gone for good: the program ends.

@@ -183,6 +183,14 @@ QString CatagoryTreePane::marked_key() const {
     return tree_->currentIndex().data(CatagoryTreeModel::key_role).toString();
 }
 
+QString CatagoryTreePane::key_beside_marked() const {
+    const QModelIndex marked = tree_->currentIndex();
+    const QModelIndex next = marked.siblingAtRow(marked.row() + 1);
+    const QModelIndex before = marked.siblingAtRow(marked.row() - 1);
+    const QModelIndex& beside = next.isValid() ? next : before.isValid() ? before : marked.parent();
+    return beside.data(CatagoryTreeModel::key_role).toString();
+}
+
 i16 CatagoryTreePane::marked_leaf() const {
     return model_->leaf_at(tree_->currentIndex());
 }

@@ -73,6 +73,11 @@ class CatagoryTreePane : public QWidget {
     // Marks the row without a signal; an empty key, and one that is not shown, marks none.
     void mark(const QString& key);
     QString marked_key() const;
+
+    // Of the row to mark when the marked one goes: the next in its category, or else the one
+    // before, or else the category.
+    QString key_beside_marked() const;
+
     i16 marked_leaf() const;
     i16 marked_catagory() const;  // 0 for the root, too
     bool is_root_marked() const;

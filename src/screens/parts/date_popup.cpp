@@ -22,8 +22,8 @@ QPoint place_beside(const QWidget& field, const QRect& cell, const QSize& size) 
     return {std::clamp(place.x(), screen.left(), furthest), std::max(place.y(), screen.top())};
 }
 
-// Days that can be typed, digit by digit. Between any two of them are fewer than 32,768, which is as
-// long as anything keeps.
+// Days that can be typed, digit by digit. Between any two of them are fewer than 32,768, which is
+// as long as anything keeps.
 const QDate earliest(1990, 1, 1);
 const QDate latest(2078, 12, 31);
 

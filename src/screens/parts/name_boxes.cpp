@@ -36,7 +36,8 @@ class NameCompleter : public QCompleter {
         const bool is_key = event->type() == QEvent::KeyPress && watched != &box_;
         if (is_key && take_key(*static_cast<QKeyEvent*>(event))) return true;
         const bool is_press = event->type() == QEvent::MouseButtonPress && watched == popup();
-        const QPoint place = is_press ? static_cast<QMouseEvent*>(event)->globalPosition().toPoint() : QPoint();
+        const QPoint place =
+            is_press ? static_cast<QMouseEvent*>(event)->globalPosition().toPoint() : QPoint();
         const bool taken = QCompleter::eventFilter(watched, event);
         if (is_press && popup()->isHidden()) go_where_was_clicked(place);
         return taken;

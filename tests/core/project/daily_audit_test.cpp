@@ -284,6 +284,17 @@ TEST_F(DailyAudit, AuditNowShowsThePlannerAnew) {
                      "window MealPlan set_firstcall"}));
 }
 
+TEST_F(DailyAudit, HowManyDaysItWereIsTold) {
+    audit_now();
+    EXPECT_EQ(platform.main.status[message_panel], "No planned day was left to audit.");
+    for (const i16 day : {10, 11}) days[day] = {.month = 5, .year = 2024, .day = day, .in_use = 1};
+    audit_now();
+    EXPECT_EQ(platform.main.status[message_panel], "2 planned days were audited.");
+    days[12] = {.month = 5, .year = 2024, .day = 12, .in_use = 1};
+    audit_now();
+    EXPECT_EQ(platform.main.status[message_panel], "1 planned day was audited.");
+}
+
 TEST_F(DailyAudit, AuditNowNeedsNoScreen) {
     audit_now();
     EXPECT_EQ(audits(), 1);

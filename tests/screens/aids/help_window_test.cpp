@@ -136,6 +136,15 @@ TEST_F(HelpWindowTest, AScreenHasItsPage) {
     EXPECT_FALSE(tree.currentIndex().isValid());
 }
 
+TEST_F(HelpWindowTest, APageThatIsAskedForComesWithTheContents) {
+    search_pane();
+    EXPECT_EQ(part<QTabWidget>("help_tabs").currentWidget(), &part<QWidget>("search_tab"));
+    page_of("FoodInventory");
+    EXPECT_EQ(part<QTabWidget>("help_tabs").currentWidget(), &part<QWidget>("contents_tab"));
+    desk->show_contents();
+    EXPECT_EQ(window()->windowTitle(), "Tavernook Help");
+}
+
 TEST_F(HelpWindowTest, AnUnknownScreenBringsUpNoWindow) {
     EXPECT_TRUE(desk->show_page("NoSuchScreen"));
     EXPECT_TRUE(desk->show_page(""));

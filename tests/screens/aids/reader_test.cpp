@@ -119,6 +119,26 @@ TEST_F(Reader, ItHasTheKeyboardWhenALessonBegins) {
     }
 }
 
+TEST_F(Reader, ClosingItLeavesTheScreenInFrontThere) {
+    SeedProject();
+    for (const char* name : {"MealPlan", "FoodInventory", "Reports", "wam"}) open(name);
+    begin_lesson("lesson_items");
+    for (const char* name : {"wam", "MealPlan", "Reports", "FoodInventory"}) {
+        SCOPED_TRACE(name);
+        open(name);
+        in_reader<QPushButton>("next_button").setFocus();
+        click_in_reader("close_button");
+        EXPECT_TRUE(is_in_front(name));
+        on(name);
+        EXPECT_TRUE(screen->isAncestorOf(QApplication::focusWidget()));
+        begin_lesson("lesson_new");
+        EXPECT_TRUE(is_in_front(name));
+        window.findChild<QDockWidget*>()->close();
+        EXPECT_TRUE(is_in_front(name));
+        begin_lesson("lesson_new");
+    }
+}
+
 TEST_F(Reader, F6LeadsFromTheToolbarsToItAndOnToTheScreen) {
     SeedProject();
     begin_lesson("lesson_items");

@@ -96,6 +96,13 @@ TEST_F(Welcome, SoDoesTheKeyboard) {
     EXPECT_EQ(focused(), "lesson_items");
 }
 
+TEST_F(Welcome, TellsOfTheFirstPictureFromTheStart) {
+    open_welcome();
+    EXPECT_EQ(focused(), "lesson_new");
+    EXPECT_EQ(line(), pictures[0].text);
+    EXPECT_TRUE(welcome()->testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
 TEST_F(Welcome, WhoListensHearsNamesAndTexts) {
     open_welcome();
     for (const Picture& picture : pictures) {
@@ -165,6 +172,20 @@ TEST_F(Welcome, WithAProjectOpenTheLessonRunsOnThat) {
     EXPECT_TRUE(is_in_front("FoodInventory"));
     EXPECT_EQ(tut_section, 300);
     EXPECT_EQ(project_tag, 0);
+}
+
+TEST_F(Welcome, WithAProjectOpenTheSampleStaysWhereItIsAndThatIsTold) {
+    project_on_disk("home.tvk");
+    open_by_keys(platform.path("home.tvk"));
+    begin_lesson("lesson_sample");
+    EXPECT_EQ(project_name, "home.tvk");
+    EXPECT_EQ(panel(1), "The project that is open stays; close it to see the sample.");
+}
+
+TEST_F(Welcome, ReportsThatComeWithTheSampleAreUpToDate) {
+    begin_lesson("lesson_reports");
+    on("Reports");
+    EXPECT_EQ(part<QLabel>("count_label").text(), "134");
 }
 
 TEST_F(Welcome, ASampleThatCannotBeOpenedLeavesTheDialogAndShowsNothing) {

@@ -248,6 +248,14 @@ class EveryCommand : public HouseholdTest, public testing::WithParamInterface<Co
         EXPECT_TRUE(first->geometry().intersects(second->geometry()));
         EXPECT_TRUE(is_in_front("FoodInventory"));
     }
+    void gives_full_size() {
+        const auto [first, second] = two_screens();
+        action("mnu_tile").trigger();
+        ASSERT_FALSE(first->isMaximized() || second->isMaximized());
+        choose();
+        EXPECT_TRUE(is_in_front("FoodInventory"));
+        EXPECT_TRUE(window.registry().loaded("FoodInventory")->parentWidget()->isMaximized());
+    }
     void shows_the_help() {
         choose();
         EXPECT_EQ(platform.help.contents_shown, 1);
@@ -387,6 +395,7 @@ const CommandRow command_rows[] = {
 
     {"mnuWindow", "mnu_tile", "&Tile", Had::with_screen, &E::tiles},
     {"mnuWindow", "mnu_cascade", "&Cascade", Had::with_screen, &E::cascades},
+    {"mnuWindow", "mnu_full", "&Full Size", Had::with_screen, &E::gives_full_size},
 
     {"mnuHelp", "mnu_tvkhelp", "Tavernook &Help", Had::always, &E::shows_the_help},
     {"mnuHelp", "mnu_tut", "Tavernook &Tutorial", Had::always, &E::offers_the_lessons},

@@ -296,6 +296,25 @@ TEST_F(ItemTree, AnUnusedItemIsDeletedWithoutAQuestion) {
     EXPECT_EQ(project_modified, i16_true);
 }
 
+// The next row is marked, but not on show: a second Delete would be meant for what is on show.
+TEST_F(ItemTree, ThePlaceOfADeletedItemIsKept) {
+    put_household();
+    open();
+    tree().setFocus();
+    choose_row("c2");
+    press("Delete");
+    settle();
+    EXPECT_EQ(tree().currentIndex().data().toString(), "Milk");
+    EXPECT_EQ(screen().getindex(), 0);
+    press("Up");
+    EXPECT_EQ(tree().currentIndex().data().toString(), "Dairy");
+    press("Down");
+    EXPECT_EQ(tree().currentIndex().data().toString(), "Milk");
+    press("Delete");
+    settle();
+    EXPECT_EQ(tree().currentIndex().data().toString(), "Dairy");
+}
+
 TEST_F(ItemTree, AnItemInUseStaysOnNo) {
     put_household();
     use_item(1);

@@ -205,6 +205,19 @@ TEST_F(NamesInTheForm, AnOfferIsTakenByAClick) {
     EXPECT_EQ(text("store"), "Corner shop");
 }
 
+TEST_F(NamesInTheForm, AClickBesideTheOffersLeadsTheKeyboardToWhatWasClicked) {
+    QComboBox& box = into("qty_units");
+    type("sack");
+    QAbstractItemView& list = offers(box);
+    ASSERT_TRUE(list.isVisible());
+    QWidget& clicked = part("storage_time");
+    QTest::mouseClick(&list, Qt::LeftButton, {},
+                      list.mapFromGlobal(clicked.mapToGlobal(clicked.rect().center())));
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_EQ(focused(), "storage_time");
+    EXPECT_EQ(text("qty_units"), "sack");
+}
+
 TEST_F(NamesInTheForm, EnterWithoutAChoiceKeepsWhatWasTypedAndGoesOn) {
     QComboBox& box = into("qty_units");
     type("SAC");

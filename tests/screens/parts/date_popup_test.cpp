@@ -91,5 +91,19 @@ TEST_F(DatePopupTest, EscapeTellsNothing) {
     EXPECT_EQ(QApplication::focusWidget(), &field);
 }
 
+// A year is typed digit by digit, and most of its beginnings are far away.
+TEST_F(DatePopupTest, DaysThatAreTypedAreNearEnoughForAnythingThatKeeps) {
+    ask();
+    for (const char* typed : {"12", "01", "26"}) {
+        QTest::keyClicks(&days_shown(), typed);
+    }
+    const QDate day = calendar().selectedDate();
+    EXPECT_LT(std::abs(day.daysTo(QDate(1990, 1, 1))), 32768);
+    EXPECT_LT(std::abs(day.daysTo(QDate(2078, 12, 31))), 32768);
+    EXPECT_EQ(calendar().minimumDate(), QDate(1990, 1, 1));
+    EXPECT_EQ(calendar().maximumDate(), QDate(2078, 12, 31));
+    popup.hide();
+}
+
 }  // namespace
 }  // namespace tavernook
