@@ -206,11 +206,11 @@ TEST_F(AccessibleTree, TellsSignsInWords) {
         const QStringList all = cells_in(scenes(), scene, list);
         return all.filter(QLatin1String(word)).size() > 0;
     };
-    EXPECT_TRUE(says("sample_items", "Items by category", "Expired"));
+    EXPECT_TRUE(says("FoodInventory_list_return", "Items by category", "Expired"));
     EXPECT_TRUE(says("sample_shopping_list", "Grocery list", "Expired"));
     EXPECT_TRUE(says("sample_shopping_list", "Grocery list", "Low"));
     EXPECT_TRUE(says("sample_shopping_list", "Quick Pick List", "Low"));
-    EXPECT_TRUE(says("sample_after_audit", "Recommended Meals", "Expired"));
+    EXPECT_TRUE(says("MealPlan_month", "Recommended Meals", "Expired"));
     EXPECT_TRUE(says("LotView", "Lots", "Expired"));
 }
 
