@@ -85,7 +85,7 @@ void ListPane::set_up_list() {
     follow_font_size(list_);
     show_sign_words(list_);
     list_.viewport()->installEventFilter(this);
-    const int letters[] = {name_letters, 19, 15, 5, 20, 10, 12, 10};
+    const int letters[] = {name_letters, 19, 15, 5, 19, 10, 12, 10};
     for (int column = 0; column < rows_->columnCount(); ++column) {
         list_.header()->resizeSection(column, letters_wide(*this, letters[column]));
     }
