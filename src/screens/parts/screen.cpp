@@ -69,6 +69,16 @@ void Screen::on_command(QAbstractButton* button, Work command) {
             [this, command = std::move(command)] { run(command); });
 }
 
+// The screen itself stands at the end of the way round; by its focus proxy it would lead into the
+// middle.
+bool Screen::focusNextPrevChild(bool next) {
+    QWidget* proxy = focusProxy();
+    setFocusProxy(nullptr);
+    const bool moved = QWidget::focusNextPrevChild(next);
+    setFocusProxy(proxy);
+    return moved;
+}
+
 void Screen::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     follow();

@@ -54,6 +54,9 @@ class Screen : public QWidget {
 
     void showEvent(QShowEvent* event) override;
 
+    // Tab goes round from the last part to the first.
+    bool focusNextPrevChild(bool next) override;
+
   private:
     Steps steps_;
     bool follows_ = true;  // the last time it did

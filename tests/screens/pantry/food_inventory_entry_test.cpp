@@ -361,6 +361,15 @@ TEST_F(ItemEntry, EveryControlHasAnAccessibleName) {
     EXPECT_GT(controls, 60);
 }
 
+TEST_F(ItemEntry, TabGoesRoundFromTheLastPartToTheFirst) {
+    show_rice();
+    part("close_screen").setFocus();
+    press("Tab");
+    EXPECT_EQ(focused(), "item_toolbar_1_1_button");
+    press("Shift+Tab");
+    EXPECT_EQ(focused(), "close_screen");
+}
+
 TEST_F(ItemEntry, TabGoesThroughThePanesAsOneReads) {
     show_rice();
     screen().set_return(1);
