@@ -4,6 +4,7 @@
 #include <QResizeEvent>
 #include <QToolBar>
 #include <QToolButton>
+#include <utility>
 
 #include "screens/parts/icons.h"
 
@@ -11,7 +12,8 @@ namespace tavernook {
 
 namespace {
 
-// Beside the icons, where the toolbar is one line high, as long as all of them have room so.
+// Beside the icons, where the toolbar is one line high, as long as all of them have room so. They
+// come and go with their actions; the toolbar hears of that behind this.
 class CaptionPlace : public QObject {
   public:
     explicit CaptionPlace(QToolBar& bar) : QObject(&bar), bar_(bar) {
@@ -21,6 +23,7 @@ class CaptionPlace : public QObject {
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::FontChange) fit();
+        if (event->type() == QEvent::ActionChanged) fit_later();
         if (event->type() == QEvent::Resize) {
             const auto& resize = *static_cast<QResizeEvent*>(event);
             if (resize.size().width() != resize.oldSize().width()) fit();
@@ -29,13 +32,20 @@ class CaptionPlace : public QObject {
     }
 
   private:
+    void fit_later() {
+        if (std::exchange(will_fit_, true)) return;
+        QMetaObject::invokeMethod(
+            this, [this] { fit(); }, Qt::QueuedConnection);
+    }
     void fit() {
+        will_fit_ = false;
         bar_.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         if (bar_.sizeHint().width() <= bar_.width()) return;
         bar_.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     }
 
     QToolBar& bar_;
+    bool will_fit_ = false;
 };
 
 }  // namespace
