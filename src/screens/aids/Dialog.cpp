@@ -101,7 +101,6 @@ Dialog::Dialog(QWidget* parent, std::function<void(const Work&)> run)
     keep_room_for_texts();
     ui_->hide_box->setChecked(hide_welcome_dialog != 0);
     connect_parts();
-    setAttribute(Qt::WA_KeyboardFocusChange);  // the frame around the first picture is seen
     pictures_.front()->setFocus(Qt::ActiveWindowFocusReason);
 }
 
@@ -200,8 +199,9 @@ bool Dialog::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress:
             return handle_key(place, static_cast<QKeyEvent*>(event)->key());
         case QEvent::FocusIn:
-            if (came_by_key(**picture, *event))
-                ui_->description_label->setText(tr(lesson_pictures[place].text));
+            if (!came_by_key(**picture, *event)) break;
+            setAttribute(Qt::WA_KeyboardFocusChange);  // the frame around the picture is seen
+            ui_->description_label->setText(tr(lesson_pictures[place].text));
             break;
         case QEvent::Enter:
             ui_->description_label->setText(tr(lesson_pictures[place].text));

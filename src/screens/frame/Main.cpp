@@ -276,17 +276,6 @@ void Main::show_about() {
     about->open();
 }
 
-void Main::tile() {
-    children_->tile();
-}
-void Main::cascade() {
-    children_->cascade();
-}
-
-void Main::give_full_size() {
-    children_->give_full_size();
-}
-
 void Main::dragEnterEvent(QDragEnterEvent* event) {
     if (busy_ == 0 && !dragged_project(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }

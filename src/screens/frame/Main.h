@@ -38,6 +38,7 @@ class Main : public QMainWindow, public ports::Main {
     ~Main() override;
 
     ScreenRegistry& registry() { return *registry_; }
+    ChildArea& children() { return *children_; }
 
     // Asks about everything that would go with the project, edits, scanned codes and what is being
     // printed; false as soon as the user wants to stay.
@@ -75,9 +76,6 @@ class Main : public QMainWindow, public ports::Main {
     void focus_screen();
 
     void show_about();
-    void tile();
-    void cascade();
-    void give_full_size();
 
   Q_SIGNALS:
     // The window has gone for good: the program ends.

@@ -6,6 +6,7 @@
 #include "reports/publishing.h"
 #include "screens/frame/Main.h"
 #include "screens/frame/ProjectSetup.h"
+#include "screens/frame/child_area.h"
 #include "transfer/backup.h"
 #include "transfer/csv_export.h"
 #include "transfer/merge.h"
@@ -81,14 +82,14 @@ void send_to_web(Main&) {
     Project_SendtoWeb();
 }
 void tile(Main& window) {
-    window.tile();
+    window.children().tile();
 }
 void cascade(Main& window) {
-    window.cascade();
+    window.children().cascade();
 }
 
 void give_full_size(Main& window) {
-    window.give_full_size();
+    window.children().give_full_size();
 }
 
 constexpr const char* none = nullptr;

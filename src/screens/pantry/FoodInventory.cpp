@@ -136,10 +136,10 @@ void FoodInventory::view(i16 item, bool select) {
     list_.mark_item(item);
 }
 
-void FoodInventory::show_no_item() {
+void FoodInventory::show_no_item(const QString& marked) {
     item_.show_nothing();
     list_.refresh();
-    list_.mark_item(0);
+    list_.mark(marked);
 }
 
 void FoodInventory::follow_changes() {
@@ -232,13 +232,11 @@ void FoodInventory::remove() {
     const i16 catagory = list_.marked_catagory();
     if (item == 0 && catagory == 0) return;
     const QString name = item_name(item);
-    const QString next = list_.key_beside_marked();
     const i16 gone = item != 0 ? delete_item(item) : delete_catagory(catagory);
     // The user may have closed the replacement screen.
     if (gone == 0 || item_.number() != 0) return;
     project_modified = i16_true;
-    show_no_item();
-    list_.mark(next);
+    show_no_item(list_.key_beside_marked());
     if (item != 0 && items[item].in_use == 0) say(tr("%1 is deleted.").arg(name));
 }
 

@@ -69,7 +69,7 @@ class FoodInventory : public Screen, public ports::FoodInventory, public Unsaved
 
     void serve(const Work& what_is_asked);
     void view(i16 item, bool select);
-    void show_no_item();
+    void show_no_item(const QString& marked = {});
     void chosen_in_the_list();
     void turn_to_chosen();
 

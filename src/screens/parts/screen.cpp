@@ -69,13 +69,20 @@ void Screen::on_command(QAbstractButton* button, Work command) {
             [this, command = std::move(command)] { run(command); });
 }
 
-// The screen itself stands at the end of the way round; by its focus proxy it would lead into the
-// middle.
+// The screen and its panes stand on the way round, too; by their focus proxies they would lead into
+// the middle.
 bool Screen::focusNextPrevChild(bool next) {
-    QWidget* proxy = focusProxy();
-    setFocusProxy(nullptr);
+    std::vector<std::pair<QWidget*, QWidget*>> proxies;
+    QList<QWidget*> parts = findChildren<QWidget*>();
+    parts.append(this);
+    for (QWidget* part : parts) {
+        const bool is_stop = part->focusPolicy() != Qt::NoFocus;
+        if (is_stop || !part->isAncestorOf(part->focusProxy())) continue;
+        proxies.emplace_back(part, part->focusProxy());
+        part->setFocusProxy(nullptr);
+    }
     const bool moved = QWidget::focusNextPrevChild(next);
-    setFocusProxy(proxy);
+    for (const auto& [part, proxy] : proxies) part->setFocusProxy(proxy);
     return moved;
 }
 

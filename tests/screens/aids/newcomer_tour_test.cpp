@@ -155,7 +155,7 @@ TEST_F(NewcomersTour, OpeningAProject) {
     EXPECT_NE(shown_title().find("home.tvk"), std::string::npos);
     tick("timer_1");
     EXPECT_EQ(panel(3), "Ready");
-    read_to("the last projects stand at the end");
+    read_to("projects that you have opened stand at the end");
     EXPECT_TRUE(action("mnuRecentFile_1").isVisible());
     press("Ctrl+W");
     press("Alt+F");

@@ -60,7 +60,6 @@ TEST_F(Welcome, BearsItsTexts) {
     EXPECT_EQ(plain(in_welcome<QPushButton>("cancel_button").text()), "Cancel");
     EXPECT_EQ(plain(in_welcome<QPushButton>("new_button").text()), "New Project");
     EXPECT_EQ(plain(in_welcome<QPushButton>("open_button").text()), "Open Project");
-    EXPECT_EQ(line(), "");
 }
 
 TEST_F(Welcome, ThePointerBringsAPicturesTextAndTakesItAway) {
@@ -100,7 +99,7 @@ TEST_F(Welcome, TellsOfTheFirstPictureFromTheStart) {
     open_welcome();
     EXPECT_EQ(focused(), "lesson_new");
     EXPECT_EQ(line(), pictures[0].text);
-    EXPECT_TRUE(welcome()->testAttribute(Qt::WA_KeyboardFocusChange));
+    EXPECT_TRUE(welcome()->testAttribute(Qt::WA_KeyboardFocusChange));  // its frame is seen
 }
 
 TEST_F(Welcome, WhoListensHearsNamesAndTexts) {

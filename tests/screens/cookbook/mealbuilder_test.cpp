@@ -168,7 +168,7 @@ TEST_F(RecipeManager, DeleteTakesTheRecipeAway) {
     EXPECT_TRUE(document().isReadOnly());
     EXPECT_EQ(label("recipe_heading"), "No recipe chosen");
     EXPECT_EQ(label("Label2"), "");
-    EXPECT_EQ(marked(), "2r");
+    EXPECT_EQ(marked(), "2c");
     EXPECT_EQ(project_modified, i16_true);
     EXPECT_EQ(hint(), "The recipe \"Pancakes\" is deleted.");
 }

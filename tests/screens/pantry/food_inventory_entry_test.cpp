@@ -363,7 +363,7 @@ TEST_F(ItemEntry, EveryControlHasAnAccessibleName) {
 
 TEST_F(ItemEntry, TabGoesRoundFromTheLastPartToTheFirst) {
     show_rice();
-    part("close_screen").setFocus();
+    part<QWidget>("close_screen").setFocus();
     press("Tab");
     EXPECT_EQ(focused(), "item_toolbar_1_1_button");
     press("Shift+Tab");

@@ -210,9 +210,10 @@ TEST_F(NamesInTheForm, AClickBesideTheOffersLeadsTheKeyboardToWhatWasClicked) {
     type("sack");
     QAbstractItemView& list = offers(box);
     ASSERT_TRUE(list.isVisible());
-    QWidget& clicked = part("storage_time");
-    QTest::mouseClick(&list, Qt::LeftButton, {},
+    QWidget& clicked = part<QWidget>("storage_time");
+    QTest::mousePress(&list, Qt::LeftButton, {},
                       list.mapFromGlobal(clicked.mapToGlobal(clicked.rect().center())));
+    QTest::mouseRelease(&clicked, Qt::LeftButton);
     EXPECT_FALSE(list.isVisible());
     EXPECT_EQ(focused(), "storage_time");
     EXPECT_EQ(text("qty_units"), "sack");
