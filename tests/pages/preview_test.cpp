@@ -34,11 +34,11 @@ class Preview : public PagesTest {
         const auto& calls = platform.calls.entries;
         return static_cast<std::size_t>(std::count(calls.begin(), calls.end(), call));
     }
-    void expect_shown(const char* page, i16 kind) const {
+    void expect_shown(const char* page, i16 kind, const char* words = "") const {
         EXPECT_TRUE(comes_up());
         EXPECT_EQ(html_path, in_program(page));
         EXPECT_EQ(preview_kind, kind);
-        EXPECT_EQ(said(), "");
+        EXPECT_EQ(said(), words);
     }
     // What was on show before stays so.
     void expect_nothing_shown(const std::string& words) const {
@@ -154,7 +154,7 @@ TEST_F(Preview, AReportUnderItsNameWithoutGridlines) {
 TEST_F(Preview, TheUsageOfAnItemBehindAnAudit) {
     plan_milk(14);
     preview_usage(milk);
-    expect_shown("reports/item.htm", 5);
+    expect_shown("reports/item.htm", 5, "1 planned day was audited.");
     EXPECT_EQ(page("reports/item.htm").substr(0, 13), "usage of Milk");
     EXPECT_EQ(days[1].audited, i16_true);
 }
