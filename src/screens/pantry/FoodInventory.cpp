@@ -215,6 +215,7 @@ bool FoodInventory::start_new_item() {
 void FoodInventory::accept() {
     if (!item_.is_any() || !item_.store(item_.is_new())) return;
     view(item_.number(), true);
+    say(tr("%1 is accepted.").arg(item_name(item_.number())));
 }
 
 void FoodInventory::new_category() {
@@ -227,10 +228,9 @@ void FoodInventory::new_category() {
 }
 
 void FoodInventory::remove() {
-    if (item_.is_new()) return;
     const i16 item = item_.number();
     const i16 catagory = list_.marked_catagory();
-    if (item == 0 && catagory == 0) return;
+    if (item_.is_new() || (item == 0 && catagory == 0)) return;
     const QString name = item_name(item);
     const i16 gone = item != 0 ? delete_item(item) : delete_catagory(catagory);
     // The user may have closed the replacement screen.

@@ -212,6 +212,7 @@ TEST_F(NewcomersTour, ItemsInYourKitchen) {
     type_into("stock_quantity", "4");
     press("Ctrl+Return");
     EXPECT_EQ(items[drink].stock_quantity, 4);
+    EXPECT_EQ(panel(1), "Oat Drink is accepted.");
     read_to("\"Delete\"");
     on("FoodInventory");
     part<QAction>("item_toolbar_1_4").trigger();
