@@ -147,10 +147,6 @@ void ChildArea::cascade() {
     area_.setActiveSubWindow(front);
 }
 
-void ChildArea::give_full_size() {
-    if (QMdiSubWindow* child = front()) child->showMaximized();
-}
-
 bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize || event->type() == QEvent::Move) {
         cover_area();

@@ -49,7 +49,6 @@ class ChildArea : public QObject {
 
     void tile();
     void cascade();
-    void give_full_size();  // to the screen in front
 
   Q_SIGNALS:
     void changed();  // another child window, or none, is in front

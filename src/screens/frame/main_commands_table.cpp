@@ -89,7 +89,7 @@ void cascade(Main& window) {
 }
 
 void give_full_size(Main& window) {
-    window.children().give_full_size();
+    window.registry().give_full_size();
 }
 
 constexpr const char* none = nullptr;
@@ -123,7 +123,7 @@ constexpr MainCommand commands[] = {
     {"mnu_vii", nullptr, "VII", Needs::project, none, "Work by ear: everything is spoken."},
     {"mnu_tile", tile, none, Needs::child_window, none, "Arrange the open screens side by side."},
     {"mnu_cascade", cascade, none, Needs::child_window, none, "Arrange the open screens one behind the other."},
-    {"mnu_full", give_full_size, none, Needs::child_window, none, "Let the screen in front fill the window again."},
+    {"mnu_full", give_full_size, none, Needs::child_window, none, "Let the screens fill the window again."},
     {"mnu_tvkhelp", help, none, Needs::nothing, none, "Show the help pages."},
     {"mnu_tut", nullptr, "Dialog", Needs::nothing, none, "Learn Tavernook in short lessons."},
     {"mnuhelp_search", help_search, none, Needs::nothing, none, "Search the help pages for a word."},

@@ -157,12 +157,24 @@ void ScreenRegistry::come_up(const QString& name) {
     }
 }
 
+void ScreenRegistry::give_full_size() {
+    QMdiSubWindow* front = area_.activeSubWindow();
+    for (QMdiSubWindow* child : area_.subWindowList(QMdiArea::ActivationHistoryOrder)) {
+        if (child == front || comes_over_the_area(*child)) child->showMaximized();
+    }
+    area_.setActiveSubWindow(front);
+}
+
+bool ScreenRegistry::comes_over_the_area(const QMdiSubWindow& child) const {
+    if (!child.isVisible() || child.widget() == nullptr) return false;
+    const auto kind = kinds_.find(child.widget()->objectName());
+    return kind != kinds_.end() && kind->second.opens == Opens::over_the_area;
+}
+
 const QMdiSubWindow* ScreenRegistry::front_one_over_the_area() const {
     const QMdiSubWindow* front = nullptr;
     for (const QMdiSubWindow* child : area_.subWindowList(QMdiArea::ActivationHistoryOrder)) {
-        if (!child->isVisible() || child->widget() == nullptr) continue;
-        const auto kind = kinds_.find(child->widget()->objectName());
-        if (kind != kinds_.end() && kind->second.opens == Opens::over_the_area) front = child;
+        if (comes_over_the_area(*child)) front = child;
     }
     return front;
 }

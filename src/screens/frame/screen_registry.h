@@ -55,6 +55,9 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
     // Asks where a print or a save would be lost; false as soon as the user wants to wait for one.
     [[nodiscard]] bool may_end_work();
 
+    // The one in front, and those that usually do, fill the area.
+    void give_full_size();
+
     void unload_all() override;
     void hide_all() override;
     void show_meal_plan() override { show(QStringLiteral("MealPlan")); }
@@ -72,6 +75,7 @@ class ScreenRegistry : public ports::Screens, public ScreenSwitch {
 
     void come_up(const QString& name);
     void show_over(QWidget& dialog, const QString& name);
+    bool comes_over_the_area(const QMdiSubWindow& child) const;
     const QMdiSubWindow* front_one_over_the_area() const;
 
     QMdiArea& area_;

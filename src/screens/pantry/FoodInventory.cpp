@@ -237,6 +237,7 @@ void FoodInventory::remove() {
     if (gone == 0 || item_.number() != 0) return;
     project_modified = i16_true;
     show_no_item(list_.key_beside_marked());
+    if (const i16 next = list_.marked_leaf()) view(next, true);
     if (item != 0 && items[item].in_use == 0) say(tr("%1 is deleted.").arg(name));
 }
 
@@ -319,13 +320,9 @@ void FoodInventory::keyPressEvent(QKeyEvent* event) {
     const bool escape = event->key() == Qt::Key_Escape;
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (escape && list_.show_all()) return;
-    if (escape && return_mode_ != returns_nowhere) {
-        ui_->close_screen->click();
-    } else if (event->key() == Qt::Key_Slash && plain) {
-        list_.find();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
+    if (escape && return_mode_ != returns_nowhere) return ui_->close_screen->click();
+    if (event->key() == Qt::Key_Slash && plain) return list_.find();
+    QWidget::keyPressEvent(event);
 }
 
 }  // namespace tavernook

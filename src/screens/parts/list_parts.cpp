@@ -101,10 +101,14 @@ void hint_when_empty(QAbstractItemView& view, const QString& hint) {
 void on_keys(QWidget& widget, const QKeySequence& keys, std::function<void()> command) {
     auto* shortcut = new QShortcut(keys, &widget);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(shortcut, &QShortcut::activated, &widget, [command = std::move(command)] {
+    const bool ends_entry = keys[0].keyboardModifiers() == Qt::ControlModifier &&
+                            (keys[0].key() == Qt::Key_Return || keys[0].key() == Qt::Key_Enter);
+    const auto serve = [command = std::move(command), ends_entry] {
         QWidget* list_of_a_box = QApplication::activePopupWidget();
-        list_of_a_box != nullptr ? static_cast<void>(list_of_a_box->close()) : command();
-    });
+        if (list_of_a_box != nullptr) list_of_a_box->close();
+        if (list_of_a_box == nullptr || ends_entry) command();
+    };
+    QObject::connect(shortcut, &QShortcut::activated, &widget, serve);
 }
 
 bool is_enter(const QKeyEvent& key) {

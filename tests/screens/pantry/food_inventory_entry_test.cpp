@@ -361,6 +361,25 @@ TEST_F(ItemEntry, EveryControlHasAnAccessibleName) {
     EXPECT_GT(controls, 60);
 }
 
+TEST_F(ItemEntry, AScreenThatIsClosedLeadsBackToWhereOneWas) {
+    show_rice();
+    part<QWidget>("lot_track").setFocus(Qt::TabFocusReason);
+    press("Space");
+    settle();
+    ASSERT_NE(window.registry().loaded("LotView"), nullptr);
+    press("Escape");
+    settle();
+    EXPECT_EQ(window.registry().loaded("LotView"), nullptr);
+    EXPECT_EQ(focused(), "lot_track");
+    part<QWidget>("item_category").setFocus(Qt::TabFocusReason);
+    part<QAction>("item_toolbar_1_7").trigger();
+    settle();
+    ASSERT_NE(window.registry().loaded("UnitsForm"), nullptr);
+    press("Escape");
+    settle();
+    EXPECT_EQ(focused(), "item_category");
+}
+
 TEST_F(ItemEntry, TabGoesRoundFromTheLastPartToTheFirst) {
     show_rice();
     part<QWidget>("close_screen").setFocus();

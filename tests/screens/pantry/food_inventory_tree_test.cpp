@@ -296,7 +296,6 @@ TEST_F(ItemTree, AnUnusedItemIsDeletedWithoutAQuestion) {
     EXPECT_EQ(project_modified, i16_true);
 }
 
-// The next row is marked, but not on show: a second Delete would be meant for what is on show.
 TEST_F(ItemTree, ThePlaceOfADeletedItemIsKept) {
     put_household();
     open();
@@ -305,7 +304,8 @@ TEST_F(ItemTree, ThePlaceOfADeletedItemIsKept) {
     press("Delete");
     settle();
     EXPECT_EQ(tree().currentIndex().data().toString(), "Milk");
-    EXPECT_EQ(screen().getindex(), 0);
+    EXPECT_EQ(screen().getindex(), 2);
+    EXPECT_EQ(panel(1), "Butter is deleted.");
     press("Up");
     EXPECT_EQ(tree().currentIndex().data().toString(), "Dairy");
     press("Down");

@@ -205,6 +205,15 @@ TEST_F(NamesInTheForm, AnOfferIsTakenByAClick) {
     EXPECT_EQ(text("store"), "Corner shop");
 }
 
+TEST_F(NamesInTheForm, CtrlEnterAcceptsTheItemThoughNamesAreOffered) {
+    QComboBox& box = into("qty_units");
+    type("ba");
+    ASSERT_TRUE(offers(box).isVisible());
+    press("Ctrl+Return");
+    EXPECT_FALSE(offers(box).isVisible());
+    EXPECT_EQ(std::string(units[items[1].qty_units].name.trimmed()), "ba");
+}
+
 TEST_F(NamesInTheForm, AClickBesideTheOffersLeadsTheKeyboardToWhatWasClicked) {
     QComboBox& box = into("qty_units");
     type("sack");
