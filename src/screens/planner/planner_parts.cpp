@@ -1,5 +1,6 @@
 #include "screens/planner/planner_parts.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QTreeView>
 #include <algorithm>
