@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "basics/code_page.h"
+#include "basics/utf8_mark.h"
 #include "core/program_folders.h"
 #include "core/shipped_file.h"
 #include "core/trap.h"
@@ -45,7 +46,6 @@ std::string read_lesson(i16 section) {
 
 // In the code page. Editors that write UTF-8 may say so in front.
 std::string in_code_page(const std::string& bytes) {
-    constexpr std::string_view utf8_mark = "\xef\xbb\xbf";
     if (!bytes.starts_with(utf8_mark)) return bytes;
     return text_from_utf8(std::string_view(bytes).substr(utf8_mark.size()));
 }

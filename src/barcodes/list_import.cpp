@@ -8,6 +8,7 @@
 #include "basics/code_page.h"
 #include "basics/text.h"
 #include "basics/typed_numbers.h"
+#include "basics/utf8_mark.h"
 #include "core/program_folders.h"
 #include "core/program_state.h"
 #include "platform/platform.h"
@@ -52,8 +53,6 @@ class Lines {
     }
 
   private:
-    static constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
-
     std::string_view block() const { return {block_.data(), filled_}; }
 
     void fill() {

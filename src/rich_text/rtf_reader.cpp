@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "basics/fault.h"
+#include "basics/utf8_mark.h"
 #include "rich_text/rtf_bounds.h"
 #include "rich_text/rtf_lists.h"
 #include "rich_text/rtf_parser.h"
@@ -176,7 +177,7 @@ class Filler {
 }  // namespace
 
 Content parse(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    if (bytes.starts_with(utf8_mark)) bytes.remove_prefix(utf8_mark.size());
     bytes.remove_prefix(std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size()));
     if (!bytes.starts_with("{\\rtf")) throw Fault(fault_number::type_mismatch);
     if (bytes.size() > largest_input) throw Fault(fault_number::bad_record_number);

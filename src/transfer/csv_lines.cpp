@@ -7,12 +7,12 @@
 #include "basics/code_page.h"
 #include "basics/number_text.h"
 #include "basics/text.h"
+#include "basics/utf8_mark.h"
 
 namespace tavernook {
 
 namespace {
 
-constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 constexpr std::string_view cr_lf = "\r\n";
 
 // What a text of an item can hold.

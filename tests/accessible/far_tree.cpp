@@ -25,10 +25,8 @@ constexpr std::size_t most_parts_of_one = 240;
 
 using Reference = std::pair<QString, QString>;  // a program and a part of it
 
-std::vector<Reference> references(const QVariant& value) {
+std::vector<Reference> read_references(const QDBusArgument& list) {
     std::vector<Reference> found;
-    if (!value.canConvert<QDBusArgument>()) return found;
-    const auto list = value.value<QDBusArgument>();
     list.beginArray();
     while (!list.atEnd()) {
         QString program;
@@ -40,6 +38,11 @@ std::vector<Reference> references(const QVariant& value) {
     }
     list.endArray();
     return found;
+}
+
+std::vector<Reference> references(const QVariant& value) {
+    if (!value.canConvert<QDBusArgument>()) return {};
+    return read_references(value.value<QDBusArgument>());
 }
 
 std::uint64_t bits(const QVariant& value) {
@@ -59,17 +62,7 @@ QString labelling_part(const QVariant& value) {
         uint kind = 0;
         list.beginStructure();
         list >> kind;
-        std::vector<Reference> targets;
-        list.beginArray();
-        while (!list.atEnd()) {
-            QString program;
-            QDBusObjectPath path;
-            list.beginStructure();
-            list >> program >> path;
-            list.endStructure();
-            targets.emplace_back(program, path.path());
-        }
-        list.endArray();
+        const std::vector<Reference> targets = read_references(list);
         list.endStructure();
         constexpr uint labelled_by = 2;
         if (kind == labelled_by && !targets.empty()) found = targets.front().second;
